@@ -1,0 +1,44 @@
+# Language, warnings, hardening and the helper functions that every CMakeLists.txt of ours uses.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+if(NOT CMAKE_BUILD_TYPE)
+    set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+endif()
+# -O2 and nothing that relaxes IEEE arithmetic: the NaN tests and the tiny denormal guards must survive.
+set(CMAKE_CXX_FLAGS_RELEASE "-O2")
+set(CMAKE_CXX_FLAGS_DEBUG "-O0 -g")
+
+add_library(pedl_options INTERFACE)
+target_include_directories(pedl_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(pedl_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -ffp-contract=off
+    # The same sources give the same bytes wherever they are built.
+    -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build
+    -fstack-protector-strong -fstack-clash-protection -fcf-protection -ffunction-sections
+    -fdata-sections)
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+    target_compile_options(pedl_options INTERFACE -D_FORTIFY_SOURCE=2)
+endif()
+target_link_options(pedl_options INTERFACE -Wl,-z,relro,-z,now -Wl,--gc-sections)
+
+# pedl_library(NAME SOURCES ... LIBS ...): a static library of one folder.
+function(pedl_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_link_libraries(${name} PUBLIC pedl_options ${ARG_LIBS})
+endfunction()
+
+# pedl_test(NAME SOURCES ... LIBS ...): one GoogleTest program, its cases listed by CTest.
+function(pedl_test name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE pedl_options ${ARG_LIBS} GTest::gtest_main)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+endfunction()
