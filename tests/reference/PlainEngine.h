@@ -1,0 +1,80 @@
+#pragma once
+
+#include "engine/MeterSnapshot.h"
+#include "tests/reference/PlainEnvelope.h"
+#include "tests/reference/PlainFilter.h"
+#include "tests/reference/PlainLfo.h"
+#include "tests/reference/PlainOutputStages.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace pedl::reference {
+
+/// The signal path: one frame after another through the whole chain.
+class PlainEngine {
+public:
+    explicit PlainEngine(std::uint32_t seed);
+
+    /// A parameter that the sound depends on; the others and foreign indices are ignored. The dry
+    /// and wet levels are those in force, the LFO's rate the one that tempo sync has left, and
+    /// after the release the caller applies the attack again.
+    void setParameter(int index, float normalised);
+    void setPhaseSync(bool isLocked, double phaseCycles);
+
+    void setSampleRate(double sampleRateHz);
+    void reset();
+    void reinitialise(std::uint32_t seed);
+
+    void process(const double* const* inputs, double* const* outputs, int frames);
+    MeterSnapshot readMeters();
+
+private:
+    struct Modulation {
+        Stereo cutoffHz{1000.0, 1000.0};
+        Stereo lfo{0.0, 0.0};
+        double envelopeGain = 1.0;
+    };
+
+    void updateLevels();
+    void startBlock();
+    void tick();
+    Stereo processFrame(const Stereo& raw);
+    Stereo cutoffs(const Stereo& rawLfo, const EnvelopeFrame& envelope);
+    Stereo filtered(Stereo gained, const Stereo& cutoffHz);
+    [[nodiscard]] Stereo gainModulated(Stereo frame, double lfoDepth, const Modulation& used) const;
+    Stereo routed(Stereo wet, const Stereo& dry);
+    void limit(Stereo& frame);
+    void saturate(Stereo& frame);
+    void measureWet(const Stereo& frame);
+
+    PlainEnvelope envelope_;
+    PlainLfo lfo_;
+    PlainFilter filter_;
+    PlainLimiter limiter_;
+    PlainSaturator saturator_;
+    std::vector<double> cutoffTable_;
+
+    double sampleRateHz_ = 44100.0;
+    double slow_ = 0.0, fast_ = 0.0, perSample_ = 0.0;
+    std::uint32_t tickCounter_ = 0;
+    double tickOffset_ = 1e-36;
+
+    Glide process_, inputGain_{1.0, 1.0}, dry_, wet_;
+    Glide filterSwitch_, limiterSwitch_, saturatorSwitch_;
+    Glide cutoffBase_, lfoToGain_, envToCutoff_;
+    Stereo cutoffStages_[3] = {};
+    double dryLevel_ = 1.0, wetLevel_ = 1.0;
+    int drySwitch_ = 0, wetSwitch_ = 1, routing_ = 0;
+    int modulation_ = 1, lfoToCutoffSwitch_ = 0, lfoToGainSwitch_ = 0, envToCutoffSwitch_ = 0;
+    double lfoToCutoffDepth_ = 0.0, lfoToGainAmount_ = 0.0, envToCutoffAmount_ = 0.0;
+
+    bool isFrozen_ = false;
+    Modulation used_; // what the last frame without freeze left
+    bool isPhaseLocked_ = false;
+    double syncPhase_ = 0.0;
+
+    double envelopeMeter_ = 0.0, dryPeak_ = 0.0, wetPeak_ = 0.0, limiterMeter_ = 1.0;
+};
+
+} // namespace pedl::reference
