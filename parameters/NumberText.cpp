@@ -1,0 +1,94 @@
+#include "parameters/NumberText.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace pedl {
+
+namespace {
+
+/// A shade less than one half, so that 1.5 counts as half up although its product with a power of
+/// ten came out slightly low.
+constexpr float kRoundUpFraction = 0.49999F;
+
+/// Beyond these the integer part and its sign would not fit into eight characters.
+constexpr float kLargestPositive = 99999999.0F;
+constexpr float kLargestNegative = 9999999.0F;
+
+/// The factor whose level counts as silence: -120 dB.
+constexpr double kSilence = 0.000001;
+
+/// Levels closer to 0 dB than this are shown as 0, so that no "-0.0" appears.
+constexpr double kUnityBandDb = 0.1;
+
+constexpr int powerOfTen(int exponent) {
+    int power = 1;
+    for (int i = 0; i < exponent; ++i)
+        power *= 10;
+    return power;
+}
+
+/// Moves `value` one unit of its last shown digit away from zero when the digits behind that one
+/// are a half or more; cutting the digits then gives the rounded number.
+float preRounded(float value, int decimals) {
+    const auto scale = static_cast<float>(powerOfTen(decimals));
+    const float scaled = value * scale;
+    const float fraction = scaled - std::trunc(scaled);
+    if (fraction >= kRoundUpFraction)
+        return (scaled + 1.0F) / scale;
+    if (fraction <= -kRoundUpFraction)
+        return (scaled - 1.0F) / scale;
+    return value;
+}
+
+DisplayText decibelTextAbove(double factor, double threshold) {
+    if (!(factor > threshold))
+        return "-oo";
+    const double levelDb = 20.0 * std::log10(factor);
+    return oneDecimalText(std::abs(levelDb) < kUnityBandDb ? 0.0 : levelDb);
+}
+
+} // namespace
+
+DisplayText numberText(float value, int decimals) {
+    const float rounded = preRounded(value, decimals);
+    const bool isNegative = rounded < 0.0F;
+    const float magnitude = std::abs(rounded);
+    if (!(magnitude <= (isNegative ? kLargestNegative : kLargestPositive)))
+        return {};
+    DisplayText text;
+    if (isNegative)
+        text.append('-');
+    const double whole = std::trunc(static_cast<double>(magnitude));
+    text.appendInteger(static_cast<int>(whole));
+    if (decimals > 0)
+        text.append('.');
+    // Exact: a float's fraction times ten fits a double with room to spare.
+    double fraction = static_cast<double>(magnitude) - whole;
+    for (int i = 0; i < decimals; ++i) {
+        const double digit = std::trunc(fraction * 10.0);
+        text.append(static_cast<char>('0' + static_cast<int>(digit)));
+        fraction = fraction * 10.0 - digit;
+    }
+    return text;
+}
+
+DisplayText oneDecimalText(double value) {
+    std::array<char, 32> digits;
+    const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                      std::chars_format::fixed, 1);
+    if (result.ec != std::errc())
+        return {};
+    return std::string_view(digits.data(), static_cast<std::size_t>(result.ptr - digits.data()));
+}
+
+DisplayText decibelText(double factor) {
+    return decibelTextAbove(factor, kSilence);
+}
+
+DisplayText decibelText(double factor, double floorDb) {
+    return decibelTextAbove(factor, std::pow(10.0, floorDb / 20.0));
+}
+
+} // namespace pedl

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <cstdint>
+
+namespace pedl {
+
+// One numbering space addresses everything that has a value: the parameters, the MIDI links that
+// belong to them, and the tags of the view's controls. A control's tag is the index of the
+// parameter that it shows.
+
+/// The parameters in the order that hosts, stored programs and MIDI links count them.
+enum ParameterIndex : std::int32_t {
+    kPower,
+    kGain,
+    kFreezMode,
+    kFreez,
+    kLFOType,
+    kLFOFilter,
+    kLFOWidth,
+    kLFOSyncMode,
+    kLFOFreq,
+    kLFOSynchroRate,
+    kTempoSetup,
+    kLFORndmizationType,
+    kLFORndmization,
+    kLFOSpread,
+    kRateLFOByEnvDefeat,
+    kRateLFOByEnv,
+    kDepthLFOByEnvDefeat,
+    kDepthLFOByEnv,
+    kFilterType,
+    kFilterPole,
+    kFilterReso,
+    kFilterCutoffFreq,
+    kFilterFreqMin,
+    kFilterFreqMax,
+    kParam2,
+    kFilterSaturation,
+    kEnvThresholdMode,
+    kEnvThreshold,
+    kEnvAttack,
+    kEnvAttackExtension,
+    kEnvRelease,
+    kEnvRange,
+    kFilterFreqByLFODefeat,
+    kFilterFreqByLFO,
+    kGainByLFODefeat,
+    kGainByLFO,
+    kFilterFreqByENVDefeat,
+    kFilterFreqByENV,
+    kGainByENVDefeat,
+    kGainByENV,
+    kFreqFollow,
+    kLimSoftSatRouting,
+    kLimiterDefeat,
+    kLimiterTreshold,
+    kSoftSatDefeat,
+    kSoftSatTreshold,
+    kDryDefeat,
+    kDry,
+    kDryGlobal,
+    kWetDefeat,
+    kWet,
+    kWetGlobal,
+    kDryWetGlobal,
+    kModulationOnOff,
+    kParam3,
+    kFreqNoteScaleSwitch,
+    kNumParams
+};
+static_assert(kNumParams == 56, "hosts, stored programs and files count on 56");
+
+/// Index 56 + p addresses the MIDI link of parameter p.
+constexpr std::int32_t kFirstMidiLink = kNumParams;
+constexpr std::int32_t kLastMidiLink = 2 * kNumParams - 1;
+
+/// Tags beyond the parameters: meters and lamps, relative controls, and values that the effect
+/// holds for its view.
+enum ControlTag : std::int32_t {
+    kEfLEDMeter = 2 * kNumParams,
+    kLfoLEDMeter_L,
+    kLfoLEDMeter_R,
+    kLimiterLEDMeter,
+    kSoftSatLED,
+    kWetLEDMeter,
+    kDryLEDMeter,
+    kFreezStatusLED,
+    kPowerLED,
+    kFilterFreqSlider,
+    kLFOEncoder,
+    kCutoffEncoder,
+    kDisplayParameterMode,
+    kDisplayMode_Cutoff,
+    kDisplayMode_LFORate,
+    kDryWetMix,
+    kInverseInputLink,
+    kModulationLockLabel,
+    kAbout,
+    kDryWetAltVol,
+    kLFOFreqOverflow,
+    kSynchroTempoFromHost,
+    kParam4,
+    kParam5,
+    kParam6,
+    kAllParams
+};
+static_assert(kEfLEDMeter == 112 && kAllParams == 137);
+
+/// Addresses the MIDI channel. It lies among the preset bar's own tags, which begin at kAllParams.
+constexpr std::int32_t kMidiChannel = 149;
+
+[[nodiscard]] constexpr bool isParameter(std::int32_t index) noexcept {
+    return index >= 0 && index < kNumParams;
+}
+
+} // namespace pedl

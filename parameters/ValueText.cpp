@@ -1,0 +1,137 @@
+#include "parameters/ValueText.h"
+
+#include "parameters/NoteDivision.h"
+#include "parameters/NumberText.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace pedl {
+
+namespace {
+
+// The formulas repeat what the engine makes of a value, in double precision from the float that the
+// host holds; the last step to a number text is in single precision.
+
+int truncated(double value) {
+    return static_cast<int>(value);
+}
+
+DisplayText numberOf(double value, int decimals) {
+    return numberText(static_cast<float>(value), decimals);
+}
+
+/// Off below one half, on from there.
+DisplayText twoWay(double v, const char* off, const char* on) {
+    return truncated(v + 0.5) == 0 ? off : on;
+}
+
+/// Three positions that change at one quarter and three quarters.
+DisplayText threeWay(double v, const std::array<const char*, 3>& texts) {
+    return texts[static_cast<std::size_t>(truncated(2.0 * v + 0.5))];
+}
+
+/// The wave is cut, not rounded, to its position: the random wave is reached at 1 alone.
+DisplayText waveText(double v) {
+    constexpr std::array<const char*, 7> kWaves{"sin", "tri",   "sawUp", "sawDown",
+                                                "sqr", "spike", "rnd"};
+    return kWaves[static_cast<std::size_t>(truncated(6.0 * v))];
+}
+
+/// Values just below 0 dB read "0.0", not "-0.0". Single precision throughout.
+DisplayText gainText(float v) {
+    const float gainDb = 48.0F * v - 24.0F;
+    return numberText(gainDb > -0.1F ? std::max(0.0F, gainDb) : gainDb, 1);
+}
+
+DisplayText ratioText(const char* left, int first, const char* right, int second) {
+    DisplayText text(left);
+    text.appendInteger(first);
+    text.append(':');
+    text.append(right);
+    text.appendInteger(second);
+    return text;
+}
+
+DisplayText widthText(double v) {
+    const int offset = truncated(50.0 * v - 25.0);
+    return ratioText("", 50 - offset, "", 50 + offset);
+}
+
+DisplayText morphText(double v) {
+    if (v < 0.05)
+        return "LPF";
+    if (v > 0.95)
+        return "HPF";
+    if (v > 0.475 && v < 0.525)
+        return "BPF";
+    if (v < 0.5) {
+        const int tenths = truncated(20.0 * v);
+        return ratioText("L", 10 - tenths, "B", tenths);
+    }
+    const int tenths = truncated((v - 0.475) * 20.0);
+    return ratioText("B", 10 - tenths, "H", tenths);
+}
+
+DisplayText thresholdText(double v) {
+    constexpr double kRangeSquared = 63096.0; // 48 dB, as the square of a factor
+    constexpr double kFloorDb = -96.0;
+    return decibelText(std::sqrt(1.0 / std::pow(kRangeSquared, 1.0 - v)), kFloorDb);
+}
+
+DisplayText attackText(double v) {
+    const double attackMs = std::pow(2000.0, std::pow(v, 0.722));
+    return numberOf(attackMs, attackMs < 10.0 ? 1 : 0);
+}
+
+DisplayText extensionText(double v) {
+    const double factor = v <= 0.5 ? 2.0 * v : 6.0 * v - 2.0;
+    if (factor < 0.005)
+        return "off";
+    DisplayText text("x");
+    text.append(oneDecimalText(factor).view());
+    return text;
+}
+
+} // namespace
+
+DisplayText valueText(TextRule rule, float normalised) {
+    const auto v = static_cast<double>(normalised);
+    // clang-format off
+    switch (rule) {
+    case TextRule::Empty: return {};
+    case TextRule::Process: return twoWay(v, "process", "bypass");
+    case TextRule::OnOff: return twoWay(v, "off", "on");
+    case TextRule::FreezeMode: return threeWay(v, {"monoOn", "monoOff", "bistable"});
+    case TextRule::SyncMode: return threeWay(v, {"off", "BPM", "hostBPM"});
+    case TextRule::Slope: return threeWay(v, {"off", "12 dB", "24 dB"});
+    case TextRule::ThresholdMode: return threeWay(v, {"abovethrs", "belowthrs", "around"});
+    case TextRule::Routing: return threeWay(v, {"pre WET", "post WET", "post MIX"});
+    case TextRule::Wave: return waveText(v);
+    case TextRule::RandomType: return twoWay(v, "fastRND", "slowRND");
+    case TextRule::LevelSource: return twoWay(v, "preset", "bank");
+    case TextRule::Modulation: return twoWay(v, "Mod on", "Mod off");
+    case TextRule::NoteScale: return twoWay(v, "freq", "note");
+    case TextRule::ShownQuantity: return v == 0.0 ? "Freq" : "LFO";
+    case TextRule::GainDb: return gainText(normalised);
+    case TextRule::Percent: return numberOf(100.0 * v, 0);
+    case TextRule::BipolarPercent: return numberOf(200.0 * v - 100.0, 0);
+    case TextRule::SpreadDegrees: return numberOf(360.0 * v - 180.0, 0);
+    case TextRule::WidthRatio: return widthText(v);
+    case TextRule::LfoRateHz: return numberOf(14.99 * v + 0.01, 2);
+    case TextRule::TempoBpm: return numberOf(585.0 * v + 15.0, 1);
+    case TextRule::Note: return noteDivisionText(kNoteDivisions[noteDivisionIndex(normalised)]);
+    case TextRule::FilterMorph: return morphText(v);
+    case TextRule::CutoffHz: return numberOf(20.0 * std::pow(1000.0, v), 0);
+    case TextRule::ThresholdDb: return thresholdText(v);
+    case TextRule::AttackMs: return attackText(v);
+    case TextRule::ExtensionFactor: return extensionText(v);
+    case TextRule::ReleaseMs: return numberOf(3.0 * std::pow(1000.0, std::pow(v, 0.585)), 0);
+    case TextRule::LevelDb: return decibelText(4.0 * v * v);
+    }
+    // clang-format on
+    return {};
+}
+
+} // namespace pedl
