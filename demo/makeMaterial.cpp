@@ -1,0 +1,24 @@
+// pedl-demo-material FOLDER: writes riff.wav, drums.wav and pad.wav there.
+
+#include "demo/Material.h"
+
+#include <exception>
+#include <filesystem>
+#include <iostream>
+
+int main(int argumentCount, char** arguments) try {
+    using namespace pedl::demo;
+    if (argumentCount != 2) {
+        std::cerr << "usage: pedl-demo-material FOLDER\n";
+        return 2;
+    }
+    const std::filesystem::path folder = arguments[1];
+    std::filesystem::create_directories(folder);
+    writeSound(folder / "riff.wav", pluckedRiff());
+    writeSound(folder / "drums.wav", drumPattern());
+    writeSound(folder / "pad.wav", pad());
+    return 0;
+} catch (const std::exception& error) {
+    std::cerr << "pedl-demo-material: " << error.what() << '\n';
+    return 1;
+}
