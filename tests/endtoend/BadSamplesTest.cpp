@@ -1,0 +1,124 @@
+// Whatever a host or the effect before ours delivers, the sound comes back.
+
+#include "tests/support/PluginLibrary.h"
+#include "tests/support/StereoBuffer.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <utility>
+#include <vector>
+
+namespace pedl::test {
+
+namespace {
+
+constexpr double kSampleRateHz = 48000.0;
+constexpr std::size_t kSecondFrames = 48000;
+constexpr VstInt32 kBlockFrames = 480;
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+struct Settings {
+    const char* name;
+    std::vector<std::pair<VstInt32, float>>
+        values; // by parameter index; else as the instance comes
+};
+
+// No random wave among them: two instances would differ in it by right.
+const std::vector<Settings> kSettings = {
+    {"as it comes", {}},
+    {"everything on, resonant, saturated, limiter and saturator behind the mix",
+     {{4, 0.2F},  {6, 0.3F},  {15, 0.8F}, {14, 1.0F}, {16, 1.0F}, {17, 0.7F}, {18, 0.3F},
+      {19, 1.0F}, {20, 0.9F}, {25, 0.9F}, {28, 0.3F}, {30, 0.3F}, {32, 1.0F}, {33, 0.7F},
+      {34, 1.0F}, {35, 0.8F}, {36, 1.0F}, {37, 0.9F}, {38, 1.0F}, {39, 0.7F}, {41, 1.0F},
+      {42, 1.0F}, {43, 0.7F}, {44, 1.0F}, {45, 0.7F}, {46, 1.0F}, {49, 1.0F}}},
+    {"band-pass, envelope around its threshold, limiter off",
+     {{18, 0.5F}, {19, 1.0F}, {20, 0.6F}, {26, 1.0F}, {37, 0.1F}, {42, 0.0F}, {44, 0.0F}}},
+    {"filter off, no limiter", {{19, 0.0F}, {42, 0.0F}, {44, 0.0F}, {36, 0.0F}}},
+};
+
+void processFrom(const RunningEffect& effect, StereoBuffer<float>& buffer, std::size_t frame) {
+    auto pointers = buffer.from(frame);
+    effect->processReplacing(effect.get(), pointers.data(), pointers.data(), kBlockFrames);
+}
+
+void processFrom(const RunningEffect& effect, StereoBuffer<double>& buffer, std::size_t frame) {
+    auto pointers = buffer.from(frame);
+    effect->processDoubleReplacing(effect.get(), pointers.data(), pointers.data(), kBlockFrames);
+}
+
+class BadSamples : public testing::Test {
+protected:
+    /// Three seconds of noise through a new instance; `sample` stands on both channels alone,
+    /// together and in a row, all within the first tenth of a second.
+    template <typename Sample>
+    StereoBuffer<Sample> outputWith(double sample, const Settings& settings) {
+        const RunningEffect effect(library, kSampleRateHz, kBlockFrames);
+        for (const auto& [index, value] : settings.values)
+            effect->setParameter(effect.get(), index, value);
+        auto buffer = noise<Sample>(3 * kSecondFrames, 7);
+        const auto bad = static_cast<Sample>(sample);
+        buffer.left[1] = buffer.right[200] = bad;
+        for (std::size_t frame = 1000; frame < 1130; ++frame) // longer than a control tick
+            buffer.left[frame] = buffer.right[frame] = bad;
+        for (std::size_t frame = 0; frame < buffer.left.size(); frame += kBlockFrames)
+            processFrom(effect, buffer, frame);
+        return buffer;
+    }
+
+    template <typename Sample> void expectTheSameAsZeros(double sample) {
+        for (const Settings& settings : kSettings) {
+            SCOPED_TRACE(testing::Message() << sample << ", " << settings.name);
+            EXPECT_TRUE(outputWith<Sample>(sample, settings) == outputWith<Sample>(0.0, settings));
+        }
+    }
+
+    /// Largest difference of two outputs in their last second, full scale at 1.
+    template <typename Sample>
+    static double lastSecondDifference(const StereoBuffer<Sample>& a,
+                                       const StereoBuffer<Sample>& b) {
+        double largest = 0.0;
+        for (std::size_t frame = 2 * kSecondFrames; frame < 3 * kSecondFrames; ++frame)
+            largest = std::max({largest, std::abs(double{a.left[frame]} - double{b.left[frame]}),
+                                std::abs(double{a.right[frame]} - double{b.right[frame]})});
+        return largest;
+    }
+
+    template <typename Sample> void expectRecoveryFrom(double sample, double tolerance) {
+        for (const Settings& settings : kSettings) {
+            SCOPED_TRACE(testing::Message() << sample << ", " << settings.name);
+            const auto output = outputWith<Sample>(sample, settings);
+            EXPECT_TRUE(output.isFinite());
+            EXPECT_LE(lastSecondDifference(output, outputWith<Sample>(0.0, settings)), tolerance);
+        }
+    }
+
+    PluginLibrary library{PEDL_PLUGIN_PATH};
+    RecordingHost host;
+};
+
+} // namespace
+
+TEST_F(BadSamples, NumbersThatAreNoneCountAsSilence) {
+    for (const double sample : {kNaN, kInfinity, -kInfinity}) {
+        expectTheSameAsZeros<float>(sample);
+        expectTheSameAsZeros<double>(sample);
+    }
+}
+
+TEST_F(BadSamples, DenormalNumbersCountAsSilence) {
+    constexpr double kInaudible = 1e-12;
+    expectRecoveryFrom<float>(1e-42, kInaudible);
+    expectRecoveryFrom<double>(1e-310, kInaudible);
+}
+
+TEST_F(BadSamples, TheSoundComesBackAfterSamplesFarBeyondFullScale) {
+    constexpr double kMinus80Db = 1e-4;
+    for (const double sample : {1e30, -1e30}) {
+        expectRecoveryFrom<float>(sample, kMinus80Db);
+        expectRecoveryFrom<double>(sample, kMinus80Db);
+    }
+}
+
+} // namespace pedl::test

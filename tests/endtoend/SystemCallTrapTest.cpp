@@ -1,0 +1,115 @@
+// The second net under the audio thread's calls: a seccomp filter on that thread which lets no
+// system call pass. Each walk runs in a child process, because a thread under such a filter cannot
+// even end: it spins until the main thread leaves the process.
+//
+// Of its nature it sees what reaches the kernel. Memory that the allocator has at hand and a lock
+// that nobody holds stay in user space: those are the first net's.
+
+#include "tests/endtoend/AudioThreadWalk.h"
+#include "tests/endtoend/MisbehavingPlugin.h"
+
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <memory>
+#include <seccomp.h>
+#include <signal.h>
+#include <thread>
+#include <unistd.h>
+
+namespace pedl::test {
+
+namespace {
+
+constexpr int kNone = -1;
+constexpr int kFilterRefused = -2;
+
+std::atomic<int> trappedCall{kNone};
+std::atomic<bool> isWalkDone{false};
+
+[[noreturn]] void spin() {
+    for (;;)
+        __builtin_ia32_pause();
+}
+
+// Never returns: the return from a signal handler is itself a system call.
+void onTrap(int, siginfo_t* info, void*) {
+    trappedCall = info->si_syscall;
+    spin();
+}
+
+bool refuseEverySystemCall() {
+    scmp_filter_ctx filter = seccomp_init(SCMP_ACT_TRAP);
+    return filter && seccomp_load(filter) == 0; // never released: that might enter the kernel
+}
+
+void audioThread(AudioThreadWalk& walk) {
+    if (refuseEverySystemCall())
+        walk.run();
+    else
+        trappedCall = kFilterRefused;
+    isWalkDone = true;
+    spin();
+}
+
+[[noreturn]] void leave(const AudioThreadWalk& walk) {
+    const int number = trappedCall;
+    if (number == kNone && isWalkDone)
+        _exit(EXIT_SUCCESS);
+    if (number == kFilterRefused)
+        std::fprintf(stderr, "the kernel takes no filter\n");
+    else if (number == kNone)
+        std::fprintf(stderr, "not done in time, during %s (%d)\n", walk.call(), walk.detail());
+    else
+        std::fprintf(stderr, "system call `%s` during %s (%d)\n",
+                     seccomp_syscall_resolve_num_arch(SCMP_ARCH_NATIVE, number), walk.call(),
+                     walk.detail());
+    _exit(EXIT_FAILURE);
+}
+
+/// Walks in a thread without system calls and leaves the process: 0 if none was tried.
+[[noreturn]] void walkWithoutSystemCalls(const PluginLibrary& library, Misdeed misdeed) {
+    using namespace std::chrono_literals;
+    struct sigaction action {};
+    action.sa_sigaction = onTrap;
+    action.sa_flags = SA_SIGINFO;
+    sigaction(SIGSYS, &action, nullptr);
+
+    RecordingHost host;
+    const RunningEffect effect(library, 48000.0F, 1024);
+    dispatch(effect.get(), effVendorSpecific, 0, static_cast<VstIntPtr>(misdeed));
+    AudioThreadWalk walk(effect.get(), host);
+
+    std::thread(audioThread, std::ref(walk)).detach();
+    for (auto waited = 0ms; waited < 120s && !isWalkDone && trappedCall == kNone; waited += 5ms)
+        std::this_thread::sleep_for(5ms);
+    leave(walk);
+}
+
+} // namespace
+
+TEST(SystemCallTrap, CatchesNothingInTheAudioThreadsCalls) {
+    const PluginLibrary library(PEDL_PLUGIN_PATH);
+    ASSERT_TRUE(library.isOpen());
+    EXPECT_EXIT(walkWithoutSystemCalls(library, Misdeed::None), testing::ExitedWithCode(0), "");
+}
+
+TEST(SystemCallTrap, CatchesAPluginThatSleepsMapsMemoryOrWrites) {
+    const PluginLibrary library(PEDL_MISBEHAVING_PLUGIN_PATH);
+    ASSERT_TRUE(library.isOpen());
+    struct Row {
+        Misdeed misdeed;
+        const char* finding;
+    };
+    for (const Row row : {Row{Misdeed::Sleep, "system call `clock_nanosleep`"},
+                          Row{Misdeed::MapMemory, "system call `mmap`"},
+                          Row{Misdeed::Write, "system call `write`"}})
+        EXPECT_EXIT(walkWithoutSystemCalls(library, row.misdeed), testing::ExitedWithCode(1),
+                    row.finding);
+
+    EXPECT_EXIT(walkWithoutSystemCalls(library, Misdeed::None), testing::ExitedWithCode(0), "");
+}
+
+} // namespace pedl::test
