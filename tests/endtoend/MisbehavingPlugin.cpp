@@ -52,7 +52,7 @@ void misbehave() {
 }
 
 VstIntPtr dispatcher(AEffect* effect, VstInt32 opcode, VstInt32, VstIntPtr value, void*, float) {
-    if (opcode == effVendorSpecific) {
+    if (opcode == effSetProgram) {
         misdeed = static_cast<Misdeed>(value);
         memory = misdeed == Misdeed::Free ? std::malloc(1) : nullptr;
     }

@@ -31,7 +31,7 @@ void tellTheCall() {
 void walkSupervised(const PluginLibrary& library, Misdeed misdeed) {
     RecordingHost host;
     const RunningEffect effect(library, 48000.0F, 1024);
-    dispatch(effect.get(), effVendorSpecific, 0, static_cast<VstIntPtr>(misdeed));
+    dispatch(effect.get(), effSetProgram, 0, static_cast<VstIntPtr>(misdeed));
     AudioThreadWalk walk(effect.get(), host);
 
     walkUnderWay = &walk;

@@ -79,7 +79,7 @@ void audioThread(AudioThreadWalk& walk) {
 
     RecordingHost host;
     const RunningEffect effect(library, 48000.0F, 1024);
-    dispatch(effect.get(), effVendorSpecific, 0, static_cast<VstIntPtr>(misdeed));
+    dispatch(effect.get(), effSetProgram, 0, static_cast<VstIntPtr>(misdeed));
     AudioThreadWalk walk(effect.get(), host);
 
     std::thread(audioThread, std::ref(walk)).detach();
