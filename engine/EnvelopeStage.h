@@ -1,0 +1,131 @@
+#pragma once
+
+#include "engine/EnvelopeFollower.h"
+#include "engine/VectorMath.h"
+
+namespace pedl {
+
+/// Inner loops of the envelope follower.
+template <typename Lanes> struct EnvelopeStage {
+    using V = typename Lanes::Wide;
+    using State = EnvelopeFollower::State;
+    using Controls = EnvelopeFollower::Controls;
+    using Mode = EnvelopeFollower::ThresholdMode;
+    static constexpr int kLanes = static_cast<int>(V::size);
+
+    static void run(State& state, const Controls& controls, const StereoStretch& gained, int frames,
+                    EnvelopeOutput& output) {
+        switch (controls.mode) {
+        case Mode::Above:
+            follow<Mode::Above>(state, controls, gained, frames);
+            shape<Mode::Above>(state, controls, frames, output);
+            break;
+        case Mode::Below:
+            follow<Mode::Below>(state, controls, gained, frames);
+            shape<Mode::Below>(state, controls, frames, output);
+            break;
+        case Mode::Around:
+            follow<Mode::Around>(state, controls, gained, frames);
+            shape<Mode::Around>(state, controls, frames, output);
+            break;
+        }
+    }
+
+private:
+    /// Threshold, peak hold and the two smoothers: each frame waits for the one before.
+    template <Mode mode>
+    static void follow(State& state, const Controls& controls, const StereoStretch& gained,
+                       int frames) {
+        constexpr double kPowerScale = 0.707;
+        double held = state.held;
+        double first = state.first;
+        double second = state.second;
+        auto heldFrames = state.heldFrames;
+        for (int i = 0; i < frames; ++i) {
+            const double left = gained.at[2 * i];
+            const double right = gained.at[2 * i + 1];
+            double power =
+                (right * right + left * left) * kPowerScale * controls.thresholdFactor;
+            if constexpr (mode == Mode::Above)
+                power = power > 1.0 ? power : 1.0;
+            if constexpr (mode == Mode::Below)
+                power = power < 1.0 ? power : 1.0;
+            const bool isPeak = power > held;
+            const bool isOver = heldFrames > controls.holdFrames;
+            held = isPeak || isOver ? power : held;
+            heldFrames = (isPeak ? 0 : heldFrames) + 1;
+
+            const double rise1 = held - first;
+            first = first + rise1 * (rise1 > 0.0 ? controls.attack1 : controls.release1) +
+                    kDenormalGuard - kDenormalGuard;
+            const double rise2 = first - second;
+            second = second + rise2 * (rise2 > 0.0 ? controls.attack2 : controls.release2) +
+                     kDenormalGuard - kDenormalGuard;
+            state.power.at[i] = second;
+        }
+        state.held = held;
+        state.first = first;
+        state.second = second;
+        state.heldFrames = heldFrames;
+    }
+
+    /// Level, and what follows from it for depth, cut-off, rate and gain.
+    template <Mode mode>
+    static void shape(const State& state, const Controls& controls, int frames,
+                      EnvelopeOutput& output) {
+        // Floors of the three modes: they keep the logarithm finite.
+        constexpr double kAboveFloor = 0.0001;
+        constexpr double kBelowFloor = 0.0002;
+        constexpr double kAroundFloor = 0.1;
+        const V range(controls.range);
+        const V one(1.0);
+        const bool hasGain = controls.gainExponent != 1.0;
+        const V restExponent(1.0 - controls.gainExponent);
+        const V logOfBelowFloor =
+            mode == Mode::Below ? vectormath::log(V(controls.belowFloor)) : V(0.0);
+        const V rate(controls.normalisedRate);
+        for (int i = 0; i < frames; i += kLanes) {
+            const V root = xsimd::sqrt(V::load_aligned(state.power.at + i));
+            V level, cutoffLevel, logOfGainBase;
+            if constexpr (mode == Mode::Above) {
+                const V over = (root - one) * range + V(1.0) - V(kAboveFloor);
+                const V logarithm =
+                    vectormath::log(xsimd::max(over, V(0.0)) + V(kAboveFloor));
+                level = logarithm * V(vectormath::kLog10OfE);
+                cutoffLevel = level;
+                logOfGainBase = logarithm;
+            } else if constexpr (mode == Mode::Below) {
+                const V under = (root - one) * range + V(2.0001) - V(kBelowFloor);
+                const V logarithm = vectormath::log(
+                    (xsimd::max(under, V(0.0)) + V(kBelowFloor)) * V(0.5));
+                // The level rises as the input falls, the cut-off falls with the input.
+                cutoffLevel = logarithm * V(vectormath::kLog10OfE);
+                level = -cutoffLevel;
+                logOfGainBase = xsimd::max(logarithm, logOfBelowFloor);
+            } else {
+                const V around =
+                    xsimd::max(root - V(kAroundFloor), V(0.0)) + V(kAroundFloor);
+                level = vectormath::log(around) * V(vectormath::kLog10OfE) * range;
+                cutoffLevel = level;
+                logOfGainBase = hasGain ? vectormath::log(range * around + one) : V(0.0);
+            }
+            level.store_aligned(output.level.at + i);
+
+            const V depth = V::load_aligned(state.depthSlopes.at + i) * level +
+                            V::load_aligned(state.depthRests.at + i);
+            const V clamped = (xsimd::abs(depth) - xsimd::abs(depth - one) + one) * V(0.5);
+            clamped.store_aligned(output.depth.at + i);
+
+            (cutoffLevel * V(controls.cutoffAmount)).store_aligned(output.cutoffOffset.at + i);
+
+            const V hz = (V(controls.rateAmount) * (level * level) + rate) * V(14.99) + V(0.01);
+            xsimd::max(hz, V(0.01)).store_aligned(output.rateHz.at + i);
+
+            // base / base^exponent
+            const V gain = hasGain ? vectormath::exp(restExponent * logOfGainBase) : one;
+            gain.store_aligned(output.gain.at + i);
+        }
+    }
+};
+
+} // namespace pedl

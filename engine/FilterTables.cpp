@@ -1,0 +1,91 @@
+#include "engine/FilterTables.h"
+
+#include <cmath>
+#include <map>
+#include <mutex>
+
+namespace pedl {
+
+namespace {
+
+constexpr std::size_t kKnots = 12;
+using Knots = std::array<double, kKnots>;
+
+// clang-format off
+constexpr Knots kKnotHz            {20,   40,  80,   160,  320,  640,  1280, 2560, 5120, 10240, 15360, 20000};
+constexpr Knots kTowardsHighPass   {6.36, 5.6, 4.85, 4.11, 3.38, 2.67, 2.02, 1.4,  0.9,  0.48,  0.245, 0.075};
+constexpr Knots kTowardsLowPass    {0.00075, 0.0015, 0.003, 0.006, 0.012, 0.024, 0.047, 0.093, 0.185, 0.39, 0.72, 1.59};
+// clang-format on
+
+/// Second derivatives of the natural cubic spline through the knots: 0 at both ends, found by one
+/// forward and one backward pass over the tridiagonal system. Source: C. de Boor, "A Practical
+/// Guide to Splines", 1978, chapter IV.
+[[nodiscard]] Knots secondDerivatives(const Knots& x, const Knots& y) {
+    Knots second{}, rest{};
+    for (std::size_t i = 1; i + 1 < kKnots; ++i) {
+        const double ratio = (x[i] - x[i - 1]) / (x[i + 1] - x[i - 1]);
+        const double pivot = ratio * second[i - 1] + 2.0;
+        second[i] = (ratio - 1.0) / pivot;
+        const double bend =
+            (y[i + 1] - y[i]) / (x[i + 1] - x[i]) - (y[i] - y[i - 1]) / (x[i] - x[i - 1]);
+        rest[i] = (6.0 * bend / (x[i + 1] - x[i - 1]) - ratio * rest[i - 1]) / pivot;
+    }
+    second[kKnots - 1] = 0.0;
+    for (std::size_t i = kKnots - 1; i-- > 0;)
+        second[i] = second[i] * second[i + 1] + rest[i];
+    return second;
+}
+
+/// The spline at `hz`; below the first knot its first piece goes on.
+[[nodiscard]] double splineAt(double hz, const Knots& y, const Knots& second) {
+    std::size_t high = 1;
+    while (high + 1 < kKnots && kKnotHz[high] < hz)
+        ++high;
+    const std::size_t low = high - 1;
+    const double width = kKnotHz[high] - kKnotHz[low];
+    const double a = (kKnotHz[high] - hz) / width;
+    const double b = (hz - kKnotHz[low]) / width;
+    return a * y[low] + b * y[high] +
+           ((a * a * a - a) * second[low] + (b * b * b - b) * second[high]) * width * width / 6.0;
+}
+
+} // namespace
+
+TrigonometryTable::TrigonometryTable(double sampleRateHz) {
+    constexpr double kTwoPi = 6.283185307179586;
+    for (int i = 0; i < kEntries; ++i) {
+        const double hz =
+            kLowestCutoffHz + (kHighestCutoffHz - kLowestCutoffHz) * i / (kEntries - 1.0);
+        const double omega = kTwoPi * hz / sampleRateHz;
+        entries_[static_cast<std::size_t>(i)] = {std::sin(omega), std::cos(omega)};
+    }
+}
+
+std::shared_ptr<const TrigonometryTable> TrigonometryTable::forRate(double sampleRateHz) {
+    static std::mutex guard; // resume may run in several instances at once; audio never comes here
+    static std::map<double, std::weak_ptr<const TrigonometryTable>> tables;
+    const std::lock_guard lock(guard);
+    std::erase_if(tables, [](const auto& entry) { return entry.second.expired(); });
+    auto& slot = tables[sampleRateHz];
+    std::shared_ptr<const TrigonometryTable> table = slot.lock();
+    if (table == nullptr)
+        slot = table = std::make_shared<const TrigonometryTable>(sampleRateHz);
+    return table;
+}
+
+const MorphTable& MorphTable::shared() {
+    static const MorphTable table = [] {
+        MorphTable built;
+        const Knots secondHigh = secondDerivatives(kKnotHz, kTowardsHighPass);
+        const Knots secondLow = secondDerivatives(kKnotHz, kTowardsLowPass);
+        for (int hz = 0; hz < kEntries; ++hz) {
+            const auto at = static_cast<std::size_t>(hz);
+            built.towardsHighPass[at] = splineAt(hz, kTowardsHighPass, secondHigh);
+            built.towardsLowPass[at] = hz == 0 ? 0.0 : splineAt(hz, kTowardsLowPass, secondLow);
+        }
+        return built;
+    }();
+    return table;
+}
+
+} // namespace pedl

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <array>
+#include <memory>
+
+namespace pedl {
+
+constexpr double kLowestCutoffHz = 20.0;
+constexpr double kHighestCutoffHz = 20000.0;
+
+/// Sine and cosine of omega = 2 pi f / fs for frequencies in equal steps of Hz.
+struct alignas(16) SineCosine {
+    double sine, cosine;
+};
+
+class TrigonometryTable {
+public:
+    static constexpr int kEntries = 65536; // from 20 to 20000 Hz, 0.3 Hz apart
+
+    /// The table for a sample rate; instances that run at one rate share one table, and the last
+    /// of them takes it away.
+    [[nodiscard]] static std::shared_ptr<const TrigonometryTable> forRate(double sampleRateHz);
+
+    /// @param index 0..kEntries - 1
+    [[nodiscard]] const SineCosine& operator[](int index) const noexcept {
+        return entries_[static_cast<std::size_t>(index)];
+    }
+
+    explicit TrigonometryTable(double sampleRateHz);
+
+private:
+    std::array<SineCosine, kEntries> entries_;
+};
+
+/// Exponents that bend the type knob by frequency, so that half a turn sounds like half a turn at
+/// every cut-off: one entry a whole hertz, 0 to 20000.
+struct MorphTable {
+    static constexpr int kEntries = 20001;
+    std::array<double, kEntries> towardsHighPass; ///< for types above band-pass
+    std::array<double, kEntries> towardsLowPass;  ///< for types up to band-pass; entry 0 is 0
+
+    /// The one table of the process; the first caller builds it.
+    [[nodiscard]] static const MorphTable& shared();
+};
+
+} // namespace pedl

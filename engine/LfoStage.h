@@ -1,0 +1,209 @@
+#pragma once
+
+#include "engine/Lfo.h"
+#include "engine/VectorMath.h"
+
+#include <cstdint>
+
+namespace pedl {
+
+/// Inner loops of the LFO.
+template <typename Lanes> struct LfoStage {
+    using V = typename Lanes::Wide;
+    using Pair = typename Lanes::Pair;
+    using State = Lfo::State;
+    using Controls = Lfo::Controls;
+    using Wave = Lfo::Wave;
+    static constexpr int kLanes = static_cast<int>(V::size);
+
+    static void run(State& state, const Controls& controls, const MonoStretch& rateHz, int frames,
+                    LfoOutput& output) {
+        walk(state, controls, rateHz, frames, output.table);
+        if (controls.wave == Wave::Square)
+            bendSquare(controls, output.table, frames, output.raw);
+        else if (controls.wave == Wave::Spike)
+            bendSpike(controls, output.table, frames, output.raw);
+        else
+            bend(controls, output.table, frames, output.raw);
+        smooth(state, controls.smoothing, output.raw, frames, output.smoothed);
+    }
+
+private:
+    /// base^exponent for the random rate: the exponent is added to the bits of a double, which are
+    /// nearly the logarithm. This cheap power is part of the sound of the randomisation.
+    static double sixteenToThe(double exponent) {
+        constexpr double kBitsOf16 = 4255105.0; // upper half of 16.0, less the offset below
+        constexpr std::int32_t kOffset = 1072632447;
+        const auto upper = static_cast<std::int32_t>(kBitsOf16 * exponent) + kOffset;
+        return __builtin_bit_cast(double, static_cast<std::uint64_t>(upper) << 32);
+    }
+
+    /// Moves both phases frame by frame and reads the wave's table on the way.
+    static void walk(State& state, const Controls& controls, const MonoStretch& rateHz, int frames,
+                     StereoStretch& table) {
+        const double* const values = state.random.values.data();
+        const double* const steps = state.random.steps.data();
+        const double* const wave = waveTable(controls);
+        const bool isMirrored = controls.wave == Wave::SawDown;
+        const bool isRandom = controls.wave == Wave::Random;
+        const bool isFast = controls.randomType == Lfo::RandomType::Fast;
+        const double amount = controls.randomAmount;
+        const Lfo::Biquad b = controls.biquad;
+        const double spreadSteps = state.spread * (kWaveSteps / 2);
+        double phase = state.phase;
+        double randomPhase = state.randomPhase;
+        double x1 = state.x1, x2 = state.x2, y1 = state.y1, y2 = state.y2;
+        for (int i = 0; i < frames; ++i) {
+            const double rate = rateHz.at[i];
+            const auto randomStep = static_cast<std::int64_t>(randomPhase);
+            const auto j = randomStep & kWaveMask;
+            const auto next = (j + 1) & kWaveMask;
+            const double fraction = randomPhase - static_cast<double>(randomStep);
+
+            const double x0 = values[j];
+            double y = b.b0 * x0 + b.b1 * x1 + b.b2 * x2 - b.a1 * y1 - b.a2 * y2;
+            y = y - kDenormalGuard + kDenormalGuard;
+            x2 = x1;
+            x1 = x0;
+            y2 = y1;
+            y1 = y;
+
+            double increment = rate;
+            if (isFast) {
+                if (amount != 0.0)
+                    increment = rate + amount * (rate * sixteenToThe(y) * 0.25 - rate);
+            } else {
+                const double step = (1.0 - fraction) * steps[j] + fraction * steps[next];
+                const double factor = 0.9 - 0.9 * step;
+                increment = ((1.0 - amount) * (1.0 - factor) + factor) * rate;
+            }
+            increment *= controls.phaseScale;
+
+            if (isRandom) {
+                table.at[2 * i] = (1.0 - fraction) * values[j] + fraction * values[next];
+                table.at[2 * i + 1] = interpolated(values, randomPhase + state.spread);
+            } else {
+                const auto left = static_cast<std::int64_t>(phase) & kWaveMask;
+                const auto right = static_cast<std::int64_t>(phase + spreadSteps) & kWaveMask;
+                table.at[2 * i] = isMirrored ? 1.0 - wave[left] : wave[left];
+                table.at[2 * i + 1] = isMirrored ? 1.0 - wave[right] : wave[right];
+            }
+
+            phase = wrapped(phase + increment);
+            randomPhase = wrapped(randomPhase + (controls.randomFollowsRate
+                                                     ? rate * controls.randomScale
+                                                     : controls.randomScale));
+        }
+        state.phase = phase;
+        state.randomPhase = randomPhase;
+        state.x1 = x1;
+        state.x2 = x2;
+        state.y1 = y1;
+        state.y2 = y2;
+    }
+
+    static const double* waveTable(const Controls& controls) {
+        switch (controls.wave) {
+        case Wave::Triangle:
+            return controls.waves->triangle.data();
+        case Wave::SawUp:
+        case Wave::SawDown:
+            return controls.waves->sawUp.data();
+        case Wave::Spike:
+            return controls.waves->spike.data();
+        case Wave::Sine:
+        case Wave::Square:
+        case Wave::Random:
+            break;
+        }
+        return controls.waves->sine.data();
+    }
+
+    /// Random values between two steps; a position before the table's start counts as its start.
+    static double interpolated(const double* values, double position) {
+        const double inside = position > 0.0 ? position : 0.0;
+        const auto step = static_cast<std::int64_t>(inside);
+        const double fraction = inside - static_cast<double>(step);
+        const auto j = step & kWaveMask;
+        return (1.0 - fraction) * values[j] + fraction * values[(j + 1) & kWaveMask];
+    }
+
+    static double wrapped(double phase) {
+        const double folded = phase >= kWaveSteps ? phase - kWaveSteps : phase;
+        return folded > 0.0 ? folded : 0.0;
+    }
+
+    /// Narrow peaks for widths above 1, wide ones below: 0..1 becomes -1..1.
+    static void bend(const Controls& controls, const StereoStretch& table, int frames,
+                     StereoStretch& raw) {
+        const V one(1.0), two(2.0);
+        for (int i = 0; i < 2 * frames; i += kLanes) {
+            const V u = V::load_aligned(table.at + i);
+            V bent;
+            if (controls.width > 1.0)
+                bent = two * vectormath::pow(u, V(controls.width)) - one;
+            else if (controls.inverseWidth > 1.0)
+                bent = one - two * vectormath::pow(one - u, V(controls.inverseWidth));
+            else
+                bent = one - two * xsimd::max(one - u, V(0.0));
+            bent.store_aligned(raw.at + i);
+        }
+    }
+
+    /// The width is the pulse width: where the bent sine crosses the middle.
+    static void bendSquare(const Controls& controls, const StereoStretch& table, int frames,
+                           StereoStretch& raw) {
+        const V one(1.0), half(0.5);
+        for (int i = 0; i < 2 * frames; i += kLanes) {
+            const V u = V::load_aligned(table.at + i);
+            if (controls.width > 1.0) {
+                const V bent = vectormath::pow(u, V(controls.width));
+                xsimd::select(bent < half, -one, one).store_aligned(raw.at + i);
+            } else {
+                const V rest = one - u;
+                const V bent = controls.inverseWidth > 1.0
+                                   ? vectormath::pow(rest, V(controls.inverseWidth))
+                                   : rest;
+                xsimd::select(bent > half, -one, one).store_aligned(raw.at + i);
+            }
+        }
+    }
+
+    /// Peaks up are bent by the width, peaks down by its inverse.
+    ///
+    /// The left channel's negative half reads the right channel's position. With spread turned up
+    /// the spikes pull apart unevenly; saved songs rely on that sound, so it stays.
+    static void bendSpike(const Controls& controls, const StereoStretch& table, int frames,
+                          StereoStretch& raw) {
+        StereoStretch base, exponent;
+        for (int i = 0; i < frames; ++i) {
+            const double left = table.at[2 * i];
+            const double right = table.at[2 * i + 1];
+            const double rightMagnitude = right > 0.0 ? right : -right;
+            base.at[2 * i] = left > 0.0 ? left : rightMagnitude;
+            exponent.at[2 * i] = left > 0.0 ? controls.width : controls.inverseWidth;
+            base.at[2 * i + 1] = rightMagnitude;
+            exponent.at[2 * i + 1] = right > 0.0 ? controls.width : controls.inverseWidth;
+        }
+        for (int i = 0; i < 2 * frames; i += kLanes) {
+            const V bent = vectormath::pow(V::load_aligned(base.at + i),
+                                           V::load_aligned(exponent.at + i));
+            const V u = V::load_aligned(table.at + i);
+            xsimd::select(u > V(0.0), bent, -bent).store_aligned(raw.at + i);
+        }
+    }
+
+    static void smooth(State& state, double coefficient, const StereoStretch& raw, int frames,
+                       StereoStretch& smoothedWave) {
+        const Pair c(coefficient), guard(kDenormalGuard);
+        Pair value = Pair::load_unaligned(state.smoothed);
+        for (int i = 0; i < frames; ++i) {
+            const Pair target = Pair::load_aligned(raw.at + 2 * i);
+            value = value + (target - value) * c + guard - guard;
+            value.store_aligned(smoothedWave.at + 2 * i);
+        }
+        value.store_unaligned(state.smoothed);
+    }
+};
+
+} // namespace pedl

@@ -1,0 +1,418 @@
+#include "engine/ModFilterEngine.h"
+
+#include "engine/Stages.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+namespace pedl {
+
+namespace {
+
+/// Below this share a blended-in signal cannot change the last bit of what it is blended into.
+constexpr double kInaudibleShare = 1e-20;
+
+[[nodiscard]] double switchState(float normalised) noexcept {
+    return static_cast<int>(static_cast<double>(normalised) + 0.5);
+}
+
+[[nodiscard]] int threeWayState(float normalised) noexcept {
+    return static_cast<int>(2.0 * static_cast<double>(normalised) + 0.5);
+}
+
+/// Dry and wet level: unity in the middle, +12 dB at the end.
+[[nodiscard]] double levelFromNormalised(float normalised) noexcept {
+    const double v = normalised;
+    return 4.0 * v * v;
+}
+
+template <typename Sample> [[nodiscard]] Sample narrowed(double sample) noexcept {
+    if constexpr (std::is_same_v<Sample, double>) {
+        return sample;
+    } else {
+        constexpr double kLargest = std::numeric_limits<float>::max();
+        return static_cast<float>(std::min(std::max(sample, -kLargest), kLargest));
+    }
+}
+
+void fill(MonoStretch& stretch, double value, int frames) noexcept {
+    std::fill_n(stretch.at, frames, value);
+}
+
+void fill(StereoStretch& stretch, const double (&value)[2], int frames) noexcept {
+    for (int i = 0; i < frames; ++i) {
+        stretch.at[2 * i] = value[0];
+        stretch.at[2 * i + 1] = value[1];
+    }
+}
+
+} // namespace
+
+ModFilterEngine::ModFilterEngine(std::uint32_t seed, InstructionSet instructions)
+    : stages_(stagesFor(instructions)), envelope_(instructions), lfo_(seed, instructions),
+      cutoff_(instructions), filter_(sampleRateHz_, instructions), limiter_(instructions),
+      saturator_(instructions) {
+    frozenCutoffHz_.isConstant = true;
+    updateCoefficients();
+    stages_.lfoGain(MonoStretch{}, MonoStretch{}, StereoStretch{}, kStretchFrames, unityGain_);
+}
+
+void ModFilterEngine::processFloat(const float* const* inputs, float* const* outputs,
+                                   std::int32_t frames) noexcept {
+    process(inputs, outputs, frames);
+}
+
+void ModFilterEngine::processDouble(const double* const* inputs, double* const* outputs,
+                                    std::int32_t frames) noexcept {
+    process(inputs, outputs, frames);
+}
+
+template <typename Sample>
+void ModFilterEngine::process(const Sample* const* inputs, Sample* const* outputs,
+                              std::int32_t frames) noexcept {
+    const Block block = startBlock();
+    for (std::int32_t done = 0; done < frames;) {
+        const auto inTick = static_cast<int>(tickFrame_ % kTickFrames);
+        if (inTick == 0)
+            controlTick(block);
+        const int length = std::min({frames - done, kTickFrames - inTick, kStretchFrames});
+        // Both inputs of a frame are read before either output is written: they may be one memory.
+        for (int i = 0; i < length; ++i) {
+            raw_.at[2 * i] = static_cast<double>(inputs[0][done + i]);
+            raw_.at[2 * i + 1] = static_cast<double>(inputs[1][done + i]);
+        }
+        processStretch(block, length);
+        for (int i = 0; i < length; ++i) {
+            outputs[0][done + i] = narrowed<Sample>(wetSignal_.at[2 * i]);
+            outputs[1][done + i] = narrowed<Sample>(wetSignal_.at[2 * i + 1]);
+        }
+        tickFrame_ = static_cast<std::uint32_t>(inTick + length);
+        done += length;
+    }
+}
+
+ModFilterEngine::Block ModFilterEngine::startBlock() noexcept {
+    wet_.target.set(wetSwitch_.get() * wetLevel_.get());
+    dry_.target.set(drySwitch_.get() * dryLevel_.get());
+    if (isLocked_.get())
+        lfo_.lockPhase(lockedPhase_.get());
+    tick_.nudge = kDenormalGuard;
+    const double modulation = modulation_.get();
+    return {
+        .isFrozen = isFrozen_.get(),
+        .routing = static_cast<Routing>(routing_.get()),
+        .modulation = modulation,
+        .lfoToCutoff = modulation * lfoToCutoffSwitch_.get() * lfoToCutoff_.get(),
+        .lfoToGain = modulation * lfoToGainSwitch_.get() * lfoToGain_.get(),
+    };
+}
+
+void ModFilterEngine::controlTick(const Block& block) noexcept {
+    power_.move(tick_, tick_.fast);
+    dry_.move(tick_, tick_.fast);
+    inputGain_.move(tick_, tick_.fast);
+    cutoff_.tick(tick_);
+    wet_.move(tick_, tick_.fast);
+    limiterSwitch_.move(tick_, tick_.fast);
+    lfo_.tick(tick_);
+    filterSwitch_.move(tick_, tick_.fast);
+    saturatorSwitch_.move(tick_, tick_.fast);
+    envelope_.tick(tick_, block.modulation);
+    tick_.nudge = -tick_.nudge;
+}
+
+void ModFilterEngine::processStretch(const Block& block, int frames) noexcept {
+    dryPeak_.raiseTo(stages_.input(raw_, inputGain_.value, gained_, frames) * 0.5);
+    modulate(block, frames);
+    const CutoffStretch& cutoffHz = block.isFrozen ? frozenCutoffHz_ : cutoffHz_;
+    const MonoStretch& envelopeGain = block.isFrozen ? frozenEnvelopeGain_ : envelopeOutput_.gain;
+
+    wetSignal_ = gained_;
+    filter_.process(wetSignal_, cutoffHz, frames);
+    const bool isGainModulated = !lfoToGainSmoother_.isConstant || lfoToGainSmoother_.value != 0.0;
+    if (isGainModulated)
+        stages_.lfoGain(envelopeOutput_.depth, lfoToGainAmount_,
+                        block.isFrozen ? frozenLfo_ : lfoOutput_.smoothed, frames, outputGain_);
+    const StereoStretch& gain = isGainModulated ? outputGain_ : unityGain_;
+    wetPeak_.raiseTo(stages_.wet(wetSignal_, gained_, filterSwitch_.value, gain, envelopeGain,
+                                 envelope_.makeup(), frames));
+    const int last = frames - 1;
+    const double envelopeShare = envelopeGain.at[last] * envelope_.makeup();
+    shownGainLeft_.set(gain.at[2 * last] * envelopeShare);
+    shownGainRight_.set(gain.at[2 * last + 1] * envelopeShare);
+
+    route(block, frames);
+    stages_.mix(wetSignal_, power_.value, raw_, 1.0 - power_.value, frames);
+}
+
+/// Envelope follower, LFO and cut-off run on while frozen; only the use of what they say stops.
+void ModFilterEngine::modulate(const Block& block, int frames) noexcept {
+    lfoToGainSmoother_.fill(lfoToGainAmount_, block.lfoToGain, perFrame_, frames);
+    envelope_.process(gained_, lfo_.normalisedRate(), perFrame_, frames, envelopeOutput_);
+    lfo_.process(envelopeOutput_.rateHz, frames, lfoOutput_);
+    cutoff_.process(block.lfoToCutoff, envelopeOutput_.depth, lfoOutput_.raw,
+                    envelopeOutput_.cutoffOffset, lfo_.filterCoefficient(), frames, cutoffHz_);
+    const int last = frames - 1;
+    envelopeMeter_.set(envelopeOutput_.level.at[last]);
+    lfoMeterLeft_.set(lfoOutput_.smoothed.at[2 * last]);
+    lfoMeterRight_.set(lfoOutput_.smoothed.at[2 * last + 1]);
+    if (block.isFrozen)
+        freezeModulation(frames);
+    else
+        keepModulation(frames);
+    shownCutoffLeft_.set(snapshot_.cutoffHz[0]);
+    shownCutoffRight_.set(snapshot_.cutoffHz[1]);
+    shownLfoLeft_.set(snapshot_.lfo[0]);
+    shownLfoRight_.set(snapshot_.lfo[1]);
+    shownEnvelopeGain_.set(snapshot_.envelopeGain);
+}
+
+void ModFilterEngine::freezeModulation(int frames) noexcept {
+    fill(frozenCutoffHz_.hz, snapshot_.cutoffHz, frames);
+    fill(frozenLfo_, snapshot_.lfo, frames);
+    fill(frozenEnvelopeGain_, snapshot_.envelopeGain, frames);
+}
+
+void ModFilterEngine::keepModulation(int frames) noexcept {
+    const int last = frames - 1;
+    for (int channel = 0; channel < 2; ++channel) {
+        snapshot_.cutoffHz[channel] = cutoffHz_.hz.at[2 * last + channel];
+        snapshot_.lfo[channel] = lfoOutput_.smoothed.at[2 * last + channel];
+    }
+    snapshot_.envelopeGain = envelopeOutput_.gain.at[last];
+}
+
+void ModFilterEngine::route(const Block& block, int frames) noexcept {
+    switch (block.routing) {
+    case Routing::PreWet:
+        limitAndSaturate(wetSignal_, frames);
+        stages_.mix(wetSignal_, wet_.value, gained_, dry_.value, frames);
+        break;
+    case Routing::PostWet:
+        stages_.mix(wetSignal_, wet_.value, gained_, 0.0, frames);
+        limitAndSaturate(wetSignal_, frames);
+        stages_.mix(wetSignal_, 1.0, gained_, dry_.value, frames);
+        break;
+    case Routing::PostMix:
+        stages_.mix(wetSignal_, wet_.value, gained_, dry_.value, frames);
+        limitAndSaturate(wetSignal_, frames);
+        break;
+    }
+}
+
+/// Both always run, since their state moves on; the switches blend.
+void ModFilterEngine::limitAndSaturate(StereoStretch& signal, int frames) noexcept {
+    scratch_ = signal;
+    limiter_.process(scratch_, frames);
+    const double limited = limiterSwitch_.value;
+    limiterMeter_.set(limiter_.gain());
+    stages_.mix(signal, 1.0 - limited, scratch_, limited, frames);
+
+    const double saturated = saturatorSwitch_.value;
+    const bool isHeard = std::abs(saturated) > kInaudibleShare;
+    scratch_ = signal;
+    saturator_.process(scratch_, isHeard, frames);
+    if (isHeard)
+        stages_.mix(signal, 1.0 - saturated, scratch_, saturated, frames);
+}
+
+void ModFilterEngine::fillMeterSnapshot(MeterSnapshot& snapshot) noexcept {
+    const bool isAround = envelope_.mode() == EnvelopeFollower::ThresholdMode::Around;
+    const bool isLimiterOn = limiterSwitch_.target.get() != 0.0;
+    constexpr double kSaturationScale = 0.251188643; // -12 dB
+    snapshot.envelopeLevel = envelopeMeter_.exchange(0.0) * (isAround ? 0.5 : 1.0);
+    snapshot.dryPeak = dryPeak_.exchange(0.0) * 0.5;
+    snapshot.wetPeak = wetPeak_.exchange(0.0) * 0.5;
+    snapshot.lfoLeft = lfoMeterLeft_.get();
+    snapshot.lfoRight = lfoMeterRight_.get();
+    snapshot.limiterGain = isLimiterOn ? limiterMeter_.get() : 1.0;
+    snapshot.saturationLevel = saturator_.readMeter() * kSaturationScale;
+    snapshot.reservedValue = 0.0;
+    snapshot.reservedFlag = false;
+    snapshot.lfoRateHz = 0.01 + 14.99 * lfo_.normalisedRate();
+}
+
+ModulationState ModFilterEngine::modulation() const noexcept {
+    return {
+        .cutoffLeftHz = shownCutoffLeft_.get(),
+        .cutoffRightHz = shownCutoffRight_.get(),
+        .lfoLeft = shownLfoLeft_.get(),
+        .lfoRight = shownLfoRight_.get(),
+        .envelopeGain = shownEnvelopeGain_.get(),
+        .gainLeft = shownGainLeft_.get(),
+        .gainRight = shownGainRight_.get(),
+    };
+}
+
+void ModFilterEngine::setSampleRate(double sampleRateHz) noexcept {
+    // Coefficients are never computed for less than 44.1 kHz: slower streams are processed as if
+    // they were that fast.
+    constexpr double kLowestRateHz = 44100.0;
+    constexpr double kHighestRateHz = 384000.0;
+    sampleRateHz_ =
+        sampleRateHz >= kLowestRateHz ? std::min(sampleRateHz, kHighestRateHz) : kLowestRateHz;
+    lfo_.setSampleRate(sampleRateHz_);
+    envelope_.setSampleRate(sampleRateHz_);
+}
+
+void ModFilterEngine::reset() noexcept {
+    filter_.reset();
+    limiter_.reset();
+    saturator_.reset();
+}
+
+void ModFilterEngine::reinitialise(std::uint32_t seed) {
+    wet_.target.set(wetSwitch_.get() * wetLevel_.get());
+    dry_.target.set(drySwitch_.get() * dryLevel_.get());
+    for (Ticked* value :
+         {&power_, &dry_, &wet_, &filterSwitch_, &limiterSwitch_, &saturatorSwitch_})
+        value->snap();
+    // The input gain goes on gliding: a resumed track must not jump in level.
+    cutoff_.reinitialise();
+    lfoToGainSmoother_.value = lfoToGain_.get(); // as set, whether switched on or not
+    envelope_.reinitialise();
+    isLocked_.set(false);
+    lockedPhase_.set(0.0);
+
+    updateCoefficients();
+    lfo_.reinitialise(seed);
+    filter_.setSampleRate(sampleRateHz_);
+    limiter_.setDefaults();
+    limiter_.setSampleRate(sampleRateHz_);
+    saturator_.setSampleRate(sampleRateHz_);
+
+    for (Relaxed<double>* meter : {&envelopeMeter_, &dryPeak_, &wetPeak_})
+        meter->set(0.0);
+    lfoMeterLeft_.set(-1.0);
+    lfoMeterRight_.set(-1.0);
+    limiterMeter_.set(1.0);
+    tickFrame_ = 0;
+}
+
+void ModFilterEngine::updateCoefficients() noexcept {
+    constexpr double kSlowSeconds = 0.23;
+    constexpr double kFramesATick = 127.0; // the grid less one
+    constexpr double kPerFrameSeconds = 0.1;
+    constexpr double kFastOverSlow = 6.0;
+    tick_.slow = settleCoefficient(kSlowSeconds * sampleRateHz_ / kFramesATick);
+    tick_.fast = kFastOverSlow * tick_.slow;
+    perFrame_ = settleCoefficient(kPerFrameSeconds * sampleRateHz_);
+}
+
+void ModFilterEngine::setPower(float normalised) noexcept {
+    power_.target.set(std::clamp(1.0 - switchState(normalised), 0.0, 1.0));
+}
+
+void ModFilterEngine::setInputGain(float normalised) noexcept {
+    const double gainDb = 48.0 * static_cast<double>(normalised) - 24.0;
+    inputGain_.target.set(static_cast<double>(static_cast<float>(std::pow(10.0, gainDb / 20.0))));
+}
+
+void ModFilterEngine::setFreeze(float normalised) noexcept {
+    isFrozen_.set(switchState(normalised) > 0.0);
+}
+
+void ModFilterEngine::setFilterType(float normalised) noexcept {
+    // Bent so that the middle of the knob, where the types change fastest, has more room.
+    constexpr double kBend = 0.65;
+    const double v = normalised;
+    const double type = v >= 0.5 ? 0.5 + 0.5 * std::pow(2.0 * (v - 0.5), kBend)
+                                 : 0.5 - 0.5 * std::pow(2.0 * (0.5 - v), kBend);
+    filter_.setType(type);
+}
+
+void ModFilterEngine::setFilterSlope(float normalised) noexcept {
+    const int state = threeWayState(normalised);
+    filterSwitch_.target.set(state == 0 ? 0.0 : 1.0);
+    filter_.setSlope(state == 2);
+}
+
+void ModFilterEngine::setFilterSaturation(float normalised) noexcept {
+    filter_.setSaturation(static_cast<double>(normalised) * 3.999 * 0.5 + 0.001);
+}
+
+void ModFilterEngine::setEnvAttack(float normalised) noexcept {
+    // In single precision throughout: the attack of saved songs was computed so.
+    const float bent = std::pow(normalised, 0.722f);
+    const float t = std::pow(2000.0f, bent);
+    const float holdMs =
+        7.279e-8f * t * t * t - 0.0002075f * t * t + 0.2643f * t + 0.3773f - 0.64139f;
+    envelope_.setAttackTime(t);
+    envelope_.setAttackShape(2.0f * bent);
+    envelope_.setHoldTime(std::max(0.0f, holdMs));
+}
+
+void ModFilterEngine::setEnvRelease(float normalised) noexcept {
+    envelope_.setReleaseTime(
+        3.0 * std::pow(1000.0, std::pow(static_cast<double>(normalised), 0.585)));
+}
+
+void ModFilterEngine::setLfoToCutoffSwitch(float normalised) noexcept {
+    lfoToCutoffSwitch_.set(switchState(normalised));
+}
+
+void ModFilterEngine::setLfoToCutoff(float normalised) noexcept {
+    const double v = normalised;
+    lfoToCutoff_.set(0.5 * v * v);
+}
+
+void ModFilterEngine::setLfoToGainSwitch(float normalised) noexcept {
+    lfoToGainSwitch_.set(switchState(normalised));
+}
+
+void ModFilterEngine::setLfoToGain(float normalised) noexcept {
+    const double way = 2.0 * static_cast<double>(normalised) - 1.0;
+    lfoToGain_.set(std::copysign(10.0 * way * way, way));
+}
+
+void ModFilterEngine::setRouting(float normalised) noexcept {
+    routing_.set(threeWayState(normalised));
+}
+
+void ModFilterEngine::setLimiterSwitch(float normalised) noexcept {
+    limiterSwitch_.target.set(switchState(normalised));
+}
+
+void ModFilterEngine::setLimiterLevel(float normalised) noexcept {
+    constexpr double kCurve = 1.5145731728; // ln 0.35 / ln 0.5: -1.5 dB with the knob in the middle
+    const double levelDb = (1.0 - std::pow(static_cast<double>(normalised), kCurve)) * 30.0 - 21.0;
+    limiter_.setLevel(std::pow(10.0, levelDb / 20.0));
+}
+
+void ModFilterEngine::setSaturatorSwitch(float normalised) noexcept {
+    const double state = switchState(normalised);
+    saturatorSwitch_.target.set(state);
+    saturator_.setOff(state == 0.0);
+}
+
+void ModFilterEngine::setDrySwitch(float normalised) noexcept {
+    drySwitch_.set(switchState(normalised));
+}
+
+void ModFilterEngine::setDryLevel(float normalised) noexcept {
+    dryLevel_.set(levelFromNormalised(normalised));
+}
+
+void ModFilterEngine::setWetSwitch(float normalised) noexcept {
+    wetSwitch_.set(switchState(normalised));
+}
+
+void ModFilterEngine::setWetLevel(float normalised) noexcept {
+    wetLevel_.set(levelFromNormalised(normalised));
+}
+
+void ModFilterEngine::setModulation(float normalised) noexcept {
+    modulation_.set(static_cast<int>(1.5 - static_cast<double>(normalised)));
+}
+
+void ModFilterEngine::setPhaseSync(bool isLocked, double phaseCycles) noexcept {
+    constexpr double kRateAtRest = 0.005; // of the envelope's share in the rate
+    const bool isLockable = lfo_.wave() != Lfo::Wave::Random &&
+                            std::abs(envelope_.rateAmount()) <= kRateAtRest;
+    isLocked_.set(isLocked && isLockable);
+    lockedPhase_.set(phaseCycles);
+}
+
+} // namespace pedl
