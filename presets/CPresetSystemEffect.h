@@ -1,0 +1,99 @@
+#pragma once
+
+#include "foundation/platform/Clock.h"
+#include "foundation/vst24/AudioEffectX.h"
+#include "presets/PresetSystemView.h"
+#include "presets/ProgramBank.h"
+
+#include <atomic>
+#include <cstdint>
+
+namespace pedl {
+
+/// An effect that keeps a bank of programs of its own behind the one program that the host sees.
+///
+/// Owns the `ProgramBank`. The current slot always holds the sound being heard: whoever sets a
+/// parameter sets it there too. A derived effect says what its parameters mean, by the operations
+/// under "Hooks".
+///
+/// Thread: `setParameter` and `getParameter` any, real time; everything else the host's main or
+/// user-interface thread.
+class CPresetSystemEffect : public AudioEffectX {
+public:
+    CPresetSystemEffect(audioMasterCallback host, Clock& clock);
+
+    /// Whom to tell of changes; null for nobody. The view must stay alive until it is taken away.
+    void setView(PresetSystemView* view) noexcept;
+
+    // Programs of the bank
+
+    /// Makes a slot (0 to 139) current and applies its values; blocks the caller for 100 ms.
+    ///
+    /// A value outside 0..1 stays in the slot and is not applied.
+    virtual void selectProgram(std::int32_t slot);
+
+    [[nodiscard]] std::int32_t currentSlot() const noexcept { return bank_.currentSlot(); }
+
+    /// Writes the edit snapshot into a slot (0 to 139) without applying it.
+    void storeSnapshot(std::int32_t slot) noexcept { bank_.storeEditSnapshot(slot); }
+
+    /// Gives the current slot a name, unless it is null, and lets the host refresh its display.
+    void renameCurrentProgram(const char* name);
+
+    [[nodiscard]] const ProgramBank& bank() const noexcept { return bank_; }
+
+    // What the host calls
+    void setParameter(VstInt32 index, float normalised) override;
+    float getParameter(VstInt32 index) override;
+    void setProgramName(char* name) override;
+    void getProgramName(char* name) override;
+    bool getProgramNameIndexed(VstInt32 category, VstInt32 index, char* text) override;
+
+    // Hooks
+
+    /// Fills the bank as it leaves the factory.
+    virtual void initialiseFactoryPrograms() = 0;
+
+    /// The long name, cut to eight characters and a terminator.
+    virtual void getLongParameterName(std::int32_t index, char* text) = 0;
+
+    /// The parameter that MIDI learn links when the user touches the control with this tag.
+    [[nodiscard]] virtual std::int32_t learnTarget(std::int32_t tag) = 0;
+
+    /// Whether an index can have no MIDI link.
+    [[nodiscard]] virtual bool isNotLearnable(std::int32_t index) const = 0;
+
+    /// The level in force, the program's or the bank's, for `kDry` and `kWet`; 0 for others.
+    [[nodiscard]] virtual float effectiveDryWetLevel(std::int32_t index) const = 0;
+
+    /// Hands the levels in force to the engine and tells the view that of `index`.
+    virtual void applyDryWetSource(std::int32_t index) = 0;
+
+    /// Sets a parameter as a user's gesture that the host may record.
+    virtual void automate(std::int32_t index, float normalised);
+
+protected:
+    /// The last step of construction: takes the edit snapshot from the first slot and plays it.
+    void startPresetSystem();
+
+    [[nodiscard]] ProgramBank& editableBank() noexcept { return bank_; }
+
+    /// Whether `selectProgram` is applying values: they come from the slot and are not written
+    /// back.
+    [[nodiscard]] bool isProgramLoading() const noexcept;
+
+    void tellParameter(std::int32_t index, float normalised) noexcept;
+    void tellSuspended() noexcept;
+
+    [[nodiscard]] Clock& clock() const noexcept { return clock_; }
+
+private:
+    void applySlot(std::int32_t slot);
+
+    Clock& clock_;
+    ProgramBank bank_;
+    std::atomic<PresetSystemView*> view_{nullptr}; // set by the user interface, read by any thread
+    std::atomic<bool> isProgramLoading_{false};    // set by the selecting thread, read by any
+};
+
+} // namespace pedl
