@@ -8,7 +8,7 @@ namespace pedl::demo {
 
 /// One row of the demonstration: what is rendered, with which settings, and what to listen for.
 struct DemoSetting {
-    std::string name;     ///< of the files it leaves
+    std::string name; ///< of the files it leaves
     std::string title;
     std::string listen;
     std::string material; ///< "riff", "drums" or "pad"

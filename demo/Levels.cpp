@@ -5,8 +5,17 @@
 
 namespace pedl::demo {
 
+namespace {
+
+constexpr double kSilence = 1e-8; // -160 dB: silence has a figure too
+
+double decibels(double level) {
+    return 20.0 * std::log10(std::max(level, kSilence));
+}
+
+} // namespace
+
 Levels levelsOf(const StereoSound& sound) {
-    constexpr double kSilence = 1e-8; // -160 dB: silence has a figure too
     double energy = 0.0;
     double peak = 0.0;
     for (const auto* channel : {&sound.left, &sound.right})
@@ -15,7 +24,6 @@ Levels levelsOf(const StereoSound& sound) {
             peak = std::max(peak, std::abs(sample));
         }
     const double samples = std::max(1.0, 2.0 * static_cast<double>(sound.lengthFrames()));
-    const auto decibels = [](double level) { return 20.0 * std::log10(std::max(level, kSilence)); };
     return {decibels(std::sqrt(energy / samples)), decibels(peak)};
 }
 
