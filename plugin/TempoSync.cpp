@@ -1,0 +1,103 @@
+#include "plugin/TempoSync.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace pedl {
+
+namespace {
+
+constexpr auto kRelaxed = std::memory_order_relaxed;
+
+constexpr double kSlowestTempoBpm = 15.0;
+constexpr double kFastestTempoBpm = 600.0;
+
+constexpr double kSlowestRateHz = 0.01;
+constexpr double kRateSpanHz = 14.99; // up to 15 Hz
+
+/// Seconds of a whole note at one beat (a quarter note) per minute.
+constexpr double kWholeNoteSecondsBpm = 240.0;
+constexpr double kQuartersPerWholeNote = 4.0;
+
+/// Cycles a second when `division` is the length of one.
+double rateHz(NoteDivision division, double tempoBpm) {
+    return division.denominator * tempoBpm / (division.numerator * kWholeNoteSecondsBpm);
+}
+
+/// How far the cycle that runs at `positionQuarters` has got. A count-in gives negative phases.
+double phaseAt(double positionQuarters, NoteDivision division, double cyclesPerQuarter) {
+    // Wrapped at the numerator's whole notes first: after hours of a song the product with the rate
+    // would have lost the digits that matter.
+    const double wrapped = std::fmod(positionQuarters, division.numerator * kQuartersPerWholeNote);
+    const double cycles = wrapped * cyclesPerQuarter;
+    return cycles - std::trunc(cycles);
+}
+
+} // namespace
+
+void TempoSync::setMode(float normalised) noexcept {
+    mode_.store(
+        static_cast<SyncMode>(static_cast<int>(2.0 * static_cast<double>(normalised) + 0.5)),
+        kRelaxed);
+}
+
+void TempoSync::setManualTempo(float normalised) noexcept {
+    constexpr double kSpanBpm = kFastestTempoBpm - kSlowestTempoBpm;
+    manualTempoBpm_.store(kSlowestTempoBpm + kSpanBpm * static_cast<double>(normalised), kRelaxed);
+}
+
+void TempoSync::setDivision(float normalised) noexcept {
+    divisionIndex_.store(noteDivisionIndex(normalised), kRelaxed);
+}
+
+SyncMode TempoSync::mode() const noexcept {
+    return mode_.load(kRelaxed);
+}
+
+TempoSync::Result TempoSync::update(const HostTime& time) noexcept {
+    const SyncMode mode = this->mode();
+    const bool followsHost = mode == SyncMode::HostTempo && time.tempoBpm.has_value();
+    const double tempoBpm = followsHost
+                                ? std::clamp(*time.tempoBpm, kSlowestTempoBpm, kFastestTempoBpm)
+                                : manualTempoBpm_.load(kRelaxed);
+    tempoBpm_.store(tempoBpm, kRelaxed);
+    followsHostTempo_.store(followsHost, kRelaxed);
+    if (mode == SyncMode::Free)
+        return {};
+
+    const NoteDivision division = kNoteDivisions[divisionIndex_.load(kRelaxed)];
+    const double wantedHz = rateHz(division, tempoBpm);
+    const double wanted = (wantedHz - kSlowestRateHz) / kRateSpanHz;
+    const double normalised = std::clamp(wanted, 0.0, 1.0);
+    isRateOutOfRange_.store(wanted != normalised, kRelaxed);
+
+    Result result;
+    result.hasRate = true;
+    result.normalisedRate = static_cast<float>(normalised);
+    if (mode == SyncMode::HostTempo && time.positionQuarters) {
+        // The phase keeps to the wanted rate even where the LFO itself cannot follow it.
+        result.phaseCycles = phaseAt(*time.positionQuarters, division, wantedHz * 60.0 / tempoBpm);
+        result.isPhaseLocked = followsHost;
+    }
+    return result;
+}
+
+void TempoSync::reset() noexcept {
+    tempoBpm_.store(kResetTempoBpm, kRelaxed);
+    isRateOutOfRange_.store(false, kRelaxed);
+    followsHostTempo_.store(false, kRelaxed);
+}
+
+double TempoSync::tempoBpm() const noexcept {
+    return tempoBpm_.load(kRelaxed);
+}
+
+bool TempoSync::isRateOutOfRange() const noexcept {
+    return isRateOutOfRange_.load(kRelaxed);
+}
+
+bool TempoSync::followsHostTempo() const noexcept {
+    return followsHostTempo_.load(kRelaxed);
+}
+
+} // namespace pedl

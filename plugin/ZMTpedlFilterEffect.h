@@ -1,0 +1,155 @@
+#pragma once
+
+#include "engine/ModFilterEngine.h"
+#include "foundation/platform/Clock.h"
+#include "foundation/platform/DiagnosticStream.h"
+#include "parameters/ParameterIndex.h"
+#include "plugin/HostTime.h"
+#include "plugin/MixKnob.h"
+#include "plugin/TempoSync.h"
+#include "presets/CPresetSystemEffect.h"
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <optional>
+
+namespace pedl {
+
+/// What the effect takes from the system around it. All of it outlives the effect.
+struct EffectSurroundings {
+    Clock& clock;
+    DiagnosticStream& diagnostics;
+};
+
+/// The effect as hosts see it: identity, parameters, audio.
+///
+/// Owns the engine and one held value per parameter. A value that comes in is held, turned into
+/// engine terms by the row of its parameter, written into the current program, and told to the
+/// view.
+///
+/// Thread: `process...`, `setParameter` and `getParameter` any, real time; the rest main or user
+/// interface.
+class ZMTpedlFilterEffect : public CPresetSystemEffect {
+public:
+    /// Plays the first factory program when it returns. Waits 100 ms for each program it selects.
+    ZMTpedlFilterEffect(audioMasterCallback host, EffectSurroundings surroundings);
+    ~ZMTpedlFilterEffect() override;
+
+    // Identity and capabilities
+    bool getEffectName(char* name) override;
+    bool getProductString(char* text) override;
+    bool getVendorString(char* text) override;
+    VstInt32 getVendorVersion() override;
+    VstPlugCategory getPlugCategory() override { return kPlugCategEffect; }
+    bool getInputProperties(VstInt32 index, VstPinProperties* properties) override;
+    bool getOutputProperties(VstInt32 index, VstPinProperties* properties) override;
+    bool setSpeakerArrangement(VstSpeakerArrangement* pluginInput,
+                               VstSpeakerArrangement* pluginOutput) override;
+    VstInt32 canDo(char* text) override;
+    /// Our own host selects a slot of the bank in this way.
+    VstIntPtr vendorSpecific(VstInt32 index, VstIntPtr value, void* ptr, float opt) override;
+
+    // The one program that hosts see
+    VstInt32 getProgram() override { return 0; }
+    void setProgram(VstInt32 /*program*/) override {}
+
+    // Parameters
+    void setParameter(VstInt32 index, float normalised) override;
+    float getParameter(VstInt32 index) override;
+    void getParameterName(VstInt32 index, char* text) override;
+    void getParameterLabel(VstInt32 index, char* label) override;
+    /// The text of the held value, or of the one that the buffer asks for (`DisplayRequest.h`).
+    void getParameterDisplay(VstInt32 index, char* text) override;
+    bool canParameterBeAutomated(VstInt32 index) override;
+    bool getParameterProperties(VstInt32 index, VstParameterProperties* properties) override;
+
+    // Audio
+    void setSampleRate(float rateHz) override;
+    void suspend() override;
+    void resume() override;
+    void processReplacing(float** inputs, float** outputs, VstInt32 sampleFrames) override;
+    void processDoubleReplacing(double** inputs, double** outputs, VstInt32 sampleFrames) override;
+
+    // Hooks of the preset system
+    void initialiseFactoryPrograms() override;
+    void getLongParameterName(std::int32_t index, char* text) override;
+    [[nodiscard]] std::int32_t learnTarget(std::int32_t tag) override;
+    [[nodiscard]] bool isNotLearnable(std::int32_t index) const override;
+    [[nodiscard]] float effectiveDryWetLevel(std::int32_t index) const override;
+    void applyDryWetSource(std::int32_t index) override;
+
+    // For the view
+
+    /// Live values and the peaks since the last call. Thread: user interface.
+    void fillMeterSnapshot(MeterSnapshot& snapshot) noexcept {
+        engine_.fillMeterSnapshot(snapshot);
+    }
+    /// What moves the sound, as the last processed frame had it. Thread: any.
+    [[nodiscard]] ModulationState modulation() const noexcept { return engine_.modulation(); }
+    [[nodiscard]] double tempoBpm() const noexcept { return tempoSync_.tempoBpm(); }
+    [[nodiscard]] bool followsHostTempo() const noexcept { return tempoSync_.followsHostTempo(); }
+
+    [[nodiscard]] bool isInputStereo() const noexcept { return isInputStereo_; }
+    [[nodiscard]] bool isOutputStereo() const noexcept { return isOutputStereo_; }
+
+private:
+    using EngineSetter = void (ModFilterEngine::*)(float) noexcept;
+    using Consequence = void (ZMTpedlFilterEffect::*)();
+
+    /// What follows when a parameter's value is held: one engine setter, then what else hangs on
+    /// it.
+    struct ControlRow {
+        std::int32_t index;
+        EngineSetter toEngine;
+        Consequence consequence;
+    };
+    static const std::array<ControlRow, kNumParams> kControlRows;
+    static constexpr bool rowsAreInIndexOrder(const std::array<ControlRow, kNumParams>& rows);
+
+    [[nodiscard]] float held(std::int32_t index) const noexcept;
+    void hold(std::int32_t index, float normalised) noexcept;
+    void holdStartValues() noexcept;
+
+    void applyParameter(std::int32_t index, float normalised);
+    void applyLevel(std::int32_t index, float normalised);
+    void applyTag(std::int32_t index, float value);
+
+    // Consequences, named after what they do
+    void tellInverseLink();
+    void tellFrequencySlider();
+    void changeSyncMode();
+    void changeDivision();
+    void changeManualTempo();
+    void applyAttackAgain();
+    void applyDrySource() { applyDryWetSource(kDry); }
+    void applyWetSource() { applyDryWetSource(kWet); }
+    void applyBothSources();
+
+    // Relative controls
+    void turnMixKnob(float value);
+    void turnInverseLink(float value);
+    void automateLevels(DryWetPair levels);
+    [[nodiscard]] bool isBankMode() const noexcept;
+    [[nodiscard]] DryWetPair levelsInForce() const noexcept;
+
+    void updateTempoSync() noexcept;
+    [[nodiscard]] std::optional<HostTime> askHostTime();
+
+    DiagnosticStream& diagnostics_;
+    ModFilterEngine engine_;
+    TempoSync tempoSync_;
+    MixKnob mixKnob_;
+
+    // Written and read by any thread.
+    std::array<std::atomic<float>, kNumParams> held_{};
+    std::atomic<float> shownQuantity_{0.0F}; // 0: cut-off; 1: LFO rate
+    std::atomic<float> mixPosition_{0.0F};   // -1..1; the knob rests at 0
+    std::atomic<float> spare4_{0.0F};
+    std::atomic<float> spare5_{0.0F};
+
+    bool isInputStereo_ = true;
+    bool isOutputStereo_ = true;
+};
+
+} // namespace pedl
