@@ -1,0 +1,37 @@
+#pragma once
+
+#include "host/Result.h"
+
+#include <filesystem>
+#include <istream>
+#include <string_view>
+#include <vector>
+
+namespace pedl {
+
+/// The course of one parameter over a song: points joined by straight lines.
+///
+/// Before its first point a curve has that point's value, after its last point that one's. Two
+/// points at one time are a jump; at that time the later one counts.
+class AutomationCurve {
+public:
+    struct Point {
+        double seconds = 0.0;
+        float normalised = 0.0F;
+    };
+
+    /// Reads lines "seconds,value": times from 0 that do not go back, values from 0 to 1. Empty
+    /// lines and lines that begin with # are skipped, as is a first line that holds words.
+    /// @param name  of the file, for the message "name:line: what is wrong"
+    static Result<AutomationCurve> parse(std::istream& text, std::string_view name);
+    static Result<AutomationCurve> load(const std::filesystem::path& path);
+
+    [[nodiscard]] float valueAt(double seconds) const;
+
+private:
+    explicit AutomationCurve(std::vector<Point> points) : points_(std::move(points)) {}
+
+    std::vector<Point> points_; // one at least, by time
+};
+
+} // namespace pedl

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+
+namespace pedl {
+
+/// Turns the end signals into a question that a long job asks between its steps.
+///
+/// While an object lives, the first SIGINT, SIGTERM or SIGHUP only sets `signalNumber()`. The
+/// second one, and a crash (of a plug-in, mostly), remove the file named by `removeAtEnd` and end
+/// the process. A handler that somebody else installed for a crash is left alone.
+///
+/// One object at a time.
+class Interrupt {
+public:
+    Interrupt();
+    ~Interrupt();
+    Interrupt(const Interrupt&) = delete;
+    Interrupt& operator=(const Interrupt&) = delete;
+
+    /// The signal that came, 0 while none has.
+    [[nodiscard]] static int signalNumber();
+
+    /// Names the file that shall not survive a sudden end; an empty path names none.
+    static void removeAtEnd(const std::filesystem::path& path);
+};
+
+} // namespace pedl

@@ -1,0 +1,122 @@
+#include "host/OutputFile.h"
+
+#include "host/Interrupt.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace pedl {
+
+namespace {
+
+/// Permissions that a new file gets from the user's mask; asking for the mask means setting it.
+mode_t permissionsOfNewFiles() {
+    const mode_t mask = umask(0);
+    umask(mask);
+    return 0666 & ~mask;
+}
+
+} // namespace
+
+Result<std::unique_ptr<OutputFile>> OutputFile::create(const std::filesystem::path& path) {
+    std::error_code error;
+    std::filesystem::path target = std::filesystem::canonical(path, error);
+    if (error)
+        target = path; // not there yet
+    std::unique_ptr<OutputFile> file(new OutputFile(path, std::move(target)));
+    if (const Done opened = file->open(); !opened.ok())
+        return opened.problem();
+    return file;
+}
+
+Done OutputFile::open() {
+    struct stat held {};
+    const bool exists = stat(target_.c_str(), &held) == 0;
+    if (exists && S_ISDIR(held.st_mode))
+        return Problem{shown_.string() + ": is a folder"};
+    if (exists && S_ISCHR(held.st_mode)) {
+        descriptor_ = ::open(target_.c_str(), O_WRONLY | O_CLOEXEC);
+        return descriptor_ >= 0 ? done() : failed(errno);
+    }
+    if (exists && !S_ISREG(held.st_mode))
+        return Problem{shown_.string() +
+                       ": is not a file; audio cannot be written where it cannot go back"};
+    if (exists && access(target_.c_str(), W_OK) != 0)
+        return failed(errno);
+
+    const std::filesystem::path folder =
+        target_.has_parent_path() ? target_.parent_path() : std::filesystem::path(".");
+    std::string name = (folder / ".zmt-pedlfilter.XXXXXX").string();
+    descriptor_ = mkostemp(name.data(), O_CLOEXEC);
+    if (descriptor_ < 0) {
+        const int errorNumber = errno;
+        return Problem{shown_.string() + ": cannot be written in the folder " + folder.string() +
+                       ": " + std::strerror(errorNumber)};
+    }
+    temporary_ = name;
+    Interrupt::removeAtEnd(temporary_);
+    fchmod(descriptor_, exists ? held.st_mode & 07777 : permissionsOfNewFiles());
+    return done();
+}
+
+OutputFile::~OutputFile() {
+    if (descriptor_ >= 0)
+        close(descriptor_);
+    if (!temporary_.empty()) {
+        unlink(temporary_.c_str());
+        Interrupt::removeAtEnd({});
+    }
+}
+
+std::size_t OutputFile::write(const void* data, std::size_t bytes) {
+    const auto* from = static_cast<const std::byte*>(data);
+    for (std::size_t written = 0; written < bytes && errorNumber_ == 0;) {
+        const ssize_t more = pwrite(descriptor_, from + written, bytes - written,
+                                    placeBytes_ + static_cast<std::int64_t>(written));
+        if (more > 0)
+            written += static_cast<std::size_t>(more);
+        else if (more == 0 || errno != EINTR)
+            errorNumber_ = more == 0 ? EIO : errno;
+    }
+    if (errorNumber_ != 0)
+        return 0;
+    placeBytes_ += static_cast<std::int64_t>(bytes);
+    sizeBytes_ = std::max(sizeBytes_, placeBytes_);
+    return bytes;
+}
+
+Done OutputFile::state() const {
+    return errorNumber_ == 0 ? done() : failed(errorNumber_);
+}
+
+Done OutputFile::commit() {
+    if (errorNumber_ != 0)
+        return failed(errorNumber_);
+    if (temporary_.empty())
+        return done();
+    // Some file systems report a full disk only here.
+    const bool isSafe = fsync(descriptor_) == 0;
+    const int syncError = errno;
+    const bool isClosed = close(descriptor_) == 0;
+    const int closeError = errno;
+    descriptor_ = -1;
+    if (!isSafe || !isClosed)
+        return failed(!isSafe ? syncError : closeError);
+    if (rename(temporary_.c_str(), target_.c_str()) != 0)
+        return failed(errno);
+    temporary_.clear();
+    Interrupt::removeAtEnd({});
+    return done();
+}
+
+Problem OutputFile::failed(int errorNumber) const {
+    return {shown_.string() + ": cannot be written: " + std::strerror(errorNumber)};
+}
+
+} // namespace pedl

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "host/Result.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace pedl {
+
+/// A file that appears whole or not at all.
+///
+/// Bytes go into a temporary file beside the wanted one; `commit` makes them safe on the disk and
+/// puts them in its place. Without it the temporary file goes with the object, and whatever stood
+/// under the wanted name is untouched. A link is followed: the file it leads to is replaced, and
+/// keeps its permissions. A device (/dev/null) is written directly.
+class OutputFile {
+public:
+    static Result<std::unique_ptr<OutputFile>> create(const std::filesystem::path& path);
+    ~OutputFile();
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    /// Writes at the place where the file stands. Once a write has failed, all others do.
+    /// @return bytes written: all or, after a failure, 0
+    std::size_t write(const void* data, std::size_t bytes);
+
+    void seek(std::int64_t placeBytes) { placeBytes_ = placeBytes; }
+    [[nodiscard]] std::int64_t placeBytes() const { return placeBytes_; }
+    [[nodiscard]] std::int64_t sizeBytes() const { return sizeBytes_; }
+
+    /// Whether every write worked; otherwise a line that says why not.
+    [[nodiscard]] Done state() const;
+
+    /// The last call: puts the file in its place.
+    Done commit();
+
+private:
+    OutputFile(std::filesystem::path shown, std::filesystem::path target)
+        : shown_(std::move(shown)), target_(std::move(target)) {}
+
+    Done open();
+    [[nodiscard]] Problem failed(int errorNumber) const;
+
+    std::filesystem::path shown_;     // as the user named it
+    std::filesystem::path target_;    // where the bytes end up
+    std::filesystem::path temporary_; // empty for a device, and after `commit`
+    int descriptor_ = -1;
+    int errorNumber_ = 0; // of the first write that failed
+    std::int64_t placeBytes_ = 0;
+    std::int64_t sizeBytes_ = 0;
+};
+
+} // namespace pedl

@@ -1,0 +1,120 @@
+#include "host/RenderCommand.h"
+
+#include "host/Interrupt.h"
+#include "host/ProgressBar.h"
+#include "host/Selection.h"
+
+#include <cmath>
+#include <system_error>
+
+namespace pedl {
+
+namespace {
+
+/// Whether both names lead to one file, be it through links.
+bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
+    std::error_code error;
+    return std::filesystem::equivalent(a, b, error) && !error;
+}
+
+/// OUT must not be a file that the render reads.
+Done checkOutput(const RenderRequest& request) {
+    const std::string out = request.out.string();
+    if (isSameFile(request.in, request.out))
+        return Problem{out + ": is the same file as " + request.in.string() +
+                       "; a render cannot replace what it reads"};
+    if (isSameFile(request.plugin, request.out))
+        return Problem{out + ": is the plug-in itself"};
+    for (const std::string& text : request.automations)
+        if (isSameFile(text.substr(text.find('=') + 1), request.out))
+            return Problem{out + ": is a curve that the render reads"};
+    return AudioWriter::checkName(request.out);
+}
+
+Done checkPlugin(const Plugin& plugin, const RenderRequest& request) {
+    const std::string name = request.plugin.string();
+    if (plugin.record().numInputs == 0 || plugin.record().numOutputs == 0)
+        return Problem{name + ": has no audio " +
+                       (plugin.record().numInputs == 0 ? "input" : "output") +
+                       ", so it cannot process a file"};
+    if (request.precision == Precision::Double && !plugin.processesDouble())
+        return Problem{name + ": processes 32-bit audio only; leave --double out"};
+    return done();
+}
+
+Done applySettings(Plugin& plugin, const RenderRequest& request) {
+    if (request.program)
+        if (const Done selected = selectProgram(plugin, *request.program); !selected.ok())
+            return Problem{"--program: " + selected.problem().text};
+    for (const std::string& text : request.settings) {
+        const Result<Setting> setting = findSetting(plugin, text);
+        if (!setting.ok())
+            return Problem{"--set: " + setting.problem().text};
+        plugin.setParameter(setting.value().index, setting.value().normalised);
+    }
+    return done();
+}
+
+Result<std::vector<Automation>> loadCurves(Plugin& plugin, const RenderRequest& request) {
+    std::vector<Automation> automations;
+    for (const std::string& text : request.automations) {
+        const Result<Assignment> found = findAssignment(plugin, text);
+        if (!found.ok())
+            return Problem{"--automate: " + found.problem().text};
+        Result<AutomationCurve> curve = AutomationCurve::load(found.value().value);
+        if (!curve.ok())
+            return Problem{"--automate: " + curve.problem().text};
+        automations.push_back({found.value().index, std::move(curve.value())});
+    }
+    return automations;
+}
+
+} // namespace
+
+Result<RenderReport> render(const RenderRequest& request) {
+    const Interrupt interrupt;
+    Result<AudioReader> reader = AudioReader::open(request.in);
+    if (!reader.ok())
+        return reader.problem();
+    if (const Done checked = checkOutput(request); !checked.ok())
+        return checked.problem();
+
+    const double rateHz = reader.value().sampleRateHz();
+    Result<std::unique_ptr<Plugin>> loaded =
+        Plugin::load(request.plugin, {rateHz, request.blockFrames});
+    if (!loaded.ok())
+        return loaded.problem();
+    Plugin& plugin = *loaded.value();
+    if (const Done checked = checkPlugin(plugin, request); !checked.ok())
+        return checked.problem();
+    plugin.services().transport.tempoBpm = request.tempoBpm;
+    plugin.call(effSetProcessPrecision, 0,
+                request.precision == Precision::Double ? kVstProcessPrecision64
+                                                       : kVstProcessPrecision32);
+    if (const Done applied = applySettings(plugin, request); !applied.ok())
+        return applied.problem();
+    Result<std::vector<Automation>> curves = loadCurves(plugin, request);
+    if (!curves.ok())
+        return curves.problem();
+
+    const std::int64_t tailFrames = std::llround(request.tailSeconds * rateHz);
+    const std::int64_t lengthFrames = reader.value().lengthFrames() + tailFrames;
+    Result<AudioWriter> writer =
+        AudioWriter::create(request.out, reader.value().sampleRateHz(), lengthFrames);
+    if (!writer.ok())
+        return writer.problem();
+
+    ProgressBar progress;
+    Renderer renderer(plugin, reader.value(), writer.value(), request.blockFrames);
+    renderer.follow(std::move(curves.value()));
+    renderer.addTail(tailFrames);
+    renderer.onProgress([&progress](double share) { progress.show(share); });
+    Result<RenderReport> report = renderer.run(request.precision);
+    if (!report.ok())
+        return report;
+    if (const Done committed = writer.value().commit(); !committed.ok())
+        return committed.problem();
+    return report;
+}
+
+} // namespace pedl

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "host/Renderer.h"
+#include "host/Result.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pedl {
+
+/// What `zmt-pedlfilter render` was asked for, numbers in range already.
+struct RenderRequest {
+    std::filesystem::path in;
+    std::filesystem::path out;
+    std::filesystem::path plugin;
+    std::optional<std::string> program;   // name or slot
+    std::vector<std::string> settings;    // "parameter=value"
+    std::vector<std::string> automations; // "parameter=curve.csv"
+    double tempoBpm = 120.0;
+    VstInt32 blockFrames = 512;
+    Precision precision = Precision::Float;
+    double tailSeconds = 0.0;
+};
+
+/// Renders one file. Everything that can be found wrong beforehand is, before OUT is touched; the
+/// plug-in gets its program first, then the settings in their order, then the audio.
+Result<RenderReport> render(const RenderRequest& request);
+
+} // namespace pedl

@@ -1,0 +1,157 @@
+#include "host/Renderer.h"
+
+#include "host/Interrupt.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+namespace pedl {
+
+namespace {
+
+using SteadyClock = std::chrono::steady_clock;
+
+double secondsSince(SteadyClock::time_point start) {
+    return std::chrono::duration<double>(SteadyClock::now() - start).count();
+}
+
+/// The buffers of one block, one channel after the other, and the pointers plug-ins take.
+template <typename Sample> class Channels {
+public:
+    Channels(int count, VstInt32 frames)
+        : samples_(static_cast<std::size_t>(count) * static_cast<std::size_t>(frames)) {
+        for (int channel = 0; channel < count; ++channel)
+            pointers_.push_back(samples_.data() + static_cast<std::ptrdiff_t>(channel) * frames);
+        pointers_.push_back(nullptr); // never an empty list, even without channels
+    }
+
+    Sample* const* pointers() const { return pointers_.data(); }
+    Sample* operator[](int channel) const { return pointers_[static_cast<std::size_t>(channel)]; }
+    int count() const { return static_cast<int>(pointers_.size()) - 1; }
+
+private:
+    std::vector<Sample> samples_;
+    std::vector<Sample*> pointers_;
+};
+
+/// Spreads interleaved frames over the plug-in's inputs; further inputs keep their silence.
+template <typename Sample>
+void fillInputs(const std::vector<Sample>& interleaved, int channels, VstInt32 frames,
+                const Channels<Sample>& inputs) {
+    for (VstInt32 frame = 0; frame < frames; ++frame) {
+        const Sample* const in = interleaved.data() + static_cast<std::ptrdiff_t>(frame) * channels;
+        const Sample left = in[0];
+        const Sample right = in[channels - 1];
+        if (inputs.count() == 1) {
+            inputs[0][frame] = (left + right) / 2;
+        } else {
+            inputs[0][frame] = left;
+            inputs[1][frame] = right;
+        }
+    }
+}
+
+template <typename Sample>
+void interleave(const Channels<Sample>& outputs, VstInt32 frames, std::vector<Sample>& stereo) {
+    const Sample* const left = outputs[0];
+    const Sample* const right = outputs[outputs.count() > 1 ? 1 : 0];
+    for (VstInt32 frame = 0; frame < frames; ++frame) {
+        stereo[2 * static_cast<std::size_t>(frame)] = left[frame];
+        stereo[2 * static_cast<std::size_t>(frame) + 1] = right[frame];
+    }
+}
+
+template <typename Sample>
+void measure(const std::vector<Sample>& stereo, VstInt32 frames, RenderReport& report) {
+    for (std::size_t i = 0; i < 2 * static_cast<std::size_t>(frames); ++i) {
+        const double level = std::abs(static_cast<double>(stereo[i]));
+        if (!std::isfinite(level)) {
+            ++report.samplesNotFinite;
+            continue;
+        }
+        report.peak = std::max(report.peak, level);
+        if (level > 1.0)
+            ++report.samplesBeyondFullScale;
+    }
+}
+
+} // namespace
+
+Renderer::Renderer(Plugin& plugin, AudioReader& reader, AudioWriter& writer, VstInt32 blockFrames)
+    : plugin_(plugin), reader_(reader), writer_(writer), blockFrames_(blockFrames) {}
+
+Result<RenderReport> Renderer::run(Precision precision) {
+    return precision == Precision::Double ? runAs<double>() : runAs<float>();
+}
+
+template <typename Sample> Result<RenderReport> Renderer::runAs() {
+    const int channels = reader_.channels();
+    const Channels<Sample> inputs(plugin_.record().numInputs, blockFrames_);
+    const Channels<Sample> outputs(plugin_.record().numOutputs, blockFrames_);
+    const auto block = static_cast<std::size_t>(blockFrames_);
+    std::vector<Sample> fromFile(block * static_cast<std::size_t>(channels));
+    std::vector<Sample> toFile(block * 2);
+    const double wholeFrames = static_cast<double>(reader_.lengthFrames() + tailFrames_);
+
+    RenderReport report;
+    report.sampleRateHz = reader_.sampleRateHz();
+    applied_.assign(automation_.size(), -1.0F);
+    plugin_.services().transport.isPlaying = true;
+    plugin_.services().processLevel = kVstProcessLevelOffline;
+    plugin_.services().jumpTo(0);
+    applyCurves(); // before the switch-on, so that nothing glides from another value at the start
+    plugin_.resume();
+
+    const SteadyClock::time_point start = SteadyClock::now();
+    bool isInTail = false;
+    for (std::int64_t tailLeft = tailFrames_;;) {
+        VstInt32 frames = 0;
+        if (!isInTail) {
+            frames = static_cast<VstInt32>(reader_.read(fromFile.data(), blockFrames_));
+            isInTail = frames == 0;
+        }
+        if (isInTail) {
+            frames = static_cast<VstInt32>(std::min<std::int64_t>(tailLeft, blockFrames_));
+            tailLeft -= frames;
+            std::fill(fromFile.begin(), fromFile.end(), Sample{0});
+        }
+        if (frames == 0)
+            break;
+
+        fillInputs(fromFile, channels, frames, inputs);
+        const SteadyClock::time_point entered = SteadyClock::now();
+        applyCurves();
+        plugin_.process(inputs.pointers(), outputs.pointers(), frames);
+        report.pluginSeconds += secondsSince(entered);
+        interleave(outputs, frames, toFile);
+
+        measure(toFile, frames, report);
+        if (const Done written = writer_.write(toFile.data(), frames); !written.ok())
+            return written.problem();
+        report.frames += frames;
+        if (listener_)
+            listener_(std::min(1.0, static_cast<double>(report.frames) / wholeFrames));
+        if (Interrupt::signalNumber() != 0)
+            return Problem{"interrupted; nothing was written"};
+    }
+    plugin_.suspend();
+    report.wallSeconds = secondsSince(start);
+    if (const Done read = reader_.state(); !read.ok())
+        return read.problem();
+    return report;
+}
+
+void Renderer::applyCurves() {
+    HostServices& services = plugin_.services();
+    const double seconds = static_cast<double>(services.positionFrames()) / services.sampleRateHz;
+    for (std::size_t i = 0; i < automation_.size(); ++i) {
+        const float normalised = automation_[i].curve.valueAt(seconds);
+        if (normalised == applied_[i])
+            continue;
+        applied_[i] = normalised;
+        plugin_.setParameter(automation_[i].index, normalised);
+    }
+}
+
+} // namespace pedl

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "host/AudioReader.h"
+#include "host/AudioWriter.h"
+#include "host/AutomationCurve.h"
+#include "host/Plugin.h"
+#include "host/Result.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace pedl {
+
+enum class Precision { Float, Double };
+
+/// A curve and the parameter that follows it.
+struct Automation {
+    VstInt32 index = 0;
+    AutomationCurve curve;
+};
+
+/// What a finished render tells about itself.
+struct RenderReport {
+    std::int64_t frames = 0;
+    int sampleRateHz = 0;
+    double wallSeconds = 0.0;   // reading and writing the files included
+    double pluginSeconds = 0.0; // inside the plug-in alone
+    double peak = 0.0;          // largest finite sample, full scale at 1.0
+    std::int64_t samplesBeyondFullScale = 0;
+    std::int64_t samplesNotFinite = 0;
+
+    [[nodiscard]] double audioSeconds() const { return static_cast<double>(frames) / sampleRateHz; }
+};
+
+/// Runs a whole file through a plug-in, block by block: memory does not grow with the file.
+///
+/// Every block has the set size, but for the last of the audio and the last of the tail. Curves
+/// are read at the first frame of each block, so a smaller block follows them more closely. A mono
+/// file goes into both inputs, a stereo file into a plug-in with one input as the mean; further
+/// inputs are silent. The first two outputs are written, the only one to both sides.
+class Renderer {
+public:
+    /// @param plugin  prepared for the reader's rate and for `blockFrames`; suspended
+    Renderer(Plugin& plugin, AudioReader& reader, AudioWriter& writer, VstInt32 blockFrames);
+
+    void follow(std::vector<Automation> automation) { automation_ = std::move(automation); }
+    void addTail(std::int64_t frames) { tailFrames_ = frames; }
+    /// @param share  of the whole length, 0 to 1; called after each block
+    void onProgress(std::function<void(double share)> listener) { listener_ = std::move(listener); }
+
+    /// Renders and leaves the writer to be committed. Ends early, with a problem, when a file fails
+    /// or an end signal has come.
+    Result<RenderReport> run(Precision precision);
+
+private:
+    template <typename Sample> Result<RenderReport> runAs();
+    void applyCurves();
+
+    Plugin& plugin_;
+    AudioReader& reader_;
+    AudioWriter& writer_;
+    VstInt32 blockFrames_;
+    std::int64_t tailFrames_ = 0;
+    std::vector<Automation> automation_;
+    std::vector<float> applied_; // last value of each curve, -1 before the first
+    std::function<void(double)> listener_;
+};
+
+} // namespace pedl

@@ -1,0 +1,97 @@
+#include "host/Selection.h"
+
+#include "host/ValueFromText.h"
+
+#include <charconv>
+
+namespace pedl {
+
+namespace {
+
+/// How messages call a parameter.
+std::string calledAs(Plugin& plugin, VstInt32 index) {
+    const std::string name(trimmed(plugin.parameterName(index)));
+    return "parameter " + std::to_string(index) + (name.empty() ? "" : " (" + name + ")");
+}
+
+bool isNumber(std::string_view text, double& number) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc{} && end == text.data() + text.size();
+}
+
+} // namespace
+
+std::vector<NamedItem> namedParameters(Plugin& plugin) {
+    std::vector<NamedItem> items;
+    for (VstInt32 index = 0; index < plugin.numParameters(); ++index)
+        items.push_back({index, {plugin.parameterName(index), plugin.parameterLongName(index)}});
+    return items;
+}
+
+Result<Assignment> findAssignment(Plugin& plugin, std::string_view text) {
+    const std::size_t equals = text.find('=');
+    if (equals == std::string_view::npos)
+        return Problem{"\"" + std::string(text) + "\" is not PARAMETER=VALUE"};
+    const std::string_view parameter = trimmed(text.substr(0, equals));
+    Assignment assignment;
+    assignment.value = trimmed(text.substr(equals + 1));
+    if (const std::optional<int> index = indexFrom(parameter)) {
+        if (*index >= plugin.numParameters())
+            return Problem{"there is no parameter " + std::to_string(*index) +
+                           "; the plug-in has " + std::to_string(plugin.numParameters()) +
+                           ", counted from 0"};
+        assignment.index = *index;
+        assignment.isByIndex = true;
+        return assignment;
+    }
+    const Result<int> found = findByName(parameter, namedParameters(plugin), "parameter");
+    if (!found.ok())
+        return found.problem();
+    assignment.index = found.value();
+    return assignment;
+}
+
+Result<Setting> findSetting(Plugin& plugin, std::string_view text) {
+    const Result<Assignment> found = findAssignment(plugin, text);
+    if (!found.ok())
+        return found.problem();
+    const Assignment& assignment = found.value();
+    if (double number = 0.0; assignment.isByIndex && isNumber(assignment.value, number)) {
+        if (!(number >= 0.0 && number <= 1.0))
+            return Problem{calledAs(plugin, assignment.index) + ": " + assignment.value +
+                           " is outside 0 .. 1, as values by index are"};
+        return Setting{assignment.index, static_cast<float>(number)};
+    }
+    const Result<float> value = valueFromText(
+        assignment.value, plugin.parameterUnit(assignment.index),
+        [&](float normalised) { return plugin.displayTextAt(assignment.index, normalised); });
+    if (!value.ok())
+        return Problem{calledAs(plugin, assignment.index) + ": " + value.problem().text};
+    return Setting{assignment.index, value.value()};
+}
+
+Done selectProgram(Plugin& plugin, std::string_view nameOrSlot) {
+    const std::vector<std::string> names = plugin.programNames();
+    std::vector<NamedItem> items;
+    for (const std::string& name : names)
+        items.push_back({static_cast<int>(items.size()), {name}});
+
+    int slot = 0;
+    if (const std::optional<int> number = indexFrom(nameOrSlot)) {
+        slot = *number;
+        if (static_cast<std::size_t>(slot) >= names.size())
+            return Problem{"there is no program " + std::to_string(slot) + "; the plug-in has " +
+                           std::to_string(names.size()) + ", counted from 0"};
+    } else {
+        const Result<int> found = findByName(nameOrSlot, items, "program");
+        if (!found.ok())
+            return found.problem();
+        slot = found.value();
+    }
+    if (!plugin.selectProgram(slot))
+        return Problem{"the plug-in does not let program " + std::to_string(slot) +
+                       " be selected from outside"};
+    return done();
+}
+
+} // namespace pedl

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "host/NameMatch.h"
+#include "host/Plugin.h"
+#include "host/Result.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pedl {
+
+/// A parameter and the value that the user wants it to have.
+struct Setting {
+    VstInt32 index = 0;
+    float normalised = 0.0F;
+};
+
+/// A parameter and the rest of what the user wrote about it.
+struct Assignment {
+    VstInt32 index = 0;
+    bool isByIndex = false; // "21=..." and not "Filter Cutoff=..."
+    std::string value;
+};
+
+/// The plug-in's parameters under both their names, for `findByName`.
+[[nodiscard]] std::vector<NamedItem> namedParameters(Plugin& plugin);
+
+/// Splits "parameter=value" and finds the parameter, by its index or by its name.
+Result<Assignment> findAssignment(Plugin& plugin, std::string_view text);
+
+/// What "parameter=value" asks for. A number after an index is the normalised value; everything
+/// else is a text that the parameter shows.
+Result<Setting> findSetting(Plugin& plugin, std::string_view text);
+
+/// Makes the program with this name or slot number current.
+Done selectProgram(Plugin& plugin, std::string_view nameOrSlot);
+
+} // namespace pedl
