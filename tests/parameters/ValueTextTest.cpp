@@ -1,0 +1,188 @@
+#include "parameters/ValueText.h"
+
+#include "parameters/NoteDivision.h"
+
+#include <cmath>
+#include <functional>
+#include <gtest/gtest.h>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+namespace pedl {
+namespace {
+
+/// What follows a position: the text from there up to the next one.
+struct Change {
+    float from;
+    const char* text;
+};
+
+float justBelow(float value) {
+    return std::nextafter(value, 0.0F);
+}
+
+void expectChanges(TextRule rule, std::initializer_list<Change> changes) {
+    const std::vector<Change> list(changes);
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        SCOPED_TRACE(testing::Message() << list[i].text << " from " << list[i].from);
+        const float end = i + 1 < list.size() ? justBelow(list[i + 1].from) : 1.0F;
+        EXPECT_EQ(valueText(rule, list[i].from).view(), list[i].text);
+        EXPECT_EQ(valueText(rule, end).view(), list[i].text);
+    }
+}
+
+TEST(ValueText, SwitchesChangeInTheMiddle) {
+    expectChanges(TextRule::Process, {{0.0F, "process"}, {0.5F, "bypass"}});
+    expectChanges(TextRule::OnOff, {{0.0F, "off"}, {0.5F, "on"}});
+    expectChanges(TextRule::RandomType, {{0.0F, "fastRND"}, {0.5F, "slowRND"}});
+    expectChanges(TextRule::LevelSource, {{0.0F, "preset"}, {0.5F, "bank"}});
+    expectChanges(TextRule::Modulation, {{0.0F, "Mod on"}, {0.5F, "Mod off"}});
+    expectChanges(TextRule::NoteScale, {{0.0F, "freq"}, {0.5F, "note"}});
+}
+
+TEST(ValueText, SelectorsChangeAtOneAndThreeQuarters) {
+    expectChanges(TextRule::FreezeMode,
+                  {{0.0F, "monoOn"}, {0.25F, "monoOff"}, {0.75F, "bistable"}});
+    expectChanges(TextRule::SyncMode, {{0.0F, "off"}, {0.25F, "BPM"}, {0.75F, "hostBPM"}});
+    expectChanges(TextRule::Slope, {{0.0F, "off"}, {0.25F, "12 dB"}, {0.75F, "24 dB"}});
+    expectChanges(TextRule::Routing, {{0.0F, "pre WET"}, {0.25F, "post WET"}, {0.75F, "post MIX"}});
+}
+
+TEST(ValueText, LongThresholdModesAreCutToEightCharacters) {
+    expectChanges(TextRule::ThresholdMode,
+                  {{0.0F, "abovethr"}, {0.25F, "belowthr"}, {0.75F, "around"}});
+}
+
+TEST(ValueText, WaveIsCutNotRounded) {
+    expectChanges(TextRule::Wave, {{0.0F, "sin"},
+                                   {0.16666667F, "tri"},
+                                   {0.33333334F, "sawUp"},
+                                   {0.5F, "sawDown"},
+                                   {0.6666667F, "sqr"},
+                                   {0.8333334F, "spike"},
+                                   {1.0F, "rnd"}});
+}
+
+TEST(ValueText, ShownQuantityIsTheCutoffAtZeroAlone) {
+    EXPECT_EQ(valueText(TextRule::ShownQuantity, 0.0F).view(), "Freq");
+    EXPECT_EQ(valueText(TextRule::ShownQuantity, 0.1F).view(), "LFO");
+}
+
+/// Compares a numeric rule at a thousand positions with a formula in extended precision, leaving
+/// out positions at which the last digit is a matter of the last bit.
+void expectNumbers(TextRule rule, int decimals, const std::function<long double(long double)>& f) {
+    const long double scale = std::pow(10.0L, decimals);
+    int compared = 0;
+    for (int i = 0; i <= 1000; ++i) {
+        const float v = static_cast<float>(i) / 1000.0F;
+        const long double scaled = f(static_cast<long double>(v)) * scale;
+        const long double fraction = scaled - std::floor(scaled);
+        const bool isNearTie = std::abs(fraction - 0.5L) < 0.001L;
+        const bool isNearWhole = fraction < 0.001L || fraction > 0.999L;
+        if (isNearTie || isNearWhole || (scaled < 0.0L && scaled > -0.5L))
+            continue;
+        char expected[32];
+        std::snprintf(expected, sizeof expected, "%.*Lf", decimals, std::round(scaled) / scale);
+        EXPECT_EQ(valueText(rule, v).view(), expected) << "at " << v;
+        ++compared;
+    }
+    EXPECT_GT(compared, 400);
+}
+
+TEST(ValueText, NumbersFollowTheirFormulas) {
+    using std::pow;
+    expectNumbers(TextRule::Percent, 0, [](auto v) { return 100.0L * v; });
+    expectNumbers(TextRule::BipolarPercent, 0, [](auto v) { return 200.0L * v - 100.0L; });
+    expectNumbers(TextRule::SpreadDegrees, 0, [](auto v) { return 360.0L * v - 180.0L; });
+    expectNumbers(TextRule::LfoRateHz, 2, [](auto v) { return 14.99L * v + 0.01L; });
+    expectNumbers(TextRule::TempoBpm, 1, [](auto v) { return 585.0L * v + 15.0L; });
+    expectNumbers(TextRule::CutoffHz, 0, [](auto v) { return 20.0L * pow(1000.0L, v); });
+    expectNumbers(TextRule::ReleaseMs, 0,
+                  [](auto v) { return 3.0L * pow(1000.0L, pow(v, 0.585L)); });
+}
+
+TEST(ValueText, NumbersMeetTheirEnds) {
+    struct Row {
+        TextRule rule;
+        const char *atZero, *atOne;
+    };
+    for (const Row row :
+         {Row{TextRule::GainDb, "-24.0", "24.0"}, Row{TextRule::Percent, "0", "100"},
+          Row{TextRule::BipolarPercent, "-100", "100"}, Row{TextRule::SpreadDegrees, "-180", "180"},
+          Row{TextRule::WidthRatio, "75:25", "25:75"}, Row{TextRule::TempoBpm, "15.0", "600.0"},
+          Row{TextRule::Note, "8:1 ", "1:64 "}, Row{TextRule::CutoffHz, "20", "20000"},
+          Row{TextRule::ThresholdDb, "-48.0", "0.0"}, Row{TextRule::AttackMs, "1.0", "2000"},
+          Row{TextRule::ExtensionFactor, "off", "x4.0"}, Row{TextRule::ReleaseMs, "3", "3000"},
+          Row{TextRule::LevelDb, "-oo", "12.0"}, Row{TextRule::Empty, "", ""}}) {
+        SCOPED_TRACE(row.atZero);
+        EXPECT_EQ(valueText(row.rule, 0.0F).view(), row.atZero);
+        EXPECT_EQ(valueText(row.rule, 1.0F).view(), row.atOne);
+    }
+}
+
+TEST(ValueText, SlowestLfoRateReadsZero) {
+    // The float nearest to 0.01 lies below it, and its hundredfold rounds to a whole 1: no half is
+    // left to round up, and the digits are cut.
+    EXPECT_EQ(valueText(TextRule::LfoRateHz, 0.0F).view(), "0.00");
+    EXPECT_EQ(valueText(TextRule::LfoRateHz, 0.0004F).view(), "0.02"); // 0.015996
+    EXPECT_EQ(valueText(TextRule::LfoRateHz, 1.0F).view(), "15.00");
+}
+
+TEST(ValueText, GainJustBelowUnityHasNoMinusZero) {
+    EXPECT_EQ(valueText(TextRule::GainDb, 0.4999F).view(), "0.0");  // -0.0048 dB
+    EXPECT_EQ(valueText(TextRule::GainDb, 0.498F).view(), "0.0");   // -0.096 dB
+    EXPECT_EQ(valueText(TextRule::GainDb, 0.4975F).view(), "-0.1"); // -0.12 dB
+}
+
+TEST(ValueText, BipolarPercentJustBelowItsMiddleReadsMinusZero) {
+    EXPECT_EQ(valueText(TextRule::BipolarPercent, 0.499F).view(), "-0"); // -0.2 %
+    EXPECT_EQ(valueText(TextRule::BipolarPercent, 0.5F).view(), "0");
+}
+
+TEST(ValueText, MorphNamesItsThreePlainTypesAndCountsTenthsBetween) {
+    struct Row {
+        float v;
+        const char* text;
+    };
+    for (const Row row :
+         {Row{0.049F, "LPF"}, Row{0.05F, "L9:B1"}, Row{0.26F, "L5:B5"}, Row{0.474F, "L1:B9"},
+          Row{0.476F, "BPF"}, Row{0.5F, "BPF"}, Row{0.524F, "BPF"}, Row{0.526F, "B9:H1"},
+          Row{0.74F, "B5:H5"}, Row{0.949F, "B1:H9"}, Row{0.951F, "HPF"}, Row{1.0F, "HPF"}})
+        EXPECT_EQ(valueText(TextRule::FilterMorph, row.v).view(), row.text) << row.v;
+}
+
+TEST(ValueText, AttackLosesItsDecimalAtTenMilliseconds) {
+    // 10 ms where v^0.722 = log 10 / log 2000 = 0.30294, v = 0.19126
+    EXPECT_EQ(valueText(TextRule::AttackMs, 0.191F).view(), "10.0"); // 9.977 ms
+    EXPECT_EQ(valueText(TextRule::AttackMs, 0.192F).view(), "10");   // 10.07 ms
+    EXPECT_EQ(valueText(TextRule::AttackMs, 0.1F).view(), "4.2");    // 2000^0.18967 = 4.228
+}
+
+TEST(ValueText, ExtensionGrowsFasterAboveItsMiddle) {
+    struct Row {
+        float v;
+        const char* text;
+    };
+    for (const Row row : {Row{0.002F, "off"}, Row{0.003F, "x0.0"}, Row{0.12F, "x0.2"},
+                          Row{0.5F, "x1.0"}, Row{0.6F, "x1.6"}, Row{0.75F, "x2.5"}})
+        EXPECT_EQ(valueText(TextRule::ExtensionFactor, row.v).view(), row.text) << row.v;
+}
+
+TEST(ValueText, LevelsAreSquaresOfTheirPositions) {
+    EXPECT_EQ(valueText(TextRule::LevelDb, 0.5F).view(), "0.0");
+    EXPECT_EQ(valueText(TextRule::LevelDb, 0.25F).view(), "-12.0");
+    EXPECT_EQ(valueText(TextRule::LevelDb, 0.0005F).view(), "-120.0"); // factor 1.00000005e-6
+    EXPECT_EQ(valueText(TextRule::LevelDb, 0.0004F).view(), "-oo");
+    EXPECT_EQ(valueText(TextRule::ThresholdDb, 0.75F).view(), "-12.0");
+}
+
+TEST(ValueText, EveryNoteIsReachedInTheMiddleOfItsStep) {
+    for (std::size_t i = 0; i < kNoteDivisions.size() - 1; ++i) {
+        const float v = (static_cast<float>(i) + 0.5F) / 31.0F;
+        EXPECT_EQ(valueText(TextRule::Note, v).view(), noteDivisionText(kNoteDivisions[i]).view());
+    }
+}
+
+} // namespace
+} // namespace pedl
