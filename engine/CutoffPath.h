@@ -21,7 +21,9 @@ public:
     [[nodiscard]] static const CutoffTable& shared();
 
     /// @param index 0..kEntries - 1
-    [[nodiscard]] double hz(int index) const noexcept { return hz_[static_cast<std::size_t>(index)]; }
+    [[nodiscard]] double hz(int index) const noexcept {
+        return hz_[static_cast<std::size_t>(index)];
+    }
 
 private:
     CutoffTable();

@@ -202,8 +202,8 @@ void EnvelopeFollower::setSampleRate(double sampleRateHz) noexcept {
 void EnvelopeFollower::reinitialise() noexcept {
     smoothedRange_ = range_.get();
     smoothedRangeBelow_ = rangeBelow_.get();
-    state_.depthSlope.value = depthSlope_.get();
-    state_.depthRest.value = depthRest_.get();
+    state_.depthSlope.snap(depthSlope_.get());
+    state_.depthRest.snap(depthRest_.get());
     smoothedGainExponent_ = gainExponent_.get();
     smoothedCutoffAmount_ = cutoffAmount_.get();
     state_.first = state_.second = restPower(mode());
@@ -250,8 +250,7 @@ void EnvelopeFollower::process(const StereoStretch& gained, double normalisedRat
     controls.mode = mode();
     controls.thresholdFactor = thresholdFactor_.get();
     controls.belowFloor = belowFloor_.get();
-    controls.range =
-        controls.mode == ThresholdMode::Below ? smoothedRangeBelow_ : smoothedRange_;
+    controls.range = controls.mode == ThresholdMode::Below ? smoothedRangeBelow_ : smoothedRange_;
     controls.holdFrames = holdFrames_.get();
     controls.attack1 = attack1_.get();
     controls.attack2 = attack2_.get();
@@ -262,8 +261,8 @@ void EnvelopeFollower::process(const StereoStretch& gained, double normalisedRat
     controls.rateAmount = rateAmount_.get();
     controls.normalisedRate = normalisedRate;
 
-    state_.depthSlope.fill(state_.depthSlopes, depthSlope_.get(), perFrame, frames);
-    state_.depthRest.fill(state_.depthRests, depthRest_.get(), perFrame, frames);
+    state_.depthSlope.advance(depthSlope_.get(), perFrame, frames);
+    state_.depthRest.advance(depthRest_.get(), perFrame, frames);
     stages_.envelope(state_, controls, gained, frames, output);
 }
 

@@ -91,9 +91,7 @@ public:
         double first = 1.0;  ///< first smoother, in threshold units of power
         double second = 1.0; ///< second smoother
         StretchSmoother depthSlope;
-        StretchSmoother depthRest{1.0, true};
-        MonoStretch depthSlopes;
-        MonoStretch depthRests;
+        StretchSmoother depthRest{1.0};
         MonoStretch power; ///< behind threshold, hold and smoothers
     };
 

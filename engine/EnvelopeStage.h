@@ -3,6 +3,8 @@
 #include "engine/EnvelopeFollower.h"
 #include "engine/VectorMath.h"
 
+#include <cstdint>
+
 namespace pedl {
 
 /// Inner loops of the envelope follower.
@@ -44,22 +46,19 @@ private:
         for (int i = 0; i < frames; ++i) {
             const double left = gained.at[2 * i];
             const double right = gained.at[2 * i + 1];
-            double power =
-                (right * right + left * left) * kPowerScale * controls.thresholdFactor;
+            double power = (right * right + left * left) * kPowerScale * controls.thresholdFactor;
             if constexpr (mode == Mode::Above)
                 power = power > 1.0 ? power : 1.0;
             if constexpr (mode == Mode::Below)
                 power = power < 1.0 ? power : 1.0;
-            const bool isPeak = power > held;
             const bool isOver = heldFrames > controls.holdFrames;
-            held = isPeak || isOver ? power : held;
-            heldFrames = (isPeak ? 0 : heldFrames) + 1;
+            const std::int64_t keepsCount = static_cast<std::int64_t>(power > held) - 1;
+            held = isOver || power > held ? power : held;
+            heldFrames = (heldFrames & keepsCount) + 1;
 
-            const double rise1 = held - first;
-            first = first + rise1 * (rise1 > 0.0 ? controls.attack1 : controls.release1) +
+            first = first + step(held - first, controls.attack1, controls.release1) +
                     kDenormalGuard - kDenormalGuard;
-            const double rise2 = first - second;
-            second = second + rise2 * (rise2 > 0.0 ? controls.attack2 : controls.release2) +
+            second = second + step(first - second, controls.attack2, controls.release2) +
                      kDenormalGuard - kDenormalGuard;
             state.power.at[i] = second;
         }
@@ -67,6 +66,17 @@ private:
         state.first = first;
         state.second = second;
         state.heldFrames = heldFrames;
+    }
+
+    /// One smoother's step: `way` times the attack upwards, times the release downwards. Of both
+    /// products that is the larger one where the attack is faster, else the smaller one: no branch
+    /// that the sound would make unpredictable.
+    static double step(double way, double attack, double release) {
+        const double up = way * attack;
+        const double down = way * release;
+        if (attack >= release)
+            return up > down ? up : down;
+        return up < down ? up : down;
     }
 
     /// Level, and what follows from it for depth, cut-off, rate and gain.
@@ -77,6 +87,8 @@ private:
         constexpr double kAboveFloor = 0.0001;
         constexpr double kBelowFloor = 0.0002;
         constexpr double kAroundFloor = 0.1;
+        const MonoStretch& slope = state.depthSlope.stretch();
+        const MonoStretch& rest = state.depthRest.stretch();
         const V range(controls.range);
         const V one(1.0);
         const bool hasGain = controls.gainExponent != 1.0;
@@ -89,30 +101,27 @@ private:
             V level, cutoffLevel, logOfGainBase;
             if constexpr (mode == Mode::Above) {
                 const V over = (root - one) * range + V(1.0) - V(kAboveFloor);
-                const V logarithm =
-                    vectormath::log(xsimd::max(over, V(0.0)) + V(kAboveFloor));
+                const V logarithm = vectormath::log(xsimd::max(over, V(0.0)) + V(kAboveFloor));
                 level = logarithm * V(vectormath::kLog10OfE);
                 cutoffLevel = level;
                 logOfGainBase = logarithm;
             } else if constexpr (mode == Mode::Below) {
                 const V under = (root - one) * range + V(2.0001) - V(kBelowFloor);
-                const V logarithm = vectormath::log(
-                    (xsimd::max(under, V(0.0)) + V(kBelowFloor)) * V(0.5));
+                const V logarithm =
+                    vectormath::log((xsimd::max(under, V(0.0)) + V(kBelowFloor)) * V(0.5));
                 // The level rises as the input falls, the cut-off falls with the input.
                 cutoffLevel = logarithm * V(vectormath::kLog10OfE);
                 level = -cutoffLevel;
                 logOfGainBase = xsimd::max(logarithm, logOfBelowFloor);
             } else {
-                const V around =
-                    xsimd::max(root - V(kAroundFloor), V(0.0)) + V(kAroundFloor);
+                const V around = xsimd::max(root - V(kAroundFloor), V(0.0)) + V(kAroundFloor);
                 level = vectormath::log(around) * V(vectormath::kLog10OfE) * range;
                 cutoffLevel = level;
                 logOfGainBase = hasGain ? vectormath::log(range * around + one) : V(0.0);
             }
             level.store_aligned(output.level.at + i);
 
-            const V depth = V::load_aligned(state.depthSlopes.at + i) * level +
-                            V::load_aligned(state.depthRests.at + i);
+            const V depth = V::load_aligned(slope.at + i) * level + V::load_aligned(rest.at + i);
             const V clamped = (xsimd::abs(depth) - xsimd::abs(depth - one) + one) * V(0.5);
             clamped.store_aligned(output.depth.at + i);
 

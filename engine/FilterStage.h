@@ -22,30 +22,33 @@ template <typename Lanes> struct FilterStage {
 
     static void run(State& state, const Controls& controls, StereoStretch& io,
                     const CutoffStretch& cutoff, int frames) {
-        Work& work = state.work;
-        state.q.fill(work.q, controls.q, controls.smoothing, frames);
-        state.type.fill(work.type, controls.type, controls.smoothing, frames);
-        state.slope.fill(work.slope, controls.slope, controls.smoothing, frames);
+        state.q.advance(controls.q, controls.smoothing, frames);
+        state.type.advance(controls.type, controls.smoothing, frames);
+        state.slope.advance(controls.slope, controls.smoothing, frames);
 
-        const bool isFixed =
-            cutoff.isConstant && state.q.isConstant && state.type.isConstant;
-        int lanes = isFixed ? kFewest : 2 * frames;
-        poles(work, controls, cutoff, lanes);
-        bool areZerosAtRest = zeroTargets(state, controls, lanes);
-        if (isFixed && !areZerosAtRest) {
-            lanes = 2 * frames;
-            poles(work, controls, cutoff, lanes);
-            zeroTargets(state, controls, lanes);
+        const bool isFixed = cutoff.isConstant && state.q.isConstant() && state.type.isConstant();
+        if (isFixed) {
+            poles(state, controls, cutoff, kFewest);
+            zeroTargets(state, controls, kFewest);
+            if (areZerosAtRest(state, controls)) {
+                holdZeros(state, kFewest);
+                numerators(state.work, kFewest);
+                biquads(state, io, 0, frames);
+                return;
+            }
         }
-        if (!areZerosAtRest)
+        const int lanes = 2 * frames;
+        poles(state, controls, cutoff, lanes);
+        zeroTargets(state, controls, lanes);
+        if (isTypeAtEnd(state) && areZerosAtRest(state, controls))
+            holdZeros(state, lanes);
+        else
             glide(state, controls, frames);
-        numerators(work, lanes);
-        biquads(state, io, isFixed && areZerosAtRest ? 0 : 2, frames);
+        numerators(state.work, lanes);
+        biquads(state, io, 2, frames);
     }
 
 private:
-    static V constant(const MonoStretch& mono) { return V(mono.at[0]); }
-
     /// The values of `mono` for the stereo register at `lane`.
     static V spread(const MonoStretch& mono, int lane) {
         const auto both = doubled(V::load_aligned(mono.at + lane / (2 * kLanes) * kLanes));
@@ -53,8 +56,9 @@ private:
     }
 
     /// Cut-off, effective resonance, gain staging and denominator.
-    static void poles(Work& work, const Controls& controls, const CutoffStretch& cutoff,
+    static void poles(State& state, const Controls& controls, const CutoffStretch& cutoff,
                       int lanes) {
+        Work& work = state.work;
         constexpr double kSpanHz = kHighestCutoffHz - kLowestCutoffHz;
         constexpr double kPositionsPerHz = (TrigonometryTable::kEntries - 1) / kSpanHz;
         const V one(1.0), low(kLowestCutoffHz), high(kHighestCutoffHz);
@@ -74,7 +78,7 @@ private:
             const V hz = V::load_aligned(work.cutoffHz.at + i);
             const V sine = V::load_aligned(work.sine.at + i);
             const V cosine = V::load_aligned(work.cosine.at + i);
-            const V smoothedQ = spread(work.q, i);
+            const V smoothedQ = spread(state.q.stretch(), i);
             // The resonance comes down as the cut-off nears Nyquist.
             const V way = hz * V(controls.inverseTopHz);
             const V way2 = way * way;
@@ -93,23 +97,22 @@ private:
         }
     }
 
-    /// Where the zeros are to go; true when they are there and will stay.
-    static bool zeroTargets(State& state, const Controls& controls, int lanes) {
-        Work& work = state.work;
-        const bool isAtEnd =
-            state.type.isConstant && (state.type.value == 0.0 || state.type.value == 1.0);
-        if (isAtEnd)
-            fillTargets(work, V(2.0 * state.type.value - 1.0), lanes);
-        else
-            morphTargets(state, controls, lanes);
-        const bool isConstant = isAtEnd || lanes == kFewest;
-        return isConstant && isAtRest(state, controls);
+    /// At a pure low-pass or high-pass both zeros meet, whatever the cut-off.
+    static bool isTypeAtEnd(const State& state) {
+        const double type = state.type.value();
+        return state.type.isConstant() && (type == 0.0 || type == 1.0);
     }
 
-    static void fillTargets(Work& work, V target, int lanes) {
+    /// Where the zeros are to go.
+    static void zeroTargets(State& state, const Controls& controls, int lanes) {
+        if (!isTypeAtEnd(state)) {
+            morphTargets(state, controls, lanes);
+            return;
+        }
+        const V end(2.0 * state.type.value() - 1.0);
         for (int i = 0; i < lanes; i += kLanes) {
-            target.store_aligned(work.zero1.at + i);
-            target.store_aligned(work.zero2.at + i);
+            end.store_aligned(state.work.zero1.at + i);
+            end.store_aligned(state.work.zero2.at + i);
         }
     }
 
@@ -117,22 +120,22 @@ private:
         Work& work = state.work;
         for (int i = 0; i < lanes; ++i) {
             const auto hz = static_cast<std::size_t>(work.cutoffHz.at[i]);
-            const bool isUpper = work.type.at[i / 2] > 0.5;
+            const bool isUpper = state.type.stretch().at[i / 2] > 0.5;
             work.exponent.at[i] =
                 isUpper ? controls.morph->towardsHighPass[hz] : controls.morph->towardsLowPass[hz];
         }
         const V one(1.0), two(2.0);
         // A type at rest has one logarithm for the whole stretch.
-        const V restBase = V(state.type.value <= 0.5 ? 2.0 * state.type.value
-                                                     : 2.0 - 2.0 * state.type.value);
+        const double type0 = state.type.value();
+        const V restBase(type0 <= 0.5 ? 2.0 * type0 : 2.0 - 2.0 * type0);
         const V restLogarithm = logarithm(restBase);
         for (int i = 0; i < lanes; i += kLanes) {
-            const V type = spread(work.type, i);
+            const V type = spread(state.type.stretch(), i);
             const auto isLower = type <= V(0.5);
-            const V base = state.type.isConstant
+            const V base = state.type.isConstant()
                                ? restBase
                                : xsimd::select(isLower, two * type, two - two * type);
-            const V logBase = state.type.isConstant ? restLogarithm : logarithm(base);
+            const V logBase = state.type.isConstant() ? restLogarithm : logarithm(base);
             const V power = vectormath::exp(V::load_aligned(work.exponent.at + i) * logBase);
             const V way = xsimd::select(base > V(0.0), power, V(0.0));
             xsimd::select(isLower, -one, one - two * way).store_aligned(work.zero1.at + i);
@@ -150,27 +153,21 @@ private:
         return zero + (target - zero) * step + guard - guard;
     }
 
-    static bool isAtRest(const State& state, const Controls& controls) {
+    /// Whether the zeros stay where they are for targets that stay, too.
+    static bool areZerosAtRest(const State& state, const Controls& controls) {
         const Pair step(controls.inverseGlideFrames);
         const Pair zero1 = Pair::load_aligned(state.zero1);
         const Pair zero2 = Pair::load_aligned(state.zero2);
-        const auto stays1 =
-            glided(zero1, Pair::load_aligned(state.work.zero1.at), step) == zero1;
-        const auto stays2 =
-            glided(zero2, Pair::load_aligned(state.work.zero2.at), step) == zero2;
-        if (!xsimd::all(stays1) || !xsimd::all(stays2))
-            return false;
-        return restAt(state);
+        const auto stays1 = glided(zero1, Pair::load_aligned(state.work.zero1.at), step) == zero1;
+        const auto stays2 = glided(zero2, Pair::load_aligned(state.work.zero2.at), step) == zero2;
+        return xsimd::all(stays1) && xsimd::all(stays2);
     }
 
-    /// Leaves the resting zeros where the targets were, for the numerators to read.
-    static bool restAt(const State& state) {
-        Work& work = const_cast<Work&>(state.work);
-        for (int i = 0; i < 2 * kStretchFrames; i += 2) {
-            Pair::load_aligned(state.zero1).store_aligned(work.zero1.at + i);
-            Pair::load_aligned(state.zero2).store_aligned(work.zero2.at + i);
+    static void holdZeros(State& state, int lanes) {
+        for (int i = 0; i < lanes; i += 2) {
+            Pair::load_aligned(state.zero1).store_aligned(state.work.zero1.at + i);
+            Pair::load_aligned(state.zero2).store_aligned(state.work.zero2.at + i);
         }
-        return true;
     }
 
     /// Moves the zeros towards their targets: type changes are heard as a glide, not as a click.
@@ -233,11 +230,11 @@ private:
             const Pair forward = x * Pair::load_aligned(work.b0.at + at) +
                                  Pair::load_aligned(work.b1.at + at) * x1 +
                                  Pair::load_aligned(work.b2.at + at) * x2;
-            const Pair back = Pair::load_aligned(work.a1.at + at) * y1 +
-                              Pair::load_aligned(work.a2.at + at) * y2;
+            const Pair back =
+                Pair::load_aligned(work.a1.at + at) * y1 + Pair::load_aligned(work.a2.at + at) * y2;
             const Pair y = forward - back + guard - guard;
-            const Pair u = xsimd::min(
-                xsimd::max(Pair::load_aligned(work.drive.at + at) * y, -three), three);
+            const Pair u =
+                xsimd::min(xsimd::max(Pair::load_aligned(work.drive.at + at) * y, -three), three);
             const Pair square = u * u;
             const Pair clipped = u * Pair::load_aligned(work.inverseDrive.at + at) *
                                  (square + k27) / (Pair(9.0) * square + k27);
@@ -259,6 +256,7 @@ private:
     /// @param step lanes from one frame's coefficients to the next: 0 when they are constant
     static void biquads(State& state, StereoStretch& io, int step, int frames) {
         const Work& work = state.work;
+        const MonoStretch& slopes = state.slope.stretch();
         Biquad first(state.stages[0]);
         Biquad second(state.stages[1]);
         for (int i = 0, at = 0; i < frames; ++i, at += step) {
@@ -266,7 +264,7 @@ private:
             const Pair slope12 =
                 first.next(Pair::load_aligned(io.at + 2 * i) * inputScale, work, at);
             const Pair slope24 = second.next(slope12 * inputScale, work, at);
-            const Pair slope(work.slope.at[i]);
+            const Pair slope(slopes.at[i]);
             ((Pair(1.0) - slope) * slope12 + slope * slope24).store_aligned(io.at + 2 * i);
         }
         first.store(state.stages[0]);

@@ -24,7 +24,9 @@ Lfo::Lfo(std::uint32_t seed, InstructionSet instructions)
     updateBiquad();
 }
 
-void Lfo::setType(double normalised) noexcept { type_.set(static_cast<int>(6.0 * normalised)); }
+void Lfo::setType(double normalised) noexcept {
+    type_.set(static_cast<int>(6.0 * normalised));
+}
 
 void Lfo::setFilter(double normalised) noexcept {
     filter_.set(normalised);
@@ -88,8 +90,8 @@ void Lfo::lockPhase(double phaseCycles) noexcept {
 }
 
 void Lfo::process(const MonoStretch& rateHz, int frames, LfoOutput& output) noexcept {
-    constexpr double kFastStepsACycle = 8.0;   // random values in one LFO cycle
-    constexpr double kWaveStepsACycle = 4.0;   // the same for the random wave itself
+    constexpr double kFastStepsACycle = 8.0; // random values in one LFO cycle
+    constexpr double kWaveStepsACycle = 4.0; // the same for the random wave itself
     constexpr double kSlowStepsASecond = 0.625;
     constexpr double kSmoothing = 0.3; // of the low-pass's coefficient
     const double sampleRateHz = sampleRateHz_.get();

@@ -90,9 +90,9 @@ private:
             }
 
             phase = wrapped(phase + increment);
-            randomPhase = wrapped(randomPhase + (controls.randomFollowsRate
-                                                     ? rate * controls.randomScale
-                                                     : controls.randomScale));
+            randomPhase =
+                wrapped(randomPhase + (controls.randomFollowsRate ? rate * controls.randomScale
+                                                                  : controls.randomScale));
         }
         state.phase = phase;
         state.randomPhase = randomPhase;
@@ -134,20 +134,32 @@ private:
     }
 
     /// Narrow peaks for widths above 1, wide ones below: 0..1 becomes -1..1.
+    ///
+    /// A slow wave stays on one step of its table for many frames: what equals the frames before is
+    /// not bent anew.
     static void bend(const Controls& controls, const StereoStretch& table, int frames,
                      StereoStretch& raw) {
-        const V one(1.0), two(2.0);
-        for (int i = 0; i < 2 * frames; i += kLanes) {
+        V last = V::load_aligned(table.at);
+        V bent = bentWave(controls, last);
+        bent.store_aligned(raw.at);
+        for (int i = kLanes; i < 2 * frames; i += kLanes) {
             const V u = V::load_aligned(table.at + i);
-            V bent;
-            if (controls.width > 1.0)
-                bent = two * vectormath::pow(u, V(controls.width)) - one;
-            else if (controls.inverseWidth > 1.0)
-                bent = one - two * vectormath::pow(one - u, V(controls.inverseWidth));
-            else
-                bent = one - two * xsimd::max(one - u, V(0.0));
+            if (!xsimd::all(u == last)) {
+                bent = bentWave(controls, u);
+                last = u;
+            }
             bent.store_aligned(raw.at + i);
         }
+    }
+
+    static V bentWave(const Controls& controls, V u) {
+        const V one(1.0), two(2.0);
+        if (controls.width > 1.0)
+            return two * vectormath::pow(u, V(controls.width)) - one;
+        const V rest = xsimd::max(one - u, V(0.0));
+        if (controls.inverseWidth > 1.0)
+            return one - two * vectormath::pow(rest, V(controls.inverseWidth));
+        return one - two * rest;
     }
 
     /// The width is the pulse width: where the bent sine crosses the middle.
@@ -186,8 +198,8 @@ private:
             exponent.at[2 * i + 1] = right > 0.0 ? controls.width : controls.inverseWidth;
         }
         for (int i = 0; i < 2 * frames; i += kLanes) {
-            const V bent = vectormath::pow(V::load_aligned(base.at + i),
-                                           V::load_aligned(exponent.at + i));
+            const V bent =
+                vectormath::pow(V::load_aligned(base.at + i), V::load_aligned(exponent.at + i));
             const V u = V::load_aligned(table.at + i);
             xsimd::select(u > V(0.0), bent, -bent).store_aligned(raw.at + i);
         }

@@ -124,20 +124,22 @@ void ModFilterEngine::controlTick(const Block& block) noexcept {
 }
 
 void ModFilterEngine::processStretch(const Block& block, int frames) noexcept {
-    dryPeak_.raiseTo(stages_.input(raw_, inputGain_.value, gained_, frames) * 0.5);
+    stages_.input(raw_, inputGain_.value, gained_, frames);
+    dryPeak_.raiseTo(stages_.largestSum(gained_, frames) * 0.5);
     modulate(block, frames);
     const CutoffStretch& cutoffHz = block.isFrozen ? frozenCutoffHz_ : cutoffHz_;
     const MonoStretch& envelopeGain = block.isFrozen ? frozenEnvelopeGain_ : envelopeOutput_.gain;
 
     wetSignal_ = gained_;
     filter_.process(wetSignal_, cutoffHz, frames);
-    const bool isGainModulated = !lfoToGainSmoother_.isConstant || lfoToGainSmoother_.value != 0.0;
+    const bool isGainModulated =
+        !lfoToGainSmoother_.isConstant() || lfoToGainSmoother_.value() != 0.0;
     if (isGainModulated)
-        stages_.lfoGain(envelopeOutput_.depth, lfoToGainAmount_,
+        stages_.lfoGain(envelopeOutput_.depth, lfoToGainSmoother_.stretch(),
                         block.isFrozen ? frozenLfo_ : lfoOutput_.smoothed, frames, outputGain_);
     const StereoStretch& gain = isGainModulated ? outputGain_ : unityGain_;
-    wetPeak_.raiseTo(stages_.wet(wetSignal_, gained_, filterSwitch_.value, gain, envelopeGain,
-                                 envelope_.makeup(), frames));
+    stages_.wet(wetSignal_, gained_, filterSwitch_.value, gain, envelopeGain, envelope_.makeup(),
+                frames);
     const int last = frames - 1;
     const double envelopeShare = envelopeGain.at[last] * envelope_.makeup();
     shownGainLeft_.set(gain.at[2 * last] * envelopeShare);
@@ -149,7 +151,7 @@ void ModFilterEngine::processStretch(const Block& block, int frames) noexcept {
 
 /// Envelope follower, LFO and cut-off run on while frozen; only the use of what they say stops.
 void ModFilterEngine::modulate(const Block& block, int frames) noexcept {
-    lfoToGainSmoother_.fill(lfoToGainAmount_, block.lfoToGain, perFrame_, frames);
+    lfoToGainSmoother_.advance(block.lfoToGain, perFrame_, frames);
     envelope_.process(gained_, lfo_.normalisedRate(), perFrame_, frames, envelopeOutput_);
     lfo_.process(envelopeOutput_.rateHz, frames, lfoOutput_);
     cutoff_.process(block.lfoToCutoff, envelopeOutput_.depth, lfoOutput_.raw,
@@ -188,14 +190,17 @@ void ModFilterEngine::route(const Block& block, int frames) noexcept {
     switch (block.routing) {
     case Routing::PreWet:
         limitAndSaturate(wetSignal_, frames);
+        wetPeak_.raiseTo(stages_.largestSum(wetSignal_, frames));
         stages_.mix(wetSignal_, wet_.value, gained_, dry_.value, frames);
         break;
     case Routing::PostWet:
+        wetPeak_.raiseTo(stages_.largestSum(wetSignal_, frames));
         stages_.mix(wetSignal_, wet_.value, gained_, 0.0, frames);
         limitAndSaturate(wetSignal_, frames);
         stages_.mix(wetSignal_, 1.0, gained_, dry_.value, frames);
         break;
     case Routing::PostMix:
+        wetPeak_.raiseTo(stages_.largestSum(wetSignal_, frames));
         stages_.mix(wetSignal_, wet_.value, gained_, dry_.value, frames);
         limitAndSaturate(wetSignal_, frames);
         break;
@@ -271,7 +276,7 @@ void ModFilterEngine::reinitialise(std::uint32_t seed) {
         value->snap();
     // The input gain goes on gliding: a resumed track must not jump in level.
     cutoff_.reinitialise();
-    lfoToGainSmoother_.value = lfoToGain_.get(); // as set, whether switched on or not
+    lfoToGainSmoother_.snap(lfoToGain_.get()); // as set, whether switched on or not
     envelope_.reinitialise();
     isLocked_.set(false);
     lockedPhase_.set(0.0);
@@ -345,8 +350,8 @@ void ModFilterEngine::setEnvAttack(float normalised) noexcept {
 }
 
 void ModFilterEngine::setEnvRelease(float normalised) noexcept {
-    envelope_.setReleaseTime(
-        3.0 * std::pow(1000.0, std::pow(static_cast<double>(normalised), 0.585)));
+    envelope_.setReleaseTime(3.0 *
+                             std::pow(1000.0, std::pow(static_cast<double>(normalised), 0.585)));
 }
 
 void ModFilterEngine::setLfoToCutoffSwitch(float normalised) noexcept {
@@ -409,8 +414,8 @@ void ModFilterEngine::setModulation(float normalised) noexcept {
 
 void ModFilterEngine::setPhaseSync(bool isLocked, double phaseCycles) noexcept {
     constexpr double kRateAtRest = 0.005; // of the envelope's share in the rate
-    const bool isLockable = lfo_.wave() != Lfo::Wave::Random &&
-                            std::abs(envelope_.rateAmount()) <= kRateAtRest;
+    const bool isLockable =
+        lfo_.wave() != Lfo::Wave::Random && std::abs(envelope_.rateAmount()) <= kRateAtRest;
     isLocked_.set(isLocked && isLockable);
     lockedPhase_.set(phaseCycles);
 }

@@ -196,7 +196,7 @@ private:
     LfoOutput lfoOutput_;
     CutoffStretch cutoffHz_, frozenCutoffHz_;
     StereoStretch frozenLfo_, outputGain_, unityGain_;
-    MonoStretch frozenEnvelopeGain_, lfoToGainAmount_;
+    MonoStretch frozenEnvelopeGain_;
 
     /// The last values before a freeze, in the order of ModulationState.
     struct Snapshot {

@@ -31,7 +31,9 @@ void MultimodeFilter::setSampleRate(double sampleRateHz) {
     trigonometry_ = TrigonometryTable::forRate(rate);
 }
 
-void MultimodeFilter::setType(double type) noexcept { typeTarget_.set(std::clamp(type, 0.0, 1.0)); }
+void MultimodeFilter::setType(double type) noexcept {
+    typeTarget_.set(std::clamp(type, 0.0, 1.0));
+}
 
 void MultimodeFilter::setResonance(double resonance) noexcept {
     const double inside = std::clamp(resonance, 0.0, 1.0);
@@ -57,9 +59,9 @@ void MultimodeFilter::updateSaturationScale() noexcept {
 }
 
 void MultimodeFilter::reset() noexcept {
-    state_.q.value = qTarget_.get();
-    state_.slope.value = slopeTarget_.get();
-    state_.type.value = typeTarget_.get();
+    state_.q.snap(qTarget_.get());
+    state_.slope.snap(slopeTarget_.get());
+    state_.type.snap(typeTarget_.get());
     for (int channel = 0; channel < 2; ++channel)
         state_.zero1[channel] = state_.zero2[channel] = -1.0;
     for (History& history : state_.stages)

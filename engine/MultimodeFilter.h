@@ -59,7 +59,6 @@ public:
         StereoStretch inputScale, numeratorScale, alphaGain;
         StereoStretch a1, a2, b0, b1, b2, drive, inverseDrive;
         StereoStretch zero1, zero2;
-        MonoStretch q, type, slope;
     };
 
     struct State {

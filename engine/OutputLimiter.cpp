@@ -13,7 +13,7 @@ constexpr double kDriveCornerHz = 5.0;
 } // namespace
 
 OutputLimiter::OutputLimiter(InstructionSet instructions) : stages_(stagesFor(instructions)) {
-    state_.drive.value = driveTarget_.get();
+    state_.drive.snap(driveTarget_.get());
     smoothing_ = onePoleCoefficient(kDriveCornerHz, sampleRateHz_);
     setDefaults();
 }
@@ -45,7 +45,7 @@ void OutputLimiter::setSampleRate(double sampleRateHz) noexcept {
 
 void OutputLimiter::reset() noexcept {
     state_.gain = 1.0;
-    state_.drive.value = driveTarget_.get();
+    state_.drive.snap(driveTarget_.get());
     state_.envelope = 0.0;
 }
 

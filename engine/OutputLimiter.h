@@ -26,7 +26,8 @@ public:
     /// The times it works with: 5 ms and 50 ms.
     void setDefaults() noexcept;
 
-    /// @param sampleRateHz outside 44100..192000 taken as the nearer bound. The ceiling's ramp keeps
+    /// @param sampleRateHz outside 44100..192000 taken as the nearer bound. The ceiling's ramp
+    /// keeps
     ///                     the rate that was set before this one.
     void setSampleRate(double sampleRateHz) noexcept;
 
@@ -42,7 +43,7 @@ public:
         StretchSmoother drive;
         double envelope = 0.0; ///< in units of the ceiling
         double gain = 1.0;
-        MonoStretch drives, envelopes;
+        MonoStretch envelopes;
     };
 
     struct Controls {

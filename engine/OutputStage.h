@@ -14,14 +14,14 @@ template <typename Lanes> struct OutputStage {
 
     static void limit(OutputLimiter::State& state, const OutputLimiter::Controls& controls,
                       StereoStretch& io, int frames) {
-        state.drive.fill(state.drives, controls.drive, controls.smoothing, frames);
+        state.drive.advance(controls.drive, controls.smoothing, frames);
         follow(state, controls, io, frames);
         const V one(1.0);
         double gains[kLanes];
         for (int i = 0; i < frames; i += kLanes) {
             const V envelope = V::load_aligned(state.envelopes.at + i);
-            const V gain = xsimd::select(envelope >= V(2.0), one / envelope,
-                                         one - envelope * V(0.25));
+            const V gain =
+                xsimd::select(envelope >= V(2.0), one / envelope, one - envelope * V(0.25));
             const auto both = doubled(gain);
             double* const at = io.at + 2 * i;
             (V::load_aligned(at) * both.first).store_aligned(at);
@@ -33,11 +33,12 @@ template <typename Lanes> struct OutputStage {
 
     static void saturate(SoftSaturator::State& state, const SoftSaturator::Controls& controls,
                          StereoStretch& io, int frames) {
-        state.drive.fill(state.drives, controls.drive, controls.smoothing, frames);
+        state.drive.advance(controls.drive, controls.smoothing, frames);
+        const MonoStretch& drives = state.drive.stretch();
         double peak = 0.0;
         for (int i = 0; i < frames; ++i) {
-            const double left = io.at[2 * i] * state.drives.at[i];
-            const double right = io.at[2 * i + 1] * state.drives.at[i];
+            const double left = io.at[2 * i] * drives.at[i];
+            const double right = io.at[2 * i + 1] * drives.at[i];
             const double sum = __builtin_fabs(left) + __builtin_fabs(right);
             peak = sum > peak ? sum : peak;
         }
@@ -45,7 +46,7 @@ template <typename Lanes> struct OutputStage {
         if (!controls.isHeard)
             return;
         for (int i = 0; i < frames; i += kLanes) {
-            const auto drive = doubled(V::load_aligned(state.drives.at + i));
+            const auto drive = doubled(V::load_aligned(drives.at + i));
             double* const at = io.at + 2 * i;
             bend(at, drive.first);
             bend(at + kLanes, drive.second);
@@ -65,11 +66,12 @@ private:
         constexpr double kFallScale = 0.145;
         constexpr double kFloor = 0.001;
         const double fallSpeed = controls.release * kFallScale;
+        const MonoStretch& drives = state.drive.stretch();
         double envelope = state.envelope;
         for (int i = 0; i < frames; ++i) {
             const double left = __builtin_fabs(io.at[2 * i]);
             const double right = __builtin_fabs(io.at[2 * i + 1]);
-            const double peak = (left > right ? left : right) * state.drives.at[i];
+            const double peak = (left > right ? left : right) * drives.at[i];
             const double distance = peak - envelope;
             const double up = distance > 0.0 ? distance : 0.0;
             envelope += up * controls.attack;

@@ -11,7 +11,7 @@ template <typename Lanes> struct SignalStage {
     using V = typename Lanes::Wide;
     static constexpr int kLanes = static_cast<int>(V::size);
 
-    static double input(StereoStretch& raw, double gain, StereoStretch& gained, int frames) {
+    static void input(StereoStretch& raw, double gain, StereoStretch& gained, int frames) {
         // Larger than any sample that a float can hold after the largest gain, and small enough
         // that no square or product behind it overflows.
         constexpr double kBound = 1e60;
@@ -25,7 +25,6 @@ template <typename Lanes> struct SignalStage {
             clean.store_aligned(raw.at + i);
             xsimd::min(xsimd::max(clean * V(gain), -bound), bound).store_aligned(gained.at + i);
         }
-        return largestSum(gained, frames);
     }
 
     static void lfoGain(const MonoStretch& depth, const MonoStretch& amount,
@@ -40,9 +39,9 @@ template <typename Lanes> struct SignalStage {
         }
     }
 
-    static double wet(StereoStretch& wet, const StereoStretch& dry, double blend,
-                      const StereoStretch& gain, const MonoStretch& envelopeGain, double makeup,
-                      int frames) {
+    static void wet(StereoStretch& wet, const StereoStretch& dry, double blend,
+                    const StereoStretch& gain, const MonoStretch& envelopeGain, double makeup,
+                    int frames) {
         const V on(blend), off(1.0 - blend), make(makeup);
         for (int i = 0; i < frames; i += kLanes) {
             const auto envelope = doubled(V::load_aligned(envelopeGain.at + i));
@@ -51,11 +50,9 @@ template <typename Lanes> struct SignalStage {
                 const V blended =
                     on * V::load_aligned(wet.at + at) + off * V::load_aligned(dry.at + at);
                 const V level = half == 0 ? envelope.first : envelope.second;
-                (blended * V::load_aligned(gain.at + at) * level * make)
-                    .store_aligned(wet.at + at);
+                (blended * V::load_aligned(gain.at + at) * level * make).store_aligned(wet.at + at);
             }
         }
-        return largestSum(wet, frames);
     }
 
     static void mix(StereoStretch& a, double aGain, const StereoStretch& b, double bGain,
@@ -66,15 +63,6 @@ template <typename Lanes> struct SignalStage {
                 .store_aligned(a.at + i);
     }
 
-private:
-    /// 2^exponent through a tangent that bounds it at 4.08 and leaves 1 where it is.
-    static V bounded(V exponent) {
-        constexpr double kPush = 0.25;
-        constexpr double kPull = 4.082988; // 1 / tanh(0.25)
-        const V gain = V(kPull) * vectormath::tanh(V(kPush) * vectormath::exp2(exponent));
-        return xsimd::max(gain, V(0.0));
-    }
-
     static double largestSum(const StereoStretch& stretch, int frames) {
         double largest = 0.0;
         for (int i = 0; i < frames; ++i) {
@@ -83,6 +71,15 @@ private:
             largest = sum > largest ? sum : largest;
         }
         return largest;
+    }
+
+private:
+    /// 2^exponent through a tangent that bounds it at 4.08 and leaves 1 where it is.
+    static V bounded(V exponent) {
+        constexpr double kPush = 0.25;
+        constexpr double kPull = 4.082988; // 1 / tanh(0.25)
+        const V gain = V(kPull) * vectormath::tanh(V(kPush) * vectormath::exp2(exponent));
+        return xsimd::max(gain, V(0.0));
     }
 };
 

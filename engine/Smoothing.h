@@ -3,6 +3,7 @@
 #include "engine/Stretch.h"
 
 #include <cmath>
+#include <limits>
 
 namespace pedl {
 
@@ -40,21 +41,49 @@ struct ControlTick {
 }
 
 /// A one-pole smoother over stretches. Most of the time it rests at its target; then its stretch is
-/// one constant, found without a loop.
-struct StretchSmoother {
-    double value = 0.0;
-    bool isConstant = true; ///< whether the last stretch holds one value throughout
+/// one constant, which is written once.
+class StretchSmoother {
+public:
+    explicit StretchSmoother(double start = 0.0) noexcept : value_(start) {}
 
-    /// Fills the first `frames` places of `stretch` with the next values on the way to `target`.
-    void fill(MonoStretch& stretch, double target, double coefficient, int frames) noexcept {
-        const double next = smoothed(value, target, coefficient);
-        isConstant = next == value; // and so will every later one be
-        for (int i = 0; i < frames; ++i) {
-            if (!isConstant)
-                value = smoothed(value, target, coefficient);
-            stretch.at[i] = value;
+    /// Jumps to `value`; nothing is left to smooth.
+    void snap(double value) noexcept { value_ = value; }
+
+    [[nodiscard]] double value() const noexcept { return value_; }
+
+    /// Whether the last stretch holds one value throughout.
+    [[nodiscard]] bool isConstant() const noexcept { return isConstant_; }
+
+    /// The values of the last stretch, one a frame.
+    [[nodiscard]] const MonoStretch& stretch() const noexcept { return stretch_; }
+
+    /// Moves on by `frames` frames towards `target`.
+    void advance(double target, double coefficient, int frames) noexcept {
+        isConstant_ = smoothed(value_, target, coefficient) == value_; // and so will it ever be
+        if (isConstant_) {
+            if (filledWith_ != value_) {
+                for (double& place : stretch_.at)
+                    place = value_;
+                filledWith_ = value_;
+            }
+            return;
         }
+        double value = value_;
+        for (int i = 0; i < frames; ++i) {
+            value = smoothed(value, target, coefficient);
+            stretch_.at[i] = value;
+        }
+        value_ = value;
+        filledWith_ = kMixed;
     }
+
+private:
+    static constexpr double kMixed = std::numeric_limits<double>::quiet_NaN(); // equals no value
+
+    double value_;
+    double filledWith_ = kMixed; ///< what every place of the stretch holds
+    bool isConstant_ = true;
+    MonoStretch stretch_;
 };
 
 } // namespace pedl

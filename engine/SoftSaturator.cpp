@@ -19,7 +19,7 @@ void SoftSaturator::setDrive(double normalised) noexcept {
 void SoftSaturator::setSampleRate(double sampleRateHz) noexcept {
     constexpr double kDriveCornerHz = 5.0;
     reset();
-    state_.drive.value = driveTarget_.get();
+    state_.drive.snap(driveTarget_.get());
     smoothing_ = onePoleCoefficient(kDriveCornerHz, sampleRateHz);
 }
 

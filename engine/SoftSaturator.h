@@ -37,7 +37,6 @@ public:
     struct State {
         StretchSmoother drive;
         double peak = 0.0; ///< of the last stretch
-        MonoStretch drives;
     };
 
     struct Controls {

@@ -22,6 +22,7 @@ template <typename Lanes> constexpr StageTable stageTableOf() {
         .input = SignalStage<Lanes>::input,
         .lfoGain = SignalStage<Lanes>::lfoGain,
         .wet = SignalStage<Lanes>::wet,
+        .largestSum = SignalStage<Lanes>::largestSum,
         .mix = SignalStage<Lanes>::mix,
     };
 }

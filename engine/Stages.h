@@ -1,12 +1,12 @@
 #pragma once
 
+#include "engine/CutoffPath.h"
 #include "engine/EnvelopeFollower.h"
 #include "engine/InstructionSet.h"
 #include "engine/Lfo.h"
 #include "engine/MultimodeFilter.h"
 #include "engine/OutputLimiter.h"
 #include "engine/SoftSaturator.h"
-#include "engine/CutoffPath.h"
 #include "engine/Stretch.h"
 
 namespace pedl {
@@ -32,18 +32,20 @@ struct StageTable {
                       int frames);
 
     /// Replaces what is not finite in `raw` by silence, flushes denormals, and writes `raw` times
-    /// `gain` to `gained`. Returns the largest |L| + |R| of `gained`.
-    double (*input)(StereoStretch& raw, double gain, StereoStretch& gained, int frames);
+    /// `gain` to `gained`.
+    void (*input)(StereoStretch& raw, double gain, StereoStretch& gained, int frames);
 
     /// Output gain by the LFO: 1 without modulation, never above 4.08.
     void (*lfoGain)(const MonoStretch& depth, const MonoStretch& amount, const StereoStretch& wave,
                     int frames, StereoStretch& gain);
 
     /// wet = (blend * wet + (1 - blend) * dry) * gain * envelopeGain * makeup.
-    /// Returns the largest |L| + |R| of `wet`.
-    double (*wet)(StereoStretch& wet, const StereoStretch& dry, double blend,
-                  const StereoStretch& gain, const MonoStretch& envelopeGain, double makeup,
-                  int frames);
+    void (*wet)(StereoStretch& wet, const StereoStretch& dry, double blend,
+                const StereoStretch& gain, const MonoStretch& envelopeGain, double makeup,
+                int frames);
+
+    /// The largest |L| + |R|.
+    double (*largestSum)(const StereoStretch& signal, int frames);
 
     /// a = a * aGain + b * bGain.
     void (*mix)(StereoStretch& a, double aGain, const StereoStretch& b, double bGain, int frames);

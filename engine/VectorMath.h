@@ -91,8 +91,9 @@ template <typename V> inline V log(V x) noexcept {
 /// below. The engine's bases and exponents keep |exponent ln base| small where the result counts.
 template <typename V> inline V pow(V base, V exponent) noexcept {
     constexpr double kSmallestBase = 1e-300;
-    const V logarithm = log(xsimd::max(base, V(kSmallestBase)));
-    return xsimd::select(base > V(0.0), exp(exponent * logarithm), V(0.0));
+    // Named in full: unqualified, the library's own functions for the register would be found.
+    const V logarithm = vectormath::log(xsimd::max(base, V(kSmallestBase)));
+    return xsimd::select(base > V(0.0), vectormath::exp(exponent * logarithm), V(0.0));
 }
 
 /// Hyperbolic tangent within 2 ulp, also of very small numbers.
