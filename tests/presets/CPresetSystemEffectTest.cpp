@@ -1,0 +1,162 @@
+#include "presets/CPresetSystemEffect.h"
+
+#include "presets/FactoryPrograms.h"
+#include "tests/presets/Journal.h"
+
+#include <cmath>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace pedl {
+namespace {
+
+using test::Journal;
+
+/// The smallest effect on top of the preset system: it notes what reaches its parameters.
+class PlainEffect final : public CPresetSystemEffect {
+public:
+    explicit PlainEffect(Journal& journal)
+        : CPresetSystemEffect(&Journal::host, journal.clock), journal_(journal) {
+        initialiseFactoryPrograms();
+    }
+
+    using CPresetSystemEffect::editableBank;
+    using CPresetSystemEffect::startPresetSystem;
+
+    void setParameter(VstInt32 index, float normalised) override {
+        journal_.note("set ", index, " ", normalised);
+        CPresetSystemEffect::setParameter(index, normalised);
+    }
+    void processReplacing(float**, float**, VstInt32) override {}
+    void initialiseFactoryPrograms() override { writeFactoryPrograms(editableBank()); }
+    void getLongParameterName(std::int32_t, char* text) override { *text = '\0'; }
+    std::int32_t learnTarget(std::int32_t tag) override { return tag; }
+    bool isNotLearnable(std::int32_t index) const override { return !isParameter(index); }
+    float effectiveDryWetLevel(std::int32_t) const override { return 0.0F; }
+    void applyDryWetSource(std::int32_t) override {}
+
+private:
+    Journal& journal_;
+};
+
+class PresetSystem : public testing::Test {
+protected:
+    Journal journal;
+    PlainEffect effect{journal};
+
+    std::string currentName() {
+        char name[kProgramNameBytes];
+        effect.getProgramName(name);
+        return name;
+    }
+};
+
+TEST_F(PresetSystem, DeclaresOneProgramAndItsChunks) {
+    const AEffect& record = *effect.getAeffect();
+    EXPECT_EQ(record.numPrograms, 1);
+    EXPECT_EQ(record.numParams, 56);
+    EXPECT_NE(record.flags & effFlagsProgramChunks, 0);
+}
+
+TEST_F(PresetSystem, SelectingAppliesAllValuesThenWaitsThenTellsTheHost) {
+    journal.lines.clear();
+    effect.selectProgram(1);
+    ASSERT_EQ(journal.lines.size(), 60U);
+    EXPECT_EQ(journal.lines[0], "set 0 0");
+    EXPECT_EQ(journal.lines[21], "set 21 0.233267");
+    EXPECT_EQ(journal.lines[55], "set 55 0");
+    EXPECT_EQ(journal.lines[56], "wait 100");
+    EXPECT_EQ(journal.lines[57], "update display");
+    EXPECT_EQ(journal.lines[58], "begin 0");
+    EXPECT_EQ(journal.lines[59], "end 0");
+    EXPECT_EQ(effect.currentSlot(), 1);
+}
+
+TEST_F(PresetSystem, ValuesOutOfRangeStayInTheSlotAndAreNotApplied) {
+    effect.editableBank().setValue(3, kGain, 1.5F);
+    effect.editableBank().setValue(3, kFreez, -0.1F);
+    effect.editableBank().setValue(3, kLFOType, std::nanf(""));
+    journal.lines.clear();
+    effect.selectProgram(3);
+    EXPECT_EQ(journal.lines.size(), 60U - 3U);
+    EXPECT_EQ(effect.bank().value(3, kGain), 1.5F);
+    EXPECT_TRUE(std::isnan(effect.bank().value(3, kLFOType)));
+}
+
+TEST_F(PresetSystem, AnEditIsWrittenIntoTheCurrentSlotAlone) {
+    effect.setParameter(kGain, 0.7F);
+    effect.selectProgram(5);
+    EXPECT_EQ(effect.getParameter(kGain), 0.5F);
+    effect.selectProgram(0);
+    EXPECT_EQ(effect.getParameter(kGain), 0.7F);
+}
+
+TEST_F(PresetSystem, OtherIndicesHoldNothing) {
+    for (const VstInt32 index : {-1, 56, 111, 112, 149, 1 << 30}) {
+        effect.setParameter(index, 0.7F);
+        EXPECT_EQ(effect.getParameter(index), 0.0F) << index;
+    }
+    for (std::int32_t slot = 0; slot < kNumPrograms; ++slot)
+        EXPECT_EQ(effect.bank().record(slot).normalised, factoryProgram(slot).normalised);
+}
+
+TEST_F(PresetSystem, StartTakesTheSnapshotAndPlaysTheFirstProgram) {
+    effect.startPresetSystem();
+    EXPECT_EQ(journal.count("wait 100"), 1);
+    effect.setParameter(kGain, 0.7F);
+    effect.storeSnapshot(12);
+    EXPECT_EQ(nameText(effect.bank().name(12)), "Default");
+    EXPECT_EQ(effect.bank().value(12, kGain), 0.5F);
+    EXPECT_EQ(effect.currentSlot(), 0);
+}
+
+TEST_F(PresetSystem, HostRenamesTheCurrentProgramAndTheViewHearsOfIt) {
+    effect.setView(&journal.view);
+    effect.selectProgram(4);
+    char name[] = "Chopper in the Distance!";
+    effect.setProgramName(name);
+    EXPECT_EQ(currentName(), "Chopper in the Distance");
+    EXPECT_EQ(journal.count("view name Chopper in the Distance"), 1);
+    effect.setView(nullptr);
+    effect.setProgramName(nullptr);
+    EXPECT_EQ(currentName(), "Chopper in the Distance");
+}
+
+TEST_F(PresetSystem, NamesFitIntoTwentyFourBytes) {
+    char buffer[kProgramNameBytes + 2];
+    std::memset(buffer, '#', sizeof buffer);
+    ASSERT_TRUE(effect.getProgramNameIndexed(0, 85, buffer));
+    EXPECT_STREQ(buffer, "Chopper in the Distance");
+    EXPECT_EQ(buffer[kProgramNameBytes], '#');
+    std::memset(buffer, '#', sizeof buffer);
+    effect.getProgramName(buffer);
+    EXPECT_STREQ(buffer, "Default");
+    EXPECT_EQ(buffer[8], '#'); // no padding
+}
+
+TEST_F(PresetSystem, ThereAreNoNamesBesideTheBank) {
+    for (const VstInt32 index : {-1, 140, -1000000, 1000000}) {
+        char buffer[] = "#";
+        EXPECT_FALSE(effect.getProgramNameIndexed(0, index, buffer));
+        EXPECT_STREQ(buffer, "#");
+    }
+}
+
+TEST_F(PresetSystem, RenamingFromTheViewRefreshesTheHost) {
+    effect.renameCurrentProgram("Mine");
+    EXPECT_EQ(currentName(), "Mine");
+    effect.renameCurrentProgram(nullptr);
+    EXPECT_EQ(currentName(), "Mine");
+    EXPECT_EQ(journal.count("update display"), 2);
+}
+
+TEST_F(PresetSystem, AutomatingIsBracketedForTheHost) {
+    journal.lines.clear();
+    effect.automate(kGain, 0.25F);
+    EXPECT_EQ(journal.lines,
+              (std::vector<std::string>{"begin 1", "set 1 0.25", "automate 1 0.25", "end 1"}));
+}
+
+} // namespace
+} // namespace pedl
