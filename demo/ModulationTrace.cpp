@@ -126,6 +126,11 @@ Run play(const DemoSetting& setting, const std::vector<Automation>& automations,
     selectProgram(effect, setting.program);
     for (const std::string& text : setting.sets)
         assign(effect, text);
+    const auto follow = [&](double seconds) {
+        for (const Automation& automation : automations)
+            effect.setParameter(automation.index, automation.curve.valueAt(seconds));
+    };
+    follow(0.0); // before the switch-on: nothing glides from another value at the start
     effect.resume();
 
     Run run;
@@ -133,8 +138,7 @@ Run play(const DemoSetting& setting, const std::vector<Automation>& automations,
     for (std::size_t frame = 0; frame < input.lengthFrames();) {
         const auto frames = std::min<std::size_t>(kBlockFrames, input.lengthFrames() - frame);
         const double seconds = static_cast<double>(frame) / input.sampleRateHz;
-        for (const Automation& automation : automations)
-            effect.setParameter(automation.index, automation.curve.valueAt(seconds));
+        follow(seconds);
         float* channels[] = {run.output.left.data() + frame, run.output.right.data() + frame};
         effect.processReplacing(channels, channels, static_cast<VstInt32>(frames));
         services.advance(static_cast<VstInt32>(frames));

@@ -422,12 +422,8 @@ void drawLegend(cairo_t* pen, const std::vector<LegendEntry>& entries) {
     double width = 0.0;
     for (const LegendEntry& entry : entries)
         width += kBetween + kSampleWidth + kGap + widthOf(pen, entry.text);
-    double x = kSpectrum.right() - width - 10.0;
-    const double y = kSpectrum.y + 10.0;
-    setColour(pen, kPaper, 0.78);
-    cairo_rectangle(pen, x, y, width, kRowHeight);
-    cairo_fill(pen);
-    x += kBetween / 2.0;
+    double x = kSpectrum.right() - width + kBetween;
+    const double y = 16.0;
     for (const LegendEntry& entry : entries) {
         setColour(pen, entry.colour, 1.0);
         cairo_set_line_width(pen, entry.widthPixels);
