@@ -27,12 +27,17 @@ bool matches(Rung rung, const std::string& name, const std::string& wanted) {
     return false;
 }
 
+/// A name for comparing: lower case, without blanks.
+std::string comparable(std::string_view name) {
+    std::string letters = lowerCase(name);
+    std::erase(letters, ' ');
+    return letters;
+}
+
 /// Whether the letters of `shortName` stand in `longName` in the same order.
 bool abbreviates(std::string_view shortName, std::string_view longName) {
     std::size_t place = 0;
     for (const char letter : shortName) {
-        if (letter == ' ')
-            continue;
         place = longName.find(letter, place);
         if (place == std::string_view::npos)
             return false;
@@ -63,7 +68,7 @@ std::string listed(std::span<const NamedItem* const> items) {
 std::size_t abbreviationLength(const NamedItem& item, Rung rung, const std::string& wanted) {
     std::size_t longest = 0;
     for (const std::string& name : item.names) {
-        const std::string lower = lowerCase(trimmed(name));
+        const std::string lower = comparable(name);
         if (!matches(rung, lower, wanted) && abbreviates(lower, wanted))
             longest = std::max(longest, lower.size());
     }
@@ -82,6 +87,18 @@ void preferAbbreviations(std::vector<const NamedItem*>& found, Rung rung,
         });
 }
 
+/// How far a name is from what was typed. A name that may be cut is also compared with as much of
+/// the typed one; an abbreviation of it ("FltrCut" of "Filtr Cutoff") is near.
+std::size_t distanceBetween(const std::string& name, const std::string& wanted) {
+    constexpr std::size_t kShortestAbbreviation = 4;
+    std::size_t distance = editDistance(name, wanted);
+    if (name.size() >= kShortestCutName && wanted.size() > name.size())
+        distance = std::min(distance, 1 + editDistance(name, wanted.substr(0, name.size())));
+    if (name.size() >= kShortestAbbreviation && abbreviates(name, wanted))
+        distance = std::min<std::size_t>(distance, 1);
+    return distance;
+}
+
 std::vector<const NamedItem*> nearest(const std::string& wanted, std::span<const NamedItem> items) {
     struct Offer {
         std::size_t distance;
@@ -94,7 +111,7 @@ std::vector<const NamedItem*> nearest(const std::string& wanted, std::span<const
         std::size_t distance = furthest + 1;
         for (const std::string& name : item.names)
             if (!name.empty())
-                distance = std::min(distance, editDistance(name, wanted));
+                distance = std::min(distance, distanceBetween(comparable(name), wanted));
         if (distance <= furthest)
             offers.push_back({distance, &item});
     }
@@ -107,20 +124,36 @@ std::vector<const NamedItem*> nearest(const std::string& wanted, std::span<const
     return nearestItems;
 }
 
+/// The only item that has exactly this name, for plug-ins whose names differ in case alone.
+std::optional<int> letterForLetter(std::string_view wanted, std::span<const NamedItem> items) {
+    std::optional<int> found;
+    for (const NamedItem& item : items) {
+        if (std::none_of(item.names.begin(), item.names.end(),
+                         [wanted](const std::string& name) { return trimmed(name) == wanted; }))
+            continue;
+        if (found)
+            return std::nullopt;
+        found = item.index;
+    }
+    return found;
+}
+
 } // namespace
 
 Result<int> findByName(std::string_view wantedText, std::span<const NamedItem> items,
                        std::string_view kind) {
-    const std::string wanted = lowerCase(trimmed(wantedText));
+    const std::string wanted = comparable(trimmed(wantedText));
     const std::string quoted = "\"" + std::string(trimmed(wantedText)) + "\"";
     if (wanted.empty())
         return Problem{"the name of a " + std::string(kind) + " is missing"};
+    if (const std::optional<int> index = letterForLetter(trimmed(wantedText), items))
+        return *index;
 
     for (const Rung rung : {Rung::Exact, Rung::CutName, Rung::BeginsWith}) {
         std::vector<const NamedItem*> found;
         for (const NamedItem& item : items)
             if (std::any_of(item.names.begin(), item.names.end(), [&](const std::string& name) {
-                    const std::string lower = lowerCase(trimmed(name));
+                    const std::string lower = comparable(name);
                     return !lower.empty() && matches(rung, lower, wanted);
                 }))
                 found.push_back(&item);

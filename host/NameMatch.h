@@ -17,12 +17,13 @@ struct NamedItem {
     std::vector<std::string> names;
 };
 
-/// Finds what the user means by `wanted`, upper and lower case alike.
+/// Finds what the user means by `wanted`. Case and blanks make no difference, except where one item
+/// alone has the name letter for letter: that one is meant.
 ///
 /// Tried in this order, and the first that finds anything decides:
 /// 1. a name that is exactly `wanted`;
 /// 2. a name of 7 or more characters with which `wanted` begins: plug-ins cut their names to 8, and
-///    some lose one more to the terminator;
+///    a blank or the terminator can take one more;
 /// 3. a name that begins with `wanted`.
 ///
 /// Cut names can be alike ("Filter S" stands for slope and for saturate). Then the item decides

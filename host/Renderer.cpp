@@ -63,7 +63,8 @@ void interleave(const Channels<Sample>& outputs, VstInt32 frames, std::vector<Sa
 }
 
 template <typename Sample>
-void measure(const std::vector<Sample>& stereo, VstInt32 frames, RenderReport& report) {
+void measure(const std::vector<Sample>& stereo, VstInt32 frames, bool cutsAtFullScale,
+             RenderReport& report) {
     for (std::size_t i = 0; i < 2 * static_cast<std::size_t>(frames); ++i) {
         const double level = std::abs(static_cast<double>(stereo[i]));
         if (!std::isfinite(level)) {
@@ -71,8 +72,8 @@ void measure(const std::vector<Sample>& stereo, VstInt32 frames, RenderReport& r
             continue;
         }
         report.peak = std::max(report.peak, level);
-        if (level > 1.0)
-            ++report.samplesBeyondFullScale;
+        if (level > 1.0 && cutsAtFullScale)
+            ++report.samplesCut;
     }
 }
 
@@ -126,7 +127,7 @@ template <typename Sample> Result<RenderReport> Renderer::runAs() {
         report.pluginSeconds += secondsSince(entered);
         interleave(outputs, frames, toFile);
 
-        measure(toFile, frames, report);
+        measure(toFile, frames, writer_.cutsAtFullScale(), report);
         if (const Done written = writer_.write(toFile.data(), frames); !written.ok())
             return written.problem();
         report.frames += frames;

@@ -25,10 +25,10 @@ struct Automation {
 struct RenderReport {
     std::int64_t frames = 0;
     int sampleRateHz = 0;
-    double wallSeconds = 0.0;   // reading and writing the files included
-    double pluginSeconds = 0.0; // inside the plug-in alone
-    double peak = 0.0;          // largest finite sample, full scale at 1.0
-    std::int64_t samplesBeyondFullScale = 0;
+    double wallSeconds = 0.0;    // reading and writing the files included
+    double pluginSeconds = 0.0;  // inside the plug-in alone
+    double peak = 0.0;           // largest finite sample, full scale at 1.0
+    std::int64_t samplesCut = 0; // beyond full scale in a format that ends there
     std::int64_t samplesNotFinite = 0;
 
     [[nodiscard]] double audioSeconds() const { return static_cast<double>(frames) / sampleRateHz; }

@@ -82,6 +82,12 @@ int report(const Options& options, const RenderReport& done) {
     if (done.samplesNotFinite > 0)
         std::fprintf(stderr, "zmt-pedlfilter: warning: %lld samples are not finite numbers\n",
                      static_cast<long long>(done.samplesNotFinite));
+    if (done.samplesCut > 0)
+        std::fprintf(
+            stderr,
+            "zmt-pedlfilter: warning: %lld samples were beyond full scale and were cut off;"
+            " .wav keeps them\n",
+            static_cast<long long>(done.samplesCut));
     std::array<char, 256> figures{};
     std::snprintf(figures.data(), figures.size(),
                   ": %.2f s at %d Hz, %s, rendered in %.3f s: %.1f times realtime"
@@ -189,10 +195,8 @@ float for .wav (and without an ending), .aiff, .caf, .w64 and .rf64, 24 bits for
 
 void addPluginOption(CLI::App& command, Options& options) {
     command
-        .add_option(
-            "--plugin", options.plugin,
-            "VST 2.4 library to load (default: ZMTpedlFilter.so beside this command, in the "
-            "build tree, or where it is installed)")
+        .add_option("--plugin", options.plugin,
+                    "VST 2.4 library to load instead of ZMTpedlFilter.so")
         ->type_name("PATH");
 }
 
@@ -218,10 +222,10 @@ CLI::App* addRender(CLI::App& app, Options& options) {
     addProgramOption(*command, options);
     command
         ->add_option("--set", options.settings, "Values to set, in this order, after the program")
-        ->type_name("PARAMETER=VALUE ...")
+        ->type_name("PARAMETER=VALUE")
         ->allow_extra_args(false);
     command->add_option("--automate", options.automations, "Curves for parameters to follow")
-        ->type_name("PARAMETER=CURVE.csv ...")
+        ->type_name("PARAMETER=CURVE.csv")
         ->allow_extra_args(false);
     command->add_option("--tempo", options.tempo, "Song tempo in beats per minute, 1 to 999 (120)")
         ->type_name("BPM");
