@@ -96,6 +96,7 @@ public:
             if (isDial() && wantedReading_)
                 return amongNumbers();
         }
+        addEndsOfNumbers();
         return Problem{"no value reads \"" + typed_ + "\"; " + whatThereIs()};
     }
 

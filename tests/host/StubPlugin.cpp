@@ -1,0 +1,139 @@
+// A small plug-in whose every output can be worked out by hand; built as a library for the tests.
+
+#include "foundation/vst24/AudioEffectX.h"
+
+#include <array>
+#include <cmath>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <limits>
+
+#if defined(_WIN32)
+#define STUB_EXPORT extern "C" __declspec(dllexport)
+#else
+#define STUB_EXPORT extern "C" __attribute__((visibility("default")))
+#endif
+
+namespace {
+
+enum Parameter : VstInt32 { kGain, kMode, kSignal, kCutoff, kSaturation, kOutput, kNumParameters };
+
+struct Names {
+    const char* name;
+    const char* longName;
+};
+// The long names are cut to 8 characters, as many plug-ins do it: two of them become alike.
+constexpr std::array<Names, kNumParameters> kNames{{{"Gain", "Gain"},
+                                                    {"Mode", "Mode"},
+                                                    {"Signal", "Signal"},
+                                                    {"FltrCut", "Filter C"},
+                                                    {"FltrSat", "Filter S"},
+                                                    {"FltrSlp", "Filter S"}}};
+
+class StubEffect : public AudioEffectX {
+public:
+    explicit StubEffect(audioMasterCallback host) : AudioEffectX(host, 2, kNumParameters) {
+        setNumInputs(2);
+        setNumOutputs(2);
+        setUniqueID(CCONST('S', 't', 'u', 'b'));
+        canDoubleReplacing();
+        askFromTheEntry();
+    }
+
+    void setParameter(VstInt32 index, float value) override { at(index) = value; }
+    float getParameter(VstInt32 index) override { return at(index); }
+    void getParameterName(VstInt32 index, char* text) override {
+        std::strcpy(text, kNames[static_cast<std::size_t>(index)].name);
+    }
+    bool getParameterProperties(VstInt32 index, VstParameterProperties* properties) override {
+        std::strcpy(properties->label, kNames[static_cast<std::size_t>(index)].longName);
+        return true;
+    }
+    void getParameterLabel(VstInt32 index, char* text) override {
+        std::strcpy(text, index == kGain ? "%" : "");
+    }
+    void getParameterDisplay(VstInt32 index, char* text) override {
+        const float value = at(index);
+        if (index == kMode)
+            std::strcpy(text, value < 0.4F ? "low" : value < 0.7F ? "mid band" : "high");
+        else if (index == kCutoff)
+            std::snprintf(text, 16, "%.0f Hz", 20.0 * std::pow(1000.0, value));
+        else
+            std::snprintf(text, 16, "%.1f", static_cast<double>(value) * 100.0);
+    }
+
+    void setProgram(VstInt32 program) override {
+        curProgram = program;
+        at(kGain) = program == 0 ? 0.5F : 1.0F;
+    }
+    void getProgramName(char* name) override {
+        std::snprintf(name, 24, "%s", entryAnswers_.data());
+    }
+    bool getProgramNameIndexed(VstInt32, VstInt32 index, char* text) override {
+        std::strcpy(text, index == 0 ? "Soft" : "Loud"); // also for slots that do not exist
+        return true;
+    }
+    bool getEffectName(char* name) override {
+        std::strcpy(name, "St\xFC"
+                          "b\n"); // Latin-1 and a control character
+        return true;
+    }
+
+    void processReplacing(float** in, float** out, VstInt32 frames) override {
+        run(in, out, frames);
+    }
+    void processDoubleReplacing(double** in, double** out, VstInt32 frames) override {
+        run(in, out, frames);
+    }
+    void suspend() override { blocks_ = 0; }
+
+private:
+    float& at(VstInt32 index) { return values_[static_cast<std::size_t>(index)]; }
+
+    /// Calls the host before it can know this instance, with a record that is half garbage.
+    void askFromTheEntry() {
+        cEffect.resvd1 = 1;
+        char ability[] = "sendVstTimeInfo";
+        const auto version = audioMaster(nullptr, audioMasterVersion, 0, 0, nullptr, 0.0F);
+        const auto rate = callHost(audioMasterGetSampleRate);
+        std::snprintf(entryAnswers_.data(), entryAnswers_.size(), "%d %d %d",
+                      static_cast<int>(version), canHostDo(ability), static_cast<int>(rate));
+        cEffect.resvd1 = 0;
+    }
+
+    template <typename Sample> void run(Sample** in, Sample** out, VstInt32 frames) {
+        // kSignal 0.25 stands for signal 16 of 64: the end, or a crash, in the third block.
+        if (++blocks_ == 3 && at(kSignal) > 0.0F)
+            std::raise(static_cast<int>(std::lround(at(kSignal) * 64.0F)));
+        if (at(kOutput) > 0.75F)
+            return fill(out, frames, std::numeric_limits<Sample>::quiet_NaN(), Sample{0});
+        if (at(kOutput) > 0.25F) {
+            const VstTimeInfo& time = *getTimeInfo(kVstTempoValid);
+            return fill(out, frames, static_cast<Sample>(time.tempo / 1000.0),
+                        static_cast<Sample>(time.ppqPos / 1000.0));
+        }
+        for (VstInt32 frame = 0; frame < frames; ++frame) {
+            out[0][frame] = in[0][frame] * static_cast<Sample>(at(kGain));
+            out[1][frame] = in[1][frame] * static_cast<Sample>(at(kGain));
+        }
+    }
+
+    template <typename Sample>
+    static void fill(Sample** out, VstInt32 frames, Sample left, Sample right) {
+        for (VstInt32 frame = 0; frame < frames; ++frame) {
+            out[0][frame] = left;
+            out[1][frame] = right;
+        }
+    }
+
+    std::array<float, kNumParameters> values_{0.5F};
+    std::array<char, 24> entryAnswers_{};
+    int blocks_ = 0;
+};
+
+} // namespace
+
+STUB_EXPORT AEffect* VSTPluginMain(audioMasterCallback host) {
+    return (new StubEffect(host))->getAeffect();
+}
