@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/CutoffPath.h"
+#include "engine/Lanes.h"
 
 #include <cstdint>
 
@@ -13,16 +14,16 @@ template <typename Lanes> struct CutoffStage {
     static void run(CutoffPath::State& state, const CutoffPath::Controls& controls,
                     const MonoStretch& depth, const StereoStretch& wave, const MonoStretch& offset,
                     int frames, CutoffStretch& output) {
-        const Pair c(controls.coefficient), guard(kDenormalGuard), base(controls.base);
+        const Pair c(controls.coefficient), base(controls.base);
         Pair first = Pair::load_unaligned(state.smoothers[0]);
         Pair second = Pair::load_unaligned(state.smoothers[1]);
         Pair third = Pair::load_unaligned(state.smoothers[2]);
         for (int i = 0; i < frames; ++i) {
             const Pair x =
                 Pair(controls.lfoAmount * depth.at[i]) * Pair::load_aligned(wave.at + 2 * i) + base;
-            first = first + (x - first) * c + guard - guard;
-            second = second + (first - second) * c + guard - guard;
-            third = third + (second - third) * c + guard - guard;
+            first = guarded(first + (x - first) * c);
+            second = guarded(second + (first - second) * c);
+            third = guarded(third + (second - third) * c);
             look(controls, third, offset.at[i], output.hz.at + 2 * i);
         }
         first.store_unaligned(state.smoothers[0]);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/EnvelopeFollower.h"
+#include "engine/Lanes.h"
 #include "engine/VectorMath.h"
 
 #include <cstdint>
@@ -56,10 +57,8 @@ private:
             held = isOver || power > held ? power : held;
             heldFrames = (heldFrames & keepsCount) + 1;
 
-            first = first + step(held - first, controls.attack1, controls.release1) +
-                    kDenormalGuard - kDenormalGuard;
-            second = second + step(first - second, controls.attack2, controls.release2) +
-                     kDenormalGuard - kDenormalGuard;
+            first = guarded(first + step(held - first, controls.attack1, controls.release1));
+            second = guarded(second + step(first - second, controls.attack2, controls.release2));
             state.power.at[i] = second;
         }
         state.held = held;

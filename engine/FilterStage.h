@@ -149,8 +149,7 @@ private:
     }
 
     static Pair glided(Pair zero, Pair target, Pair step) {
-        const Pair guard(kDenormalGuard);
-        return zero + (target - zero) * step + guard - guard;
+        return guarded(zero + (target - zero) * step);
     }
 
     /// Whether the zeros stay where they are for targets that stay, too.
@@ -226,13 +225,13 @@ private:
               y1(Pair::load_aligned(history.y1)), y2(Pair::load_aligned(history.y2)) {}
 
         Pair next(Pair x, const Work& work, int at) {
-            const Pair guard(kDenormalGuard), three(3.0), k27(27.0);
+            const Pair three(3.0), k27(27.0);
             const Pair forward = x * Pair::load_aligned(work.b0.at + at) +
                                  Pair::load_aligned(work.b1.at + at) * x1 +
                                  Pair::load_aligned(work.b2.at + at) * x2;
             const Pair back =
                 Pair::load_aligned(work.a1.at + at) * y1 + Pair::load_aligned(work.a2.at + at) * y2;
-            const Pair y = forward - back + guard - guard;
+            const Pair y = guarded(forward - back);
             const Pair u =
                 xsimd::min(xsimd::max(Pair::load_aligned(work.drive.at + at) * y, -three), three);
             const Pair square = u * u;

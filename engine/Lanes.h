@@ -1,5 +1,7 @@
 #pragma once
 
+#include "engine/Stretch.h"
+
 #include <xsimd/xsimd.hpp>
 
 namespace pedl {
@@ -22,6 +24,21 @@ struct Avx2Lanes {
     using Pair = xsimd::batch<double, xsimd::sse4_2>;
 };
 #endif
+
+/// `value` with the denormal guard added and taken away again. A guard that would change nothing is
+/// skipped: the test is a branch that the processor foresees, so that the next step of a recursion
+/// does not wait for two additions.
+template <typename Pair> [[gnu::always_inline]] inline Pair guarded(Pair value) noexcept {
+    if (xsimd::any(xsimd::abs(value) < Pair(kGuardMatters))) [[unlikely]]
+        return value + Pair(kDenormalGuard) - Pair(kDenormalGuard);
+    return value;
+}
+
+[[gnu::always_inline]] inline double guarded(double value) noexcept {
+    if (__builtin_fabs(value) < kGuardMatters) [[unlikely]]
+        return value + kDenormalGuard - kDenormalGuard;
+    return value;
+}
 
 /// One value of each frame in `mono`, doubled for the two lanes of a stereo stretch.
 template <typename Wide> struct Doubled {

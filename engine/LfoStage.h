@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/Lanes.h"
 #include "engine/Lfo.h"
 #include "engine/VectorMath.h"
 
@@ -61,8 +62,7 @@ private:
             const double fraction = randomPhase - static_cast<double>(randomStep);
 
             const double x0 = values[j];
-            double y = b.b0 * x0 + b.b1 * x1 + b.b2 * x2 - b.a1 * y1 - b.a2 * y2;
-            y = y - kDenormalGuard + kDenormalGuard;
+            const double y = guarded(b.b0 * x0 + b.b1 * x1 + b.b2 * x2 - b.a1 * y1 - b.a2 * y2);
             x2 = x1;
             x1 = x0;
             y2 = y1;
@@ -207,11 +207,11 @@ private:
 
     static void smooth(State& state, double coefficient, const StereoStretch& raw, int frames,
                        StereoStretch& smoothedWave) {
-        const Pair c(coefficient), guard(kDenormalGuard);
+        const Pair c(coefficient);
         Pair value = Pair::load_unaligned(state.smoothed);
         for (int i = 0; i < frames; ++i) {
             const Pair target = Pair::load_aligned(raw.at + 2 * i);
-            value = value + (target - value) * c + guard - guard;
+            value = guarded(value + (target - value) * c);
             value.store_aligned(smoothedWave.at + 2 * i);
         }
         value.store_unaligned(state.smoothed);

@@ -73,14 +73,14 @@ private:
             const double right = __builtin_fabs(io.at[2 * i + 1]);
             const double peak = (left > right ? left : right) * drives.at[i];
             const double distance = peak - envelope;
-            const double up = distance > 0.0 ? distance : 0.0;
-            envelope += up * controls.attack;
+            const double rise = (distance > 0.0 ? distance : 0.0) * controls.attack;
             const double rest = peak * 0.999 + kFloor - envelope;
             const double square = rest * rest;
             const double slow = square * square * fallSpeed;
             const double fast = kFastestFall * distance; // below 0 while the peak is above
             const double fall = slow < fast ? slow : fast;
-            envelope -= fall > 0.0 ? fall : 0.0;
+            // One of both is 0: the order of the sum, short for the recursion, costs no rounding.
+            envelope += rise - (fall > 0.0 ? fall : 0.0);
             envelope = envelope > kFloor ? envelope : kFloor;
             state.envelopes.at[i] = envelope;
         }

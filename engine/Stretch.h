@@ -26,4 +26,7 @@ struct alignas(32) StereoStretch {
 /// instead of in denormal numbers, whose arithmetic is many times slower.
 constexpr double kDenormalGuard = 1e-36;
 
+/// From this magnitude on the guard is less than half a unit of the last place and changes nothing.
+constexpr double kGuardMatters = 1e-19;
+
 } // namespace pedl
