@@ -338,7 +338,9 @@ protected:
             comparison.run();
             worst = std::max(worst, comparison.worst());
         }
-        RecordProperty("worstDifferenceOfPeak", std::to_string(worst));
+        std::ostringstream text;
+        text << worst;
+        RecordProperty("worstDifferenceOfPeak", text.str());
     }
 
     PluginLibrary library_{PEDL_PLUGIN_PATH};
