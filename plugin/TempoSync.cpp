@@ -36,9 +36,11 @@ double phaseAt(double positionQuarters, NoteDivision division, double cyclesPerQ
 } // namespace
 
 void TempoSync::setMode(float normalised) noexcept {
-    mode_.store(
-        static_cast<SyncMode>(static_cast<int>(2.0 * static_cast<double>(normalised) + 0.5)),
-        kRelaxed);
+    // The switch's positions 0, 1/2 and 1; between them the nearer one counts.
+    const SyncMode nearest = normalised < 0.25F   ? SyncMode::Free
+                             : normalised < 0.75F ? SyncMode::ManualTempo
+                                                  : SyncMode::HostTempo;
+    mode_.store(nearest, kRelaxed);
 }
 
 void TempoSync::setManualTempo(float normalised) noexcept {

@@ -150,13 +150,13 @@ ZMTpedlFilterEffect::ZMTpedlFilterEffect(audioMasterCallback host, EffectSurroun
     AudioEffect::canDoubleReplacing(true);
     AudioEffect::setUniqueID(kUniqueId);
     AudioEffect::setInitialDelay(0);
-    initialiseFactoryPrograms();
+    ZMTpedlFilterEffect::initialiseFactoryPrograms();
     holdStartValues();
     startPresetSystem();
     selectProgram(0); // whatever the start sequence left behind, the first program plays
     diagnostics_.line("ZMT pedlFilter:start effect");
     engine_.reset();
-    resume();
+    ZMTpedlFilterEffect::resume();
     engine_.reset();
 }
 
