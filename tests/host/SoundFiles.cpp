@@ -36,12 +36,11 @@ void writeSound(const std::filesystem::path& path, int channels, int sampleRateH
     info.format = SF_FORMAT_WAV | SF_FORMAT_FLOAT;
     SNDFILE* const file = sf_open(path.c_str(), SFM_WRITE, &info);
     ASSERT_NE(file, nullptr) << path;
-    std::vector<double> frame(static_cast<std::size_t>(channels));
-    for (long i = 0; i < frames; ++i) {
+    std::vector<double> samples;
+    for (long frame = 0; frame < frames; ++frame)
         for (int channel = 0; channel < channels; ++channel)
-            frame[static_cast<std::size_t>(channel)] = value(i, channel);
-        sf_writef_double(file, frame.data(), 1);
-    }
+            samples.push_back(value(frame, channel));
+    sf_writef_double(file, samples.data(), frames);
     sf_close(file);
 }
 
