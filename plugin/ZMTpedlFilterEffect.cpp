@@ -326,8 +326,7 @@ void ZMTpedlFilterEffect::setParameter(VstInt32 index, float normalised) {
         applyParameter(index, value);
     else
         applyTag(index, value);
-    if (!isProgramLoading())
-        CPresetSystemEffect::setParameter(index, value);
+    CPresetSystemEffect::setParameter(index, value);
     tellParameter(index, value);
 }
 

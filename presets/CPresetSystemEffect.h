@@ -43,6 +43,7 @@ public:
     [[nodiscard]] const ProgramBank& bank() const noexcept { return bank_; }
 
     // What the host calls
+    /// Writes a change into the current slot, unless it comes from there.
     void setParameter(VstInt32 index, float normalised) override;
     float getParameter(VstInt32 index) override;
     void setProgramName(char* name) override;
