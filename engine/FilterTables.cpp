@@ -1,8 +1,9 @@
 #include "engine/FilterTables.h"
 
+#include <atomic>
 #include <cmath>
 #include <map>
-#include <mutex>
+#include <thread>
 
 namespace pedl {
 
@@ -16,6 +17,22 @@ constexpr Knots kKnotHz            {20,   40,  80,   160,  320,  640,  1280, 256
 constexpr Knots kTowardsHighPass   {6.36, 5.6, 4.85, 4.11, 3.38, 2.67, 2.02, 1.4,  0.9,  0.48,  0.245, 0.075};
 constexpr Knots kTowardsLowPass    {0.00075, 0.0015, 0.003, 0.006, 0.012, 0.024, 0.047, 0.093, 0.185, 0.39, 0.72, 1.59};
 // clang-format on
+
+/// Waits until the flag is free, then holds it to the end of the scope. Not a mutex of the library:
+/// that brings constructors which would run whenever a host loads the plug-in.
+class Turn {
+public:
+    explicit Turn(std::atomic_flag& flag) noexcept : flag_(flag) {
+        while (flag_.test_and_set(std::memory_order_acquire))
+            std::this_thread::yield();
+    }
+    ~Turn() { flag_.clear(std::memory_order_release); }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+
+private:
+    std::atomic_flag& flag_;
+};
 
 /// Second derivatives of the natural cubic spline through the knots: 0 at both ends, found by one
 /// forward and one backward pass over the tridiagonal system. Source: C. de Boor, "A Practical
@@ -62,9 +79,10 @@ TrigonometryTable::TrigonometryTable(double sampleRateHz) {
 }
 
 std::shared_ptr<const TrigonometryTable> TrigonometryTable::forRate(double sampleRateHz) {
-    static std::mutex guard; // resume may run in several instances at once; audio never comes here
+    // Several instances may resume at once; audio never comes here.
+    static std::atomic_flag isTaken;
     static std::map<double, std::weak_ptr<const TrigonometryTable>> tables;
-    const std::lock_guard lock(guard);
+    const Turn turn(isTaken);
     std::erase_if(tables, [](const auto& entry) { return entry.second.expired(); });
     auto& slot = tables[sampleRateHz];
     std::shared_ptr<const TrigonometryTable> table = slot.lock();

@@ -10,11 +10,11 @@ namespace {
 
 /// A shade less than one half, so that 1.5 counts as half up although its product with a power of
 /// ten came out slightly low.
-constexpr float kRoundUpFraction = 0.49999F;
+constexpr double kRoundUpFraction = 0.49999;
 
 /// Beyond these the integer part and its sign would not fit into eight characters.
-constexpr float kLargestPositive = 99999999.0F;
-constexpr float kLargestNegative = 9999999.0F;
+constexpr double kLargestPositive = 99999999.0;
+constexpr double kLargestNegative = 9999999.0;
 
 /// The factor whose level counts as silence: -120 dB.
 constexpr double kSilence = 0.000001;
@@ -31,15 +31,18 @@ constexpr int powerOfTen(int exponent) {
 
 /// Moves `value` one unit of its last shown digit away from zero when the digits behind that one
 /// are a half or more; cutting the digits then gives the rounded number.
-float preRounded(float value, int decimals) {
-    const auto scale = static_cast<float>(powerOfTen(decimals));
-    const float scaled = value * scale;
-    const float fraction = scaled - std::trunc(scaled);
+///
+/// In double precision, where the product with a power of ten is exact: 0.7 is a little less as a
+/// float, and a product rounded to 7 would leave "0.6".
+double preRounded(float value, int decimals) {
+    const double scale = powerOfTen(decimals);
+    const double scaled = static_cast<double>(value) * scale;
+    const double fraction = scaled - std::trunc(scaled);
     if (fraction >= kRoundUpFraction)
-        return (scaled + 1.0F) / scale;
+        return (scaled + 1.0) / scale;
     if (fraction <= -kRoundUpFraction)
-        return (scaled - 1.0F) / scale;
-    return value;
+        return (scaled - 1.0) / scale;
+    return static_cast<double>(value);
 }
 
 DisplayText decibelTextAbove(double factor, double threshold) {
@@ -52,20 +55,19 @@ DisplayText decibelTextAbove(double factor, double threshold) {
 } // namespace
 
 DisplayText numberText(float value, int decimals) {
-    const float rounded = preRounded(value, decimals);
-    const bool isNegative = rounded < 0.0F;
-    const float magnitude = std::abs(rounded);
+    const double rounded = preRounded(value, decimals);
+    const bool isNegative = rounded < 0.0;
+    const double magnitude = std::abs(rounded);
     if (!(magnitude <= (isNegative ? kLargestNegative : kLargestPositive)))
         return {};
     DisplayText text;
     if (isNegative)
         text.append('-');
-    const double whole = std::trunc(static_cast<double>(magnitude));
+    const double whole = std::trunc(magnitude);
     text.appendInteger(static_cast<int>(whole));
     if (decimals > 0)
         text.append('.');
-    // Exact: a float's fraction times ten fits a double with room to spare.
-    double fraction = static_cast<double>(magnitude) - whole;
+    double fraction = magnitude - whole;
     for (int i = 0; i < decimals; ++i) {
         const double digit = std::trunc(fraction * 10.0);
         text.append(static_cast<char>('0' + static_cast<int>(digit)));

@@ -9,7 +9,7 @@ namespace pedl {
 
 /// `value` with `decimals` (0..3) digits behind the point, within eight characters.
 ///
-/// The value is rounded half up in single precision first; its digits are then cut, not rounded.
+/// The value is rounded half up first; its digits are then cut, not rounded.
 /// A value between -1 and 0 that was not rounded to -1 keeps its sign and reads "-0". Too large a
 /// value gives the empty text.
 [[nodiscard]] DisplayText numberText(float value, int decimals);

@@ -38,9 +38,10 @@ TEST(NumberText, RoundsHalfUpAndThenCutsItsDigits) {
              Row{-23.96F, 1, "-24.0"},
              Row{-1.5F, 0, "-2"},
              Row{-0.51F, 0, "-1"},
-             // Its product with a hundred rounds to a whole 29, so nothing is added, and the float
-             // itself lies a shade below 0.29.
-             Row{0.29F, 2, "0.28"},
+             // As floats these lie a shade below what they stand for.
+             Row{0.29F, 2, "0.29"},
+             Row{0.7F, 1, "0.7"},
+             Row{-0.7F, 1, "-0.7"},
          }) {
         SCOPED_TRACE(testing::Message() << row.value << " with " << row.decimals << " decimals");
         EXPECT_EQ(numberText(row.value, row.decimals).view(), row.expected);

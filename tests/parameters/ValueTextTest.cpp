@@ -121,10 +121,8 @@ TEST(ValueText, NumbersMeetTheirEnds) {
     }
 }
 
-TEST(ValueText, SlowestLfoRateReadsZero) {
-    // The float nearest to 0.01 lies below it, and its hundredfold rounds to a whole 1: no half is
-    // left to round up, and the digits are cut.
-    EXPECT_EQ(valueText(TextRule::LfoRateHz, 0.0F).view(), "0.00");
+TEST(ValueText, LfoRatesHaveTwoDecimals) {
+    EXPECT_EQ(valueText(TextRule::LfoRateHz, 0.0F).view(), "0.01");
     EXPECT_EQ(valueText(TextRule::LfoRateHz, 0.0004F).view(), "0.02"); // 0.015996
     EXPECT_EQ(valueText(TextRule::LfoRateHz, 1.0F).view(), "15.00");
 }
