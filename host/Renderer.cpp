@@ -111,6 +111,9 @@ template <typename Sample> Result<RenderReport> Renderer::runAs() {
         if (!isInTail) {
             frames = static_cast<VstInt32>(reader_.read(fromFile.data(), blockFrames_));
             isInTail = frames == 0;
+            if (isInTail)
+                report.framesMissing =
+                    std::max<std::int64_t>(0, reader_.lengthFrames() - report.frames);
         }
         if (isInTail) {
             frames = static_cast<VstInt32>(std::min<std::int64_t>(tailLeft, blockFrames_));

@@ -79,6 +79,10 @@ std::string levelText(double peak) {
 }
 
 int report(const Options& options, const RenderReport& done) {
+    if (done.framesMissing > 0)
+        std::fprintf(stderr, "zmt-pedlfilter: warning: %s: damaged, ends %.2f s early\n",
+                     options.in.c_str(),
+                     static_cast<double>(done.framesMissing) / done.sampleRateHz);
     if (done.samplesNotFinite > 0)
         std::fprintf(stderr, "zmt-pedlfilter: warning: %lld samples are not finite numbers\n",
                      static_cast<long long>(done.samplesNotFinite));

@@ -105,6 +105,16 @@ TEST_F(CommandTest, WrongInputEndsWithOneClearLineAndLeavesNothing) {
     }
 }
 
+TEST_F(CommandTest, AFileThatEndsEarlyIsRenderedWithAWarning) {
+    ASSERT_EQ(run("render in.wav whole.flac").status, 0);
+    const std::string whole = readBytes(folder_ / "whole.flac");
+    writeBytes(folder_ / "half.flac", whole.substr(0, whole.size() - 40));
+    const Outcome outcome = run("render half.flac out.wav");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_TRUE(outcome.error.starts_with("zmt-pedlfilter: warning: half.flac: damaged, ends "))
+        << outcome.error;
+}
+
 TEST_F(CommandTest, OutIsNotInUnderAnotherName) {
     std::filesystem::create_symlink("in.wav", folder_ / "soft.wav");
     std::filesystem::create_hard_link(folder_ / "in.wav", folder_ / "hard.wav");
