@@ -1,7 +1,6 @@
 #include "host/AudioReader.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sndfile.h>
 #include <sys/stat.h>
@@ -13,13 +12,13 @@ Result<AudioReader> AudioReader::open(const std::filesystem::path& path) {
     const std::string name = path.string();
     struct stat status {};
     if (stat(path.c_str(), &status) != 0)
-        return Problem{name + ": " + std::strerror(errno)};
+        return Problem{name + ": " + systemText(errno)};
     if (!S_ISREG(status.st_mode))
         return Problem{name + (S_ISDIR(status.st_mode) ? ": is a folder" : ": is not a file") +
                        ", not audio"};
     const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0)
-        return Problem{name + ": " + std::strerror(errno)};
+        return Problem{name + ": " + systemText(errno)};
 
     AudioReader reader;
     SF_INFO info{};

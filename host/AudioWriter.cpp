@@ -135,7 +135,7 @@ Done AudioWriter::write(const double* frames, std::int64_t count) {
 
 Done AudioWriter::stateAfter(bool wroteAll) {
     if (const Done state = file_->state(); !state.ok())
-        return state;
+        return state.problem();
     if (!wroteAll)
         return Problem{name_ + ": cannot be written: " + sf_strerror(encoder_.get())};
     return done();
@@ -144,7 +144,7 @@ Done AudioWriter::stateAfter(bool wroteAll) {
 Done AudioWriter::commit() {
     const int error = sf_close(encoder_.release()); // writes the head with the final length
     if (const Done state = file_->state(); !state.ok())
-        return state;
+        return state.problem();
     if (error != 0)
         return Problem{name_ + ": cannot be completed: " + sf_error_number(error)};
     return file_->commit();

@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <charconv>
 #include <cmath>
-#include <cstring>
 #include <fstream>
 #include <optional>
 #include <string>
@@ -78,7 +77,7 @@ Result<AutomationCurve> AutomationCurve::load(const std::filesystem::path& path)
     errno = 0;
     std::ifstream file(path);
     if (!file)
-        return Problem{path.string() + ": " + std::strerror(errno != 0 ? errno : EIO)};
+        return Problem{path.string() + ": " + systemText(errno != 0 ? errno : EIO)};
     return parse(file, path.string());
 }
 

@@ -120,6 +120,7 @@ struct ParameterLine {
 
 std::vector<ParameterLine> parameterLines(Plugin& plugin) {
     std::vector<ParameterLine> lines;
+    lines.reserve(static_cast<std::size_t>(plugin.numParameters()));
     for (VstInt32 index = 0; index < plugin.numParameters(); ++index)
         lines.push_back({index, plugin.parameterName(index), plugin.parameterLongName(index),
                          plugin.displayText(index), plugin.parameterUnit(index),
@@ -148,8 +149,9 @@ Json programsAsJson(Plugin& plugin) {
 }
 
 std::vector<VstPinProperties> pins(Plugin& plugin, bool areInputs) {
-    std::vector<VstPinProperties> all;
     const VstInt32 count = areInputs ? plugin.record().numInputs : plugin.record().numOutputs;
+    std::vector<VstPinProperties> all;
+    all.reserve(static_cast<std::size_t>(count));
     for (VstInt32 index = 0; index < count; ++index)
         all.push_back((areInputs ? plugin.inputPin(index) : plugin.outputPin(index))
                           .value_or(VstPinProperties{}));

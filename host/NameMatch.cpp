@@ -119,6 +119,7 @@ std::vector<const NamedItem*> nearest(const std::string& wanted, std::span<const
                      [](const Offer& a, const Offer& b) { return a.distance < b.distance; });
     offers.resize(std::min(offers.size(), kMostOffered));
     std::vector<const NamedItem*> nearestItems;
+    nearestItems.reserve(offers.size());
     for (const Offer& offer : offers)
         nearestItems.push_back(offer.item);
     return nearestItems;

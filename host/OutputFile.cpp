@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -57,7 +56,7 @@ Done OutputFile::open() {
     if (descriptor_ < 0) {
         const int errorNumber = errno;
         return Problem{shown_.string() + ": cannot be written in the folder " + folder.string() +
-                       ": " + std::strerror(errorNumber)};
+                       ": " + systemText(errorNumber)};
     }
     temporary_ = name;
     Interrupt::removeAtEnd(temporary_);
@@ -116,7 +115,7 @@ Done OutputFile::commit() {
 }
 
 Problem OutputFile::failed(int errorNumber) const {
-    return {shown_.string() + ": cannot be written: " + std::strerror(errorNumber)};
+    return {shown_.string() + ": cannot be written: " + systemText(errorNumber)};
 }
 
 } // namespace pedl

@@ -23,6 +23,8 @@ constexpr VstInt32 kMostPins = 1024;
 constexpr VstInt32 kMostParameters = 65536;
 constexpr VstInt32 kMostPrograms = 65536;
 
+constexpr std::size_t kPointerBytes = sizeof(void*);
+
 /// Slots that our own effect may name beyond its declared programs.
 constexpr VstInt32 kMostHiddenSlots = 1024;
 
@@ -291,7 +293,7 @@ void Plugin::process(const double* const* inputs, double* const* outputs, VstInt
 
 void Plugin::sendMidi(std::span<const VstMidiEvent> events) {
     midi_.assign(events.begin(), events.end());
-    const std::size_t bytes = sizeof(VstEvents) + midi_.size() * sizeof(VstEvent*);
+    const std::size_t bytes = sizeof(VstEvents) + midi_.size() * kPointerBytes;
     if (eventRecord_.size() < bytes)
         eventRecord_.resize(bytes);
     // The pointers run past the two that the structure declares, as the interface has it.
@@ -302,8 +304,8 @@ void Plugin::sendMidi(std::span<const VstMidiEvent> events) {
         event.type = kVstMidiType;
         event.byteSize = sizeof(VstMidiEvent);
         const VstMidiEvent* const address = &event;
-        std::memcpy(place, &address, sizeof address);
-        place += sizeof address;
+        std::memcpy(place, &address, kPointerBytes);
+        place += kPointerBytes;
     }
     call(effProcessEvents, 0, 0, eventRecord_.data());
 }

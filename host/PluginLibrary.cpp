@@ -23,7 +23,7 @@ void* ownSymbol(void* handle, const char* name) {
 
 /// The loader's message without the path, which the caller has named already.
 std::string loaderMessage(const std::string& path) {
-    const char* const text = dlerror();
+    const char* const text = dlerror(); // NOLINT(concurrency-mt-unsafe): per thread in glibc
     std::string message = text != nullptr ? text : "the loader gives no reason";
     if (message.starts_with(path + ": "))
         message.erase(0, path.size() + 2);

@@ -2,6 +2,7 @@
 
 #include <cassert>
 #include <string>
+#include <system_error>
 #include <utility>
 #include <variant>
 
@@ -11,6 +12,11 @@ namespace pedl {
 struct Problem {
     std::string text;
 };
+
+/// What the system says about an `errno`.
+[[nodiscard]] inline std::string systemText(int errorNumber) {
+    return std::system_category().message(errorNumber);
+}
 
 /// A value, or the problem that kept it from being made.
 ///

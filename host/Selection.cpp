@@ -23,6 +23,7 @@ bool isNumber(std::string_view text, double& number) {
 
 std::vector<NamedItem> namedParameters(Plugin& plugin) {
     std::vector<NamedItem> items;
+    items.reserve(static_cast<std::size_t>(plugin.numParameters()));
     for (VstInt32 index = 0; index < plugin.numParameters(); ++index)
         items.push_back({index, {plugin.parameterName(index), plugin.parameterLongName(index)}});
     return items;
@@ -73,6 +74,7 @@ Result<Setting> findSetting(Plugin& plugin, std::string_view text) {
 Done selectProgram(Plugin& plugin, std::string_view nameOrSlot) {
     const std::vector<std::string> names = plugin.programNames();
     std::vector<NamedItem> items;
+    items.reserve(names.size());
     for (const std::string& name : names)
         items.push_back({static_cast<int>(items.size()), {name}});
 

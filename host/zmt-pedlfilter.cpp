@@ -244,9 +244,7 @@ CLI::App* addRender(CLI::App& app, Options& options) {
     return command;
 }
 
-} // namespace
-
-int main(int count, char** words) {
+int runCommand(int count, char** words) {
     Options options;
     CLI::App app(
         "Plays sound files through ZMT pedlFilter, or another VST 2.4 effect, and shows what "
@@ -286,4 +284,16 @@ int main(int count, char** words) {
             return parameterListing(plugin, form);
         });
     return runListing(options, infoListing);
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    try {
+        return runCommand(count, words);
+    } catch (...) {
+        // Libraries of others throw when memory ends; everything else was answered before.
+        std::fputs("zmt-pedlfilter: not enough memory\n", stderr);
+        return kFailed;
+    }
 }
