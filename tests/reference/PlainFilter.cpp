@@ -151,12 +151,13 @@ PlainFilter::Coefficients PlainFilter::coefficients(std::size_t channel, double 
     const double denominatorRe = 1.0 + a1 * c + a2 * c2, denominatorIm = a1 * s + a2 * s2;
     const double h = std::sqrt((numeratorRe * numeratorRe + numeratorIm * numeratorIm) /
                                (denominatorRe * denominatorRe + denominatorIm * denominatorIm));
-    const double toUnity = h > 0.0 ? 1.0 / h : h;
-    const double scale = toUnity * std::max(q, 1.0);
+    for (double* b : {&b0, &b1, &b2})
+        *b = h > 0.0 ? *b / h : *b * h; // unity at the cut-off; silence where that is impossible
     return {std::min(q, 1.0),
-            b0 * scale,
-            b1 * scale,
-            b2 * scale,
+            std::max(q, 1.0),
+            b0,
+            b1,
+            b2,
             a1,
             a2,
             saturationScale_ * q_.value * cutoffHz};
@@ -164,8 +165,9 @@ PlainFilter::Coefficients PlainFilter::coefficients(std::size_t channel, double 
 
 double PlainFilter::runStage(Stage& stage, const Coefficients& k, double input) {
     const double x = input * k.inputScale;
-    double y =
-        flushed(x * k.b0 + k.b1 * stage.x1 + k.b2 * stage.x2 - (k.a1 * stage.y1 + k.a2 * stage.y2));
+    const double n = k.numeratorScale;
+    double y = flushed(x * k.b0 * n + k.b1 * n * stage.x1 + k.b2 * n * stage.x2 -
+                       (k.a1 * stage.y1 + k.a2 * stage.y2));
     const double u = std::clamp(k.clipScale * y, -3.0, 3.0);
     y = u * (u * u + 27.0) / (9.0 * u * u + 27.0) / k.clipScale;
     stage = {x, stage.x1, y, stage.y1};

@@ -24,7 +24,7 @@ private:
         double x1 = 0.0, x2 = 0.0, y1 = 0.0, y2 = 0.0;
     };
     struct Coefficients {
-        double inputScale, b0, b1, b2, a1, a2, clipScale;
+        double inputScale, numeratorScale, b0, b1, b2, a1, a2, clipScale;
     };
 
     void updateSaturationScale();

@@ -67,8 +67,10 @@ void PlainPedlFilter::setParameter(int index, float normalised) {
     case kEnvRelease:
         engine_.setParameter(kEnvAttack, held(kEnvAttack));
         break;
+    case kDryGlobal:
+    case kWetGlobal:
     case kDryWetGlobal:
-        isBankWide_ = switchState(v) != 0;
+        isBankWide_ = switchState(held(kDryWetGlobal)) != 0;
         engine_.setParameter(kDry, held(isBankWide_ ? kDryGlobal : kDry));
         engine_.setParameter(kWet, held(isBankWide_ ? kWetGlobal : kWet));
         break;
@@ -95,8 +97,10 @@ void PlainPedlFilter::updateTempoSync() {
     }
     const double rateHz = denominator_ * tempo / (numerator_ * 240.0);
     const double normalised = std::clamp((rateHz - 0.01) / 14.99, 0.0, 1.0);
-    held(kLFOFreq) = static_cast<float>(normalised);
-    engine_.setParameter(kLFOFreq, held(kLFOFreq));
+    if (held(kLFOFreq) != static_cast<float>(normalised)) { // else its filters stay as they are
+        held(kLFOFreq) = static_cast<float>(normalised);
+        engine_.setParameter(kLFOFreq, held(kLFOFreq));
+    }
 
     if (syncMode_ == 1.0 && time_->positionQuarters) {
         const double cycles =
