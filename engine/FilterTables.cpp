@@ -1,9 +1,10 @@
 #include "engine/FilterTables.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cmath>
-#include <map>
 #include <thread>
+#include <vector>
 
 namespace pedl {
 
@@ -79,16 +80,24 @@ TrigonometryTable::TrigonometryTable(double sampleRateHz) {
 }
 
 std::shared_ptr<const TrigonometryTable> TrigonometryTable::forRate(double sampleRateHz) {
+    /// Tables kept although no instance uses them: a new instance starts at one rate and goes on
+    /// to the host's, and finds both.
+    constexpr std::size_t kKept = 4;
+    struct Entry {
+        double sampleRateHz;
+        std::shared_ptr<const TrigonometryTable> table;
+    };
     // Several instances may resume at once; audio never comes here.
     static std::atomic_flag isTaken;
-    static std::map<double, std::weak_ptr<const TrigonometryTable>> tables;
+    static std::vector<Entry> entries;
     const Turn turn(isTaken);
-    std::erase_if(tables, [](const auto& entry) { return entry.second.expired(); });
-    auto& slot = tables[sampleRateHz];
-    std::shared_ptr<const TrigonometryTable> table = slot.lock();
-    if (table == nullptr)
-        slot = table = std::make_shared<const TrigonometryTable>(sampleRateHz);
-    return table;
+    const auto known = std::ranges::find(entries, sampleRateHz, &Entry::sampleRateHz);
+    if (known != entries.end())
+        return known->table;
+    if (entries.size() >= kKept)
+        std::erase_if(entries, [](const Entry& entry) { return entry.table.use_count() == 1; });
+    entries.push_back({sampleRateHz, std::make_shared<const TrigonometryTable>(sampleRateHz)});
+    return entries.back().table;
 }
 
 const MorphTable& MorphTable::shared() {

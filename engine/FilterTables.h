@@ -17,8 +17,7 @@ class TrigonometryTable {
 public:
     static constexpr int kEntries = 65536; // from 20 to 20000 Hz, 0.3 Hz apart
 
-    /// The table for a sample rate; instances that run at one rate share one table, and the last
-    /// of them takes it away.
+    /// The table for a sample rate. All instances that run at one rate share one table.
     [[nodiscard]] static std::shared_ptr<const TrigonometryTable> forRate(double sampleRateHz);
 
     /// @param index 0..kEntries - 1

@@ -207,6 +207,14 @@ TEST(EnvelopeFollower, LouderPeakStartsTheHoldAnewAndAQuieterOneDoesNot) {
     EXPECT_NEAR(levelAfterSecondPeak(20.0), std::log10(20.0), 0.01);
 }
 
+TEST(EnvelopeFollower, ReinitialiseForgetsAHeldPeak) {
+    Follower follower(kAround);
+    follower.setHoldTime(1000.0);
+    follower.follow(10, 100.0);
+    follower.reinitialise();
+    EXPECT_LT(follower.follow(100, 0.0).back().level, 0.0);
+}
+
 TEST(EnvelopeFollower, DepthFollowsItsLawBetweenZeroAndOne) {
     struct Row {
         const char* story;

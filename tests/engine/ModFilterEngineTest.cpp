@@ -65,8 +65,6 @@ struct TestEngine : ModFilterEngine {
     }
 };
 
-void nothing(ModFilterEngine&) {}
-
 void filterOff(ModFilterEngine& engine) {
     engine.setFilterSlope(kFilterOff);
 }
@@ -475,11 +473,6 @@ TEST(ModFilterEngine, LockHoldsEachBlocksStartUnlessWaveOrRateForbidIt) {
         }
         EXPECT_EQ(most - least < 0.02, row.isLocked);
     }
-}
-
-TEST(ModFilterEngine, NothingSoundsWhenNothingGoesIn) {
-    TestEngine engine(nothing);
-    EXPECT_EQ(engine.play(kSecond, 0.0, 0.0), (std::array<double, 2>{0.0, 0.0}));
 }
 
 } // namespace

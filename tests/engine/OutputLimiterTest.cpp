@@ -114,15 +114,5 @@ TEST(OutputLimiter, TimesOutsideTheirRangeCountAsTheNearerBound) {
     EXPECT_NE(gainAfter(0.1, 60.0), gainAfter(0.1, 30.0));
 }
 
-TEST(OutputLimiter, StartsWithUnitGainAndReturnsToItAtReset) {
-    OutputLimiter limiter;
-    EXPECT_EQ(limiter.gain(), 1.0);
-    limited(limiter, 100, 5.0, 5.0);
-    EXPECT_LT(limiter.gain(), 0.9);
-    limiter.reset();
-    EXPECT_EQ(limiter.gain(), 1.0);
-    EXPECT_NEAR(limited(limiter, 1, 1e-6, 0.0).left[0] / 1e-6, 1.0, 0.001);
-}
-
 } // namespace
 } // namespace pedl
