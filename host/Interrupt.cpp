@@ -1,5 +1,7 @@
 #include "host/Interrupt.h"
 
+#include "host/Messages.h"
+
 #include <array>
 #include <atomic>
 #include <csignal>
@@ -40,7 +42,7 @@ extern "C" void onCrash(int number) {
     removeDoomedFile();
     constexpr std::string_view kLine =
         "zmt-pedlfilter: crashed, most likely inside the plug-in; nothing was written\n";
-    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, kLine.data(), kLine.size());
+    [[maybe_unused]] const ssize_t written = write(messageDescriptor(), kLine.data(), kLine.size());
     std::signal(number, SIG_DFL);
     std::raise(number);
 }

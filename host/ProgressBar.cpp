@@ -1,5 +1,7 @@
 #include "host/ProgressBar.h"
 
+#include "host/Messages.h"
+
 #include <cmath>
 #include <cstdio>
 #include <string>
@@ -15,12 +17,12 @@ constexpr std::chrono::milliseconds kBetweenPictures{100};
 } // namespace
 
 ProgressBar::ProgressBar()
-    : isOnTerminal_(isatty(STDERR_FILENO) == 1), start_(std::chrono::steady_clock::now()),
+    : isOnTerminal_(isatty(messageDescriptor()) == 1), start_(std::chrono::steady_clock::now()),
       shown_(start_) {}
 
 ProgressBar::~ProgressBar() {
     if (isShown_)
-        std::fputs("\r\033[K", stderr);
+        std::fputs("\r\033[K", messages());
 }
 
 void ProgressBar::show(double share) {
@@ -33,7 +35,7 @@ void ProgressBar::show(double share) {
     const double past = std::chrono::duration<double>(now - start_).count();
     const long left = share > 0.0 ? std::lround(past / share - past) : 0;
     const std::string bar = std::string(full, '#') + std::string(kBarColumns - full, '.');
-    std::fprintf(stderr, "\r[%s] %3.0f %%  %ld:%02ld left\033[K", bar.c_str(), share * 100.0,
+    std::fprintf(messages(), "\r[%s] %3.0f %%  %ld:%02ld left\033[K", bar.c_str(), share * 100.0,
                  left / 60, left % 60);
 }
 

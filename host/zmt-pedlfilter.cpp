@@ -2,6 +2,7 @@
 
 #include "host/Interrupt.h"
 #include "host/Listings.h"
+#include "host/Messages.h"
 #include "host/PluginLocator.h"
 #include "host/RenderCommand.h"
 #include "host/Selection.h"
@@ -37,10 +38,11 @@ struct Options {
     std::vector<std::string> settings, automations;
     bool isDouble = false;
     bool isJson = false;
+    bool isVerbose = false;
 };
 
 int fail(const std::string& text, int status = kFailed) {
-    std::fprintf(stderr, "zmt-pedlfilter: %s\n", text.c_str());
+    std::fprintf(messages(), "zmt-pedlfilter: %s\n", text.c_str());
     return status;
 }
 
@@ -80,15 +82,15 @@ std::string levelText(double peak) {
 
 int report(const Options& options, const RenderReport& done) {
     if (done.framesMissing > 0)
-        std::fprintf(stderr, "zmt-pedlfilter: warning: %s: damaged, ends %.2f s early\n",
+        std::fprintf(messages(), "zmt-pedlfilter: warning: %s: damaged, ends %.2f s early\n",
                      options.in.c_str(),
                      static_cast<double>(done.framesMissing) / done.sampleRateHz);
     if (done.samplesNotFinite > 0)
-        std::fprintf(stderr, "zmt-pedlfilter: warning: %lld samples are not finite numbers\n",
+        std::fprintf(messages(), "zmt-pedlfilter: warning: %lld samples are not finite numbers\n",
                      static_cast<long long>(done.samplesNotFinite));
     if (done.samplesCut > 0)
         std::fprintf(
-            stderr,
+            messages(),
             "zmt-pedlfilter: warning: %lld samples were beyond full scale and were cut off;"
             " .wav keeps them\n",
             static_cast<long long>(done.samplesCut));
@@ -129,6 +131,7 @@ int runRender(const Options& options) {
         return fail(plugin.problem().text);
     request.plugin = plugin.value();
 
+    const PluginSilence silence(options.isVerbose);
     const Result<RenderReport> rendered = render(request);
     if (!rendered.ok()) {
         const int signal = Interrupt::signalNumber();
@@ -142,6 +145,7 @@ template <typename Listing> int runListing(const Options& options, const Listing
     const Result<std::filesystem::path> path = pluginFor(options);
     if (!path.ok())
         return fail(path.problem().text);
+    const PluginSilence silence(options.isVerbose);
     Result<std::unique_ptr<Plugin>> plugin = Plugin::load(path.value());
     if (!plugin.ok())
         return fail(plugin.problem().text);
@@ -202,6 +206,8 @@ void addPluginOption(CLI::App& command, Options& options) {
         .add_option("--plugin", options.plugin,
                     "VST 2.4 library to load instead of ZMTpedlFilter.so")
         ->type_name("PATH");
+    command.add_flag("--verbose", options.isVerbose,
+                     "Let through what the plug-in writes to standard error");
 }
 
 CLI::App* addListing(CLI::App& app, const char* name, const char* description, Options& options) {

@@ -57,6 +57,12 @@ TEST_F(CommandTest, ARenderEndsWithItsFiguresAndListsOfSettingsLeaveTheFilesAlon
     EXPECT_EQ(readSound(folder_ / "out.wav").frames(), 4800U);
 }
 
+TEST_F(CommandTest, WhatThePluginSaysIsShownToThoseWhoAskForIt) {
+    EXPECT_EQ(run("info").error, "");
+    EXPECT_EQ(run("info --verbose").error, "stub: made\n");
+    EXPECT_EQ(run("render in.wav out.wav --verbose").error, "stub: made\n");
+}
+
 TEST_F(CommandTest, WrongInputEndsWithOneClearLineAndLeavesNothing) {
     struct Row {
         const char* arguments;

@@ -135,5 +135,6 @@ private:
 } // namespace
 
 STUB_EXPORT AEffect* VSTPluginMain(audioMasterCallback host) {
+    std::fputs("stub: made\n", stderr); // as chatty as real ones are
     return (new StubEffect(host))->getAeffect();
 }
