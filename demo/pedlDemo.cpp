@@ -47,7 +47,7 @@ std::string settingsLine(const DemoSetting& setting) {
 fs::path inputOf(const DemoSetting& setting, const Options& options) {
     if (options.ownInput.empty())
         return options.material / (setting.material + ".wav");
-    const fs::path cut = options.material / ("own-" + options.ownInput.stem().string() + ".wav");
+    fs::path cut = options.material / ("own-" + options.ownInput.stem().string() + ".wav");
     writeSound(cut, readSound(options.ownInput, kLongestSeconds));
     return cut;
 }
