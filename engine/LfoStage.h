@@ -50,7 +50,7 @@ private:
         const bool isFast = controls.randomType == Lfo::RandomType::Fast;
         const double amount = controls.randomAmount;
         const Lfo::Biquad b = controls.biquad;
-        const double spreadSteps = state.spread * (kWaveSteps / 2);
+        const double spreadSteps = state.spread * (kWaveSteps / 2.0);
         double phase = state.phase;
         double randomPhase = state.randomPhase;
         double x1 = state.x1, x2 = state.x2, y1 = state.y1, y2 = state.y2;
