@@ -2,6 +2,9 @@
 
 #include "engine/ModFilterEngine.h"
 #include "parameters/ParameterIndex.h"
+#include "tests/reference/Music.h"
+#include "tests/reference/PlainEngine.h"
+#include "tests/reference/RandomSettings.h"
 
 namespace pedl::reference {
 
@@ -63,5 +66,68 @@ inline void setParameter(ModFilterEngine& engine, int index, float normalised) {
         if (row.index == index)
             (engine.*row.setter)(normalised);
 }
+
+inline void setParameter(PlainEngine& engine, int index, float normalised) {
+    engine.setParameter(index, normalised);
+}
+
+inline void process(ModFilterEngine& engine, double* const* channels, int frames) {
+    engine.processDouble(channels, channels, frames);
+}
+
+inline void process(PlainEngine& engine, double* const* channels, int frames) {
+    engine.process(channels, channels, frames);
+}
+
+inline MeterSnapshot readMeters(ModFilterEngine& engine) {
+    MeterSnapshot snapshot;
+    engine.fillMeterSnapshot(snapshot);
+    return snapshot;
+}
+
+inline MeterSnapshot readMeters(PlainEngine& engine) {
+    return engine.readMeters();
+}
+
+/// The staged engine or the plain one, resumed and ready to play.
+template <typename Engine> class EnginePlayer {
+public:
+    static constexpr std::uint32_t kSeed = 20; // of the random waves
+
+    template <typename... Arguments>
+    EnginePlayer(double sampleRateHz, const std::vector<ParameterValue>& program,
+                 Arguments... furtherArguments)
+        : engine_(kSeed, furtherArguments...) {
+        apply(program);
+        engine_.setSampleRate(sampleRateHz);
+        engine_.reset();
+        engine_.reinitialise(kSeed);
+    }
+
+    void apply(const std::vector<ParameterValue>& values) {
+        for (const auto& [index, normalised] : values) {
+            setParameter(engine_, index, normalised);
+            if (index == kEnvAttack)
+                attack_ = normalised;
+            if (index == kEnvRelease)
+                setParameter(engine_, kEnvAttack, attack_);
+        }
+    }
+
+    /// Plays the frames from `first` on in place.
+    void play(Sound& sound, std::size_t first, int frames) {
+        double* const channels[] = {sound[0].data() + first, sound[1].data() + first};
+        process(engine_, channels, frames);
+    }
+
+    MeterSnapshot meters() { return readMeters(engine_); }
+
+private:
+    Engine engine_;
+    float attack_ = 0.0F;
+};
+
+using PlainPlayer = EnginePlayer<PlainEngine>;
+using StagedPlayer = EnginePlayer<ModFilterEngine>;
 
 } // namespace pedl::reference
