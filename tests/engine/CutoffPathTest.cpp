@@ -9,44 +9,32 @@ namespace {
 
 using namespace test;
 
-/// The path with a constant wave and a constant offset of the envelope.
-class Path {
-public:
-    explicit Path(double base) {
-        path_.setBase(base);
-        path_.reinitialise();
-        for (double& depth : depth_.at)
-            depth = 1.0;
-    }
-
-    StereoSamples run(int frames, double amount, double left, double right, double offset,
-                      double coefficient = 1.0) {
-        for (int i = 0; i < kStretchFrames; ++i) {
-            wave_.at[2 * i] = left;
-            wave_.at[2 * i + 1] = right;
-            offset_.at[i] = offset;
-        }
-        StereoSamples cutoffs;
-        inStretches(frames, [&](int, int length) {
-            path_.process(amount, depth_, wave_, offset_, coefficient, length, output_);
-            append(output_.hz, length, cutoffs);
-        });
-        return cutoffs;
-    }
-
-    CutoffPath& operator*() { return path_; }
-    [[nodiscard]] bool wasConstant() const { return output_.isConstant; }
-
-private:
-    CutoffPath path_;
-    MonoStretch depth_, offset_;
-    StereoStretch wave_;
-    CutoffStretch output_;
+struct Modulation {
+    double amount = 0.0, left = 0.0, right = 0.0; // the wave at full depth
+    double offset = 0.0;                          // by the envelope
+    double coefficient = 1.0;                     // of the wave's smoothing
 };
 
-/// A thousandth of a semitone: the table's steps are a hundredth.
-void expectPitch(double actualHz, double expectedHz) {
-    EXPECT_NEAR(12.0 * std::log2(actualHz / expectedHz), 0.0, 0.002);
+/// Cut-offs of a path that starts at rest with its knob at `base`.
+StereoSamples cutoffsOf(double base, const Modulation& by, int frames = 1) {
+    CutoffPath path;
+    path.setBase(base);
+    path.reinitialise();
+    MonoStretch depth, offset;
+    std::fill_n(depth.at, kStretchFrames, 1.0);
+    std::fill_n(offset.at, kStretchFrames, by.offset);
+    CutoffStretch output;
+    StereoSamples cutoffs;
+    inStretches(frames, [&](int, int length) {
+        path.process(by.amount, depth, constant(by.left, by.right), offset, by.coefficient, length,
+                     output);
+        append(output.hz, length, cutoffs);
+    });
+    return cutoffs;
+}
+
+double positionOf(double cutoffHz) {
+    return std::log(cutoffHz / 20.0) / std::log(1000.0);
 }
 
 TEST(CutoffTable, RunsFromTwentyHzToTwentyKilohertzInEqualStepsOfPitch) {
@@ -57,49 +45,30 @@ TEST(CutoffTable, RunsFromTwentyHzToTwentyKilohertzInEqualStepsOfPitch) {
         EXPECT_NEAR(table.hz(index + 1) / table.hz(index), std::pow(1000.0, 1.0 / 99899.0), 1e-13);
 }
 
-TEST(CutoffPath, KnobWaveAndEnvelopeAddUpInPitch) {
-    Path path(0.5);
-    const StereoSamples cutoffs = path.run(1, 0.25, 1.0, -1.0, 0.05);
-    expectPitch(cutoffs.left[0], 20.0 * std::pow(1000.0, 0.8));
-    expectPitch(cutoffs.right[0], 20.0 * std::pow(1000.0, 0.3));
-}
-
-TEST(CutoffPath, StopsAtTheEndsOfTheTable) {
-    Path path(0.5);
+TEST(CutoffPath, KnobWaveAndEnvelopeAddUpInPitchAndStopAtTheEnds) {
+    const StereoSamples sum =
+        cutoffsOf(0.5, {.amount = 0.25, .left = 1.0, .right = -1.0, .offset = 0.05});
+    EXPECT_NEAR(positionOf(sum.left[0]), 0.8, 1.5e-5); // less than 0.2 % of a semitone
+    EXPECT_NEAR(positionOf(sum.right[0]), 0.3, 1.5e-5);
     for (const double offset : {2.0, 1e9, 1e60}) {
-        EXPECT_DOUBLE_EQ(path.run(1, 0.0, 0.0, 0.0, offset).left[0], 20000.0);
-        EXPECT_DOUBLE_EQ(path.run(1, 0.0, 0.0, 0.0, -offset).left[0], 20.0);
+        EXPECT_DOUBLE_EQ(cutoffsOf(0.5, {.offset = offset}).left[0], 20000.0);
+        EXPECT_DOUBLE_EQ(cutoffsOf(0.5, {.offset = -offset}).left[0], 20.0);
     }
 }
 
 TEST(CutoffPath, ThreePolesSmoothTheWaveAndNoneTheEnvelope) {
-    constexpr double kFramesOfOnePole = 500.0;
-    Path path(0.0);
-    const StereoSamples rising = path.run(2000, 0.5, 1.0, 0.0, 0.0, 1.0 / kFramesOfOnePole);
-    for (const int frame : {250, 500, 1000, 1999}) {
+    constexpr double kFramesOfOnePole = 500.0, kPole = 1.0 / kFramesOfOnePole;
+    const StereoSamples rising =
+        cutoffsOf(0.0, {.amount = 0.5, .left = 1.0, .coefficient = kPole}, 2000);
+    for (const std::size_t frame : {250u, 500u, 1000u, 1999u}) {
         // Step response of three equal poles, the Erlang distribution.
-        const double t = (frame + 1) / kFramesOfOnePole;
+        const double t = static_cast<double>(frame + 1) / kFramesOfOnePole;
         const double way = 1.0 - std::exp(-t) * (1.0 + t + 0.5 * t * t);
-        const double position =
-            std::log(rising.left[static_cast<std::size_t>(frame)] / 20.0) / std::log(1000.0);
-        EXPECT_NEAR(position, 0.5 * way, 0.002) << "frame " << frame;
-        EXPECT_EQ(rising.right[static_cast<std::size_t>(frame)], 20.0);
+        EXPECT_NEAR(positionOf(rising.left[frame]), 0.5 * way, 0.002) << "frame " << frame;
+        EXPECT_EQ(rising.right[frame], 20.0);
     }
-    Path still(0.25);
-    expectPitch(still.run(1, 0.0, 0.0, 0.0, 0.25, 1.0 / kFramesOfOnePole).left[0],
-                20.0 * std::pow(1000.0, 0.5));
-}
-
-TEST(CutoffPath, KnobGlidesOnceATickUntilReinitialiseEndsTheRamp) {
-    Path path(0.0);
-    (*path).setBase(0.8);
-    EXPECT_EQ(path.run(64, 0.0, 0.0, 0.0, 0.0).left.back(), 20.0);
-    EXPECT_TRUE(path.wasConstant());
-    (*path).tick({.slow = 0.25, .fast = 1.0, .nudge = 0.0});
-    expectPitch(path.run(64, 0.0, 0.0, 0.0, 0.0).left.back(), 20.0 * std::pow(1000.0, 0.2));
-    EXPECT_FALSE(path.run(64, 0.5, 1.0, 1.0, 0.0, 0.1).left.empty() || path.wasConstant());
-    (*path).reinitialise();
-    expectPitch(path.run(1, 0.0, 0.0, 0.0, 0.0, 0.001).left[0], 20.0 * std::pow(1000.0, 0.8));
+    const StereoSamples still = cutoffsOf(0.25, {.offset = 0.25, .coefficient = kPole});
+    EXPECT_NEAR(positionOf(still.left[0]), 0.5, 1.5e-5);
 }
 
 } // namespace

@@ -17,10 +17,7 @@ constexpr double kRateHz = 44100.0;
 constexpr int kSecond = 44100;
 constexpr std::uint32_t kSeed = 12;
 constexpr float kOff = 0.0F, kOn = 1.0F;
-constexpr float kFilterOff = 0.0F, kFilter24Db = 1.0F;
 constexpr float kUnity = 0.5F; // of gain, dry and wet
-constexpr float kSquare = 0.7F, kSaw = 0.4F;
-constexpr float kModulationOff = 1.0F;
 
 /// An engine that has been set, and then started at a sample rate.
 struct TestEngine : ModFilterEngine {
@@ -40,13 +37,9 @@ struct TestEngine : ModFilterEngine {
         reinitialise(kSeed);
     }
 
-    template <typename Sample> void playInPlace(StereoBuffer<Sample>& buffer) {
+    void playInPlace(Buffer& buffer) {
         const auto channels = buffer.from(0);
-        const auto frames = static_cast<std::int32_t>(buffer.left.size());
-        if constexpr (std::is_same_v<Sample, float>)
-            processFloat(channels.data(), channels.data(), frames);
-        else
-            processDouble(channels.data(), channels.data(), frames);
+        processDouble(channels.data(), channels.data(), static_cast<int>(buffer.left.size()));
     }
 
     /// Plays a constant and returns its last frame.
@@ -66,41 +59,30 @@ struct TestEngine : ModFilterEngine {
 };
 
 void filterOff(ModFilterEngine& engine) {
-    engine.setFilterSlope(kFilterOff);
+    engine.setFilterSlope(kOff);
 }
 
 void everythingOn(ModFilterEngine& engine) {
-    engine.setFilterSlope(kFilter24Db);
+    engine.setFilterSlope(1.0F);
     engine.setResonance(0.4F);
-    engine.setCutoff(0.5F);
     engine.setFilterType(0.3F);
-    engine.setFilterSaturation(0.3F);
     engine.setLfoRate(0.3F);
     engine.setLfoSpread(0.2F);
     engine.setLfoRandomAmount(0.5F);
-    engine.setEnvAttack(0.2F);
-    engine.setEnvRelease(0.3F);
-    engine.setEnvAttack(0.2F);
-    engine.setEnvRange(0.5F);
     engine.setEnvThreshold(0.5F);
-    engine.setEnvToLfoRateSwitch(kOn);
-    engine.setEnvToLfoRate(0.8F);
-    engine.setEnvToLfoDepthSwitch(kOn);
-    engine.setEnvToLfoDepth(0.7F);
-    engine.setLfoToCutoffSwitch(kOn);
-    engine.setLfoToCutoff(0.6F);
-    engine.setLfoToGainSwitch(kOn);
-    engine.setLfoToGain(0.7F);
-    engine.setEnvToCutoffSwitch(kOn);
-    engine.setEnvToCutoff(0.6F);
-    engine.setEnvToGainSwitch(kOn);
-    engine.setEnvToGain(0.6F);
-    engine.setLimiterSwitch(kOn);
-    engine.setLimiterLevel(0.6F);
-    engine.setSaturatorSwitch(kOn);
-    engine.setSaturatorDrive(0.6F);
-    engine.setDrySwitch(kOn);
-    engine.setDryLevel(0.3F);
+    for (const auto turnOn :
+         {&ModFilterEngine::setEnvToLfoRateSwitch, &ModFilterEngine::setEnvToLfoDepthSwitch,
+          &ModFilterEngine::setLfoToCutoffSwitch, &ModFilterEngine::setLfoToGainSwitch,
+          &ModFilterEngine::setEnvToCutoffSwitch, &ModFilterEngine::setEnvToGainSwitch,
+          &ModFilterEngine::setLimiterSwitch, &ModFilterEngine::setSaturatorSwitch,
+          &ModFilterEngine::setDrySwitch})
+        (engine.*turnOn)(kOn);
+    for (const auto turnUp :
+         {&ModFilterEngine::setEnvToLfoRate, &ModFilterEngine::setEnvToLfoDepth,
+          &ModFilterEngine::setLfoToCutoff, &ModFilterEngine::setLfoToGain,
+          &ModFilterEngine::setEnvToCutoff, &ModFilterEngine::setEnvToGain,
+          &ModFilterEngine::setLimiterLevel, &ModFilterEngine::setSaturatorDrive})
+        (engine.*turnUp)(0.65F);
 }
 
 TEST(ModFilterEngine, BypassPassesTheRawInputWhateverTheGains) {
@@ -112,13 +94,9 @@ TEST(ModFilterEngine, BypassPassesTheRawInputWhateverTheGains) {
     });
     engine.setPower(kOn);
     engine.play(kSecond, 0.3, -0.2);
-    Buffer buffer = noise<double>(1000, 1);
-    const Buffer input = buffer;
-    engine.playInPlace(buffer);
-    for (std::size_t i = 0; i < input.left.size(); ++i) {
-        ASSERT_NEAR(buffer.left[i], input.left[i], 1e-15);
-        ASSERT_NEAR(buffer.right[i], input.right[i], 1e-15);
-    }
+    const auto output = engine.play(1, -0.5, 0.7);
+    EXPECT_NEAR(output[0], -0.5, 1e-15);
+    EXPECT_NEAR(output[1], 0.7, 1e-15);
 }
 
 TEST(ModFilterEngine, BypassFadesInWithinFortyMilliseconds) {
@@ -162,55 +140,11 @@ TEST(ModFilterEngine, ReinitialiseEndsEveryRampButThatOfTheInputGain) {
     EXPECT_NEAR(db(engine.play(kSecond, 0.001, 0.0)[0] / 0.004), 24.0, 0.001);
 }
 
-TEST(ModFilterEngine, RoutingSetsWhatTheLimiterHolds) {
-    struct Row {
-        const char* story;
-        float routing;
-        double output, wetPeak;
-    };
-    // A constant 1 goes in dry and, twice as loud, wet; the ceiling is -21 dB.
-    const double ceiling = std::pow(10.0, -21.0 / 20.0);
-    TestEngine engine([](ModFilterEngine& set) {
-        filterOff(set);
-        set.setWetLevel(std::sqrt(0.5F));
-        set.setDrySwitch(kOn);
-        set.setDryLevel(kUnity);
-        set.setLimiterSwitch(kOn);
-        set.setLimiterLevel(1.0F);
-    });
-    for (const Row& row : {Row{"before the wet level", 0.0F, 2.0 * ceiling + 1.0, ceiling},
-                           Row{"behind the wet level", 0.5F, ceiling + 1.0, 1.0},
-                           Row{"behind the mix", 1.0F, ceiling, 1.0}}) {
-        SCOPED_TRACE(row.story);
-        engine.setRouting(row.routing);
-        engine.play(kSecond, 1.0, 1.0);
-        engine.meters(); // forgets the way there
-        EXPECT_NEAR(db(engine.play(1000, 1.0, 1.0)[0] / row.output), 0.0, 0.001);
-        EXPECT_NEAR(db(engine.meters().wetPeak / row.wetPeak), 0.0, 0.001);
-    }
-}
-
-TEST(ModFilterEngine, RoutingSwitchesAtOnce) {
-    TestEngine engine([](ModFilterEngine& set) {
-        filterOff(set);
-        set.setWetSwitch(kOff);
-        set.setDrySwitch(kOn);
-        set.setDryLevel(kUnity);
-        set.setSaturatorSwitch(kOn);
-        set.setSaturatorDrive(1.0F);
-    });
-    EXPECT_NEAR(engine.play(1000, 1.0, 1.0)[0], 1.0, 1e-6) << "dry passes beside the saturator";
-    engine.setRouting(1.0F);
-    EXPECT_NEAR(engine.play(1, 1.0, 1.0)[0], std::pow(10.0, -18.0 / 20.0), 1e-4);
-    engine.setRouting(0.5F);
-    EXPECT_NEAR(engine.play(1, 1.0, 1.0)[0], 1.0, 1e-6);
-}
-
 TEST(ModFilterEngine, FreezeHoldsCutoffAndGainWhileTheLfoMeterMoves) {
     TestEngine engine(everythingOn);
     engine.play(5000, 0.3, 0.2);
     const ModulationState before = engine.modulation();
-    const MeterSnapshot metersBefore = engine.meters();
+    const double meterBefore = engine.meters().lfoLeft;
     engine.setFreeze(kOn);
     for (int block = 0; block < 20; ++block) {
         engine.play(997, 0.03 * block, 0.2);
@@ -220,202 +154,43 @@ TEST(ModFilterEngine, FreezeHoldsCutoffAndGainWhileTheLfoMeterMoves) {
         EXPECT_EQ(frozen.lfoLeft, before.lfoLeft);
         EXPECT_EQ(frozen.envelopeGain, before.envelopeGain);
     }
-    EXPECT_GT(std::abs(engine.meters().lfoLeft - metersBefore.lfoLeft), 0.01);
+    EXPECT_GT(std::abs(engine.meters().lfoLeft - meterBefore), 0.01);
     engine.setFreeze(kOff);
     engine.play(1, 0.3, 0.2);
     EXPECT_NE(engine.modulation().cutoffLeftHz, before.cutoffLeftHz);
     EXPECT_EQ(engine.modulation().lfoLeft, engine.meters().lfoLeft) << "at once";
 }
 
-TEST(ModFilterEngine, LfoMovesTheCutoffOverItsDepth) {
-    TestEngine engine([](ModFilterEngine& set) {
-        set.setCutoff(0.4F);
-        set.setLfoType(kSquare);
-        set.setLfoRate(0.0F); // 0.01 Hz: up for 50 s
-        set.setLfoToCutoffSwitch(kOn);
-        set.setLfoToCutoff(std::sqrt(0.4F)); // 0.2 of the range
-    });
-    engine.play(kSecond, 0.1, 0.1);
-    EXPECT_NEAR(engine.modulation().cutoffLeftHz, 20.0 * std::pow(1000.0, 0.6), 0.5);
-    engine.setLfoSpread(0.0F); // half a cycle: the right channel is down
-    engine.start(kRateHz);
-    engine.play(kSecond, 0.1, 0.1);
-    EXPECT_NEAR(engine.modulation().cutoffLeftHz, 20.0 * std::pow(1000.0, 0.6), 0.5);
-    EXPECT_NEAR(engine.modulation().cutoffRightHz, 20.0 * std::pow(1000.0, 0.2), 0.5);
-}
-
-TEST(ModFilterEngine, LfoMovesTheGainBetweenASixtiethOfADecibelAndTwelve) {
-    TestEngine engine([](ModFilterEngine& set) {
-        filterOff(set);
-        set.setLfoType(kSquare);
-        set.setLfoRate(0.0F);
-        set.setLfoToGainSwitch(kOn);
-    });
-    struct Row {
-        float amount;
-        double exponent; // of two, 10 (2v - 1)^2 with its sign
-    };
-    for (const Row& row :
-         {Row{0.0F, -10.0}, Row{0.25F, -2.5}, Row{0.5F, 0.0}, Row{0.75F, 2.5}, Row{1.0F, 10.0}}) {
-        engine.setLfoToGain(row.amount);
-        const double gain = std::tanh(0.25 * std::exp2(row.exponent)) / std::tanh(0.25);
-        EXPECT_NEAR(db(engine.play(2 * kSecond, 0.5, 0.5)[0] / (0.5 * gain)), 0.0, 0.001)
-            << row.exponent;
-    }
-}
-
-TEST(ModFilterEngine, ModulationOffSoundsAsAllModulationSwitchesOff) {
-    const auto plain = [](ModFilterEngine& set) {
-        everythingOn(set);
-        set.setLimiterSwitch(kOff); // it remembers its start for seconds
-        set.setLfoToCutoffSwitch(kOff);
-        set.setLfoToGainSwitch(kOff);
-        set.setEnvToCutoffSwitch(kOff);
-        set.setEnvToGainSwitch(kOff);
-    };
-    const auto off = [](ModFilterEngine& set) {
-        everythingOn(set);
-        set.setLimiterSwitch(kOff);
-        set.setModulation(kModulationOff);
-    };
-    TestEngine expected(plain), actual(off);
-    Buffer wanted = noise<double>(3 * kSecond, 3), got = wanted;
-    expected.playInPlace(wanted);
-    actual.playInPlace(got);
-    for (std::size_t i = 2 * kSecond; i < wanted.left.size(); ++i)
-        ASSERT_NEAR(got.left[i], wanted.left[i], 1e-6);
-}
-
-TEST(ModFilterEngine, MetersShowPeaksOnceAndLiveValuesAlways) {
-    TestEngine engine([](ModFilterEngine& set) {
-        filterOff(set);
-        set.setSaturatorSwitch(kOn);
-        set.setSaturatorDrive(0.5F);
-        set.setLfoRate(0.5F);
-    });
-    EXPECT_EQ(engine.meters().lfoLeft, -1.0);
-    EXPECT_EQ(engine.meters().lfoRight, -1.0);
-    engine.play(100, 0.8, -0.4);
-    engine.play(100, 0.1, 0.1);
-    const MeterSnapshot first = engine.meters();
-    EXPECT_NEAR(first.dryPeak, 0.3, 1e-6);
-    EXPECT_NEAR(first.wetPeak, 0.5 * (std::tanh(0.8) + std::tanh(0.4)), 1e-6);
-    EXPECT_NEAR(first.saturationLevel, 1.2 * 0.251188643, 1e-6);
-    EXPECT_EQ(first.limiterGain, 1.0) << "switched off";
-    EXPECT_NEAR(first.lfoRateHz, 0.01 + 14.99 * 0.5, 1e-9);
-    EXPECT_GT(first.lfoLeft, -1.0);
-    const MeterSnapshot second = engine.meters();
-    for (const double peak : {second.dryPeak, second.wetPeak, second.saturationLevel,
-                              second.envelopeLevel, second.reservedValue})
-        EXPECT_EQ(peak, 0.0);
-    EXPECT_EQ(second.lfoLeft, first.lfoLeft);
-    engine.setSaturatorSwitch(kOff);
-    engine.setLimiterSwitch(kOn);
-    engine.setLimiterLevel(1.0F);
-    engine.play(kSecond, 1.0, 1.0);
-    EXPECT_EQ(engine.meters().saturationLevel, 0.0);
-    EXPECT_NEAR(db(engine.meters().limiterGain), -21.0, 0.01);
-}
-
-TEST(ModFilterEngine, EnvelopeMeterIsHalvedInModeAround) {
-    for (const float mode : {0.0F, 1.0F}) {
-        TestEngine engine([](ModFilterEngine& set) {
-            set.setEnvRange(std::sqrt(1.0F / 3.0F));
-            set.setEnvThreshold(1.0F);
-        });
-        engine.setEnvThresholdMode(mode);
-        engine.start(kRateHz);
-        const double tenfold = 10.0 / std::sqrt(2.0 * 0.707);
-        engine.play(kSecond, tenfold, tenfold);
-        EXPECT_NEAR(engine.meters().envelopeLevel, mode == 0.0F ? 1.0 : 0.5, 0.001);
-    }
-}
-
-template <typename Sample>
-StereoBuffer<Sample> playInBlocks(TestEngine& engine, StereoBuffer<Sample> buffer,
-                                  std::uint32_t seed) {
-    Random random(seed);
-    for (std::size_t first = 0; first < buffer.left.size();) {
-        const auto rest = static_cast<int>(buffer.left.size() - first);
-        const int frames = std::min(random.integer(0, 300), rest);
-        const auto channels = buffer.from(first);
-        if constexpr (std::is_same_v<Sample, float>)
-            engine.processFloat(channels.data(), channels.data(), frames);
-        else
-            engine.processDouble(channels.data(), channels.data(), frames);
-        first += static_cast<std::size_t>(frames);
-    }
-    return buffer;
-}
-
-TEST(ModFilterEngine, CutOfTheStreamAndKindOfBufferDoNotMatter) {
-    for (std::uint32_t seed = 0; seed < 20; ++seed) {
-        SCOPED_TRACE(seed);
-        const Buffer input = [&] {
-            Buffer floats(10000);
-            const auto drawn = noise<float>(10000, seed);
-            std::copy(drawn.left.begin(), drawn.left.end(), floats.left.begin());
-            std::copy(drawn.right.begin(), drawn.right.end(), floats.right.begin());
-            return floats;
-        }();
-        TestEngine whole(everythingOn), cut(everythingOn), narrow(everythingOn),
-            apart(everythingOn);
-        Buffer expected = input;
-        whole.playInPlace(expected);
-        EXPECT_EQ(playInBlocks(cut, input, seed), expected);
-
-        StereoBuffer<float> rounded(10000);
-        for (std::size_t i = 0; i < 10000; ++i) {
-            rounded.left[i] = static_cast<float>(expected.left[i]);
-            rounded.right[i] = static_cast<float>(expected.right[i]);
-        }
-        EXPECT_EQ(playInBlocks(narrow, noise<float>(10000, seed), seed + 100), rounded);
-
-        Buffer from = input, to(10000);
-        const auto in = from.from(0);
-        const auto out = to.from(0);
-        apart.processDouble(in.data(), out.data(), 10000);
-        EXPECT_EQ(to, expected);
-        EXPECT_EQ(from, input);
-    }
+TEST(ModFilterEngine, OutputsMayBeTheInputs) {
+    TestEngine together(everythingOn), apart(everythingOn);
+    Buffer input = noise<double>(10000, 3), expected(10000);
+    const Buffer untouched = input;
+    const auto in = input.from(0), out = expected.from(0);
+    apart.processDouble(in.data(), out.data(), 10000);
+    EXPECT_EQ(input, untouched);
+    together.playInPlace(input);
+    EXPECT_EQ(input, expected);
 }
 
 TEST(ModFilterEngine, BadSamplesLeaveNothingBehind) {
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    struct Row {
-        const char* story;
-        double sample;
-    };
-    for (const Row& row :
-         {Row{"NaN", std::numeric_limits<double>::quiet_NaN()}, Row{"infinite", kInfinity},
-          Row{"minus infinite", -kInfinity}, Row{"huge", 1e300},
-          Row{"largest", -1.7976931348623157e308}, Row{"denormal", 4.9e-324}})
+    for (const double sample : {std::numeric_limits<double>::quiet_NaN(), kInfinity, -kInfinity,
+                                1e300, std::numeric_limits<double>::lowest(), 4.9e-324})
         for (const float mode : {0.0F, 0.5F, 1.0F}) {
-            SCOPED_TRACE(testing::Message() << row.story << ", mode " << mode);
-            TestEngine hit(everythingOn), spared(everythingOn);
-            for (TestEngine* engine : {&hit, &spared}) {
-                engine->setEnvThresholdMode(mode);
-                engine->start(kRateHz);
-            }
-            Buffer bad = noise<double>(300, 4);
-            bad.left[100] = bad.right[100] = bad.left[250] = row.sample;
-            hit.playInPlace(bad);
-            EXPECT_TRUE(bad.isFinite());
-            Buffer later(4 * kSecond);
-            hit.playInPlace(later);
-            EXPECT_TRUE(later.isFinite());
+            SCOPED_TRACE(testing::Message() << sample << ", mode " << mode);
+            TestEngine engine(everythingOn);
+            engine.setEnvThresholdMode(mode);
+            engine.start(kRateHz);
+            Buffer bad = noise<double>(300, 4), later(4 * kSecond);
+            bad.left[100] = bad.right[100] = bad.left[250] = sample;
+            engine.playInPlace(bad);
+            engine.playInPlace(later);
+            EXPECT_TRUE(bad.isFinite() && later.isFinite());
             EXPECT_LT(std::abs(later.left.back()), 1e-6);
-            const MeterSnapshot meters = hit.meters();
+            const MeterSnapshot meters = engine.meters();
             EXPECT_TRUE(std::isfinite(meters.dryPeak) && std::isfinite(meters.wetPeak) &&
                         std::isfinite(meters.envelopeLevel));
         }
-}
-
-TEST(ModFilterEngine, NaNInOneChannelCountsAsSilenceThereAlone) {
-    TestEngine engine(filterOff);
-    const auto output = engine.play(100, std::numeric_limits<double>::quiet_NaN(), 0.5);
-    EXPECT_EQ(output[0], 0.0);
-    EXPECT_NEAR(output[1], 0.5, 1e-6);
 }
 
 TEST(ModFilterEngine, SlowStreamsAreProcessedAsIfTheyRanAtTheLowestRate) {
@@ -429,50 +204,6 @@ TEST(ModFilterEngine, SlowStreamsAreProcessedAsIfTheyRanAtTheLowestRate) {
         EXPECT_EQ(output(slowHz), output(44100.0)) << slowHz;
     EXPECT_EQ(output(768000.0), output(384000.0));
     EXPECT_NE(output(48000.0), output(44100.0));
-}
-
-TEST(ModFilterEngine, BlockOfNoFramesSetsThePhaseAndTouchesNothingElse) {
-    TestEngine engine([](ModFilterEngine& set) {
-        set.setLfoType(kSaw);
-        set.setLfoRate(0.0F);
-        set.setLfoFilter(0.0F);
-    });
-    engine.play(1000, 0.1, 0.1);
-    engine.setPhaseSync(true, 0.25);
-    engine.processDouble(nullptr, nullptr, 0);
-    engine.setPhaseSync(false, 0.0);
-    engine.play(kSecond, 0.1, 0.1);
-    EXPECT_NEAR(engine.meters().lfoLeft, 0.5 + 2.0 * 0.01, 0.01) << "a second on at 0.01 Hz";
-}
-
-TEST(ModFilterEngine, LockHoldsEachBlocksStartUnlessWaveOrRateForbidIt) {
-    struct Row {
-        const char* story;
-        float wave, rateSwitch, rateAmount;
-        bool isLocked;
-    };
-    for (const Row& row :
-         {Row{"saw", kSaw, kOff, 1.0F, true}, Row{"a hair of rate", kSaw, kOn, 0.502F, true},
-          Row{"moved rate", kSaw, kOn, 0.503F, false},
-          Row{"random wave", 1.0F, kOff, 0.5F, false}}) {
-        SCOPED_TRACE(row.story);
-        TestEngine engine([](ModFilterEngine& set) { set.setLfoFilter(0.0F); });
-        engine.setLfoType(row.wave);
-        engine.setEnvToLfoRateSwitch(row.rateSwitch);
-        engine.setEnvToLfoRate(row.rateAmount);
-        engine.setLfoRate(1.0F);
-        engine.setPhaseSync(true, 0.25);
-        double least = 2.0, most = -2.0;
-        for (int block = 0; block < 2000; ++block) {
-            engine.play(16, 0.0, 0.0);
-            if (block > 500) { // the smoothed wave has arrived
-                const double wave = engine.meters().lfoLeft;
-                least = std::min(least, wave);
-                most = std::max(most, wave);
-            }
-        }
-        EXPECT_EQ(most - least < 0.02, row.isLocked);
-    }
 }
 
 } // namespace
