@@ -375,9 +375,16 @@ TEST_F(Differential, RoundSettingsOverSoundAndSilence) {
         for (auto& [index, normalised] : story.steps.front().changes)
             if (index != kPower && index != kLFOType)
                 normalised = std::round(normalised * 4.0F) / 4.0F;
-        for (const int index : {kEnvRange, kFilterCutoffFreq})
-            if (random.chance(0.5))
-                story.steps.front().changes.push_back({index, random.chance(0.5) ? 0.0F : 1.0F});
+        if (random.chance(0.3)) { // in silence the envelope opens the filter just to its end
+            const bool fromBelow = random.chance(0.5);
+            for (const ParameterValue& value : {ParameterValue{kEnvThresholdMode, 0.5F},
+                                                {kEnvRange, 1.0F},
+                                                {kFilterFreqByENVDefeat, 1.0F},
+                                                {kModulationOnOff, 0.0F},
+                                                {kFilterFreqByENV, fromBelow ? 0.25F : 0.375F},
+                                                {kFilterCutoffFreq, fromBelow ? 0.0F : 0.5F}})
+                story.steps.front().changes.push_back(value);
+        }
         for (auto& channel : story.sound)
             std::fill(channel.begin() + 2000, channel.begin() + 7000, 0.0);
     });
