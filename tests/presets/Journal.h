@@ -92,10 +92,8 @@ private:
             note("update display");
             return 1;
         case audioMasterBeginEdit:
-            note("begin ", index);
-            return 1;
         case audioMasterEndEdit:
-            note("end ", index);
+            note(opcode == audioMasterBeginEdit ? "begin " : "end ", index);
             return 1;
         case audioMasterGetTime: {
             note("time ", value);
