@@ -16,34 +16,26 @@ TEST(AutomationCurve, JoinsItsPointsAndHoldsItsEnds) {
     const Result<AutomationCurve> curve =
         parse("\xEF\xBB\xBFseconds,value\r\n# rise\r\n 1 , 0.2\r\n\r\n2,0.6\r\n2,1.0\r\n4,0\r\n");
     ASSERT_TRUE(curve.ok()) << curve.problem().text;
-    struct Row {
-        double seconds;
-        float value;
-    };
-    for (const Row row : {Row{0.0, 0.2F}, Row{1.0, 0.2F}, Row{1.5, 0.4F}, Row{2.0, 1.0F},
-                          Row{3.0, 0.5F}, Row{4.0, 0.0F}, Row{99.0, 0.0F}})
-        EXPECT_FLOAT_EQ(curve.value().valueAt(row.seconds), row.value) << row.seconds << " s";
+    using Row = std::pair<double, float>;
+    for (const auto& [seconds, value] : {Row{0.0, 0.2F}, Row{1.0, 0.2F}, Row{1.5, 0.4F},
+                                         Row{2.0, 1.0F}, Row{3.0, 0.5F}, Row{99.0, 0.0F}})
+        EXPECT_FLOAT_EQ(curve.value().valueAt(seconds), value) << seconds << " s";
 }
 
 TEST(AutomationCurve, SaysWhichLineIsWrong) {
-    struct Row {
-        const char *text, *problem;
-    };
-    for (const Row row : {
-             Row{"0,0.5\nsoon,0.5\n", "curve.csv:2: is not \"seconds,value\""},
-             Row{"a,b\nc,d\n", "curve.csv:2: is not \"seconds,value\""}, // one header only
-             Row{"0;0.5\n", "curve.csv:1: is not \"seconds,value\""},
-             Row{"0,0.5,1\n", "curve.csv:1: is not \"seconds,value\""},
-             Row{"x,0.5\n", "curve.csv:1: is not \"seconds,value\""},
-             Row{"0,nan\n", "curve.csv:1: is not \"seconds,value\""},
-             Row{"# only words\n\n0,1.01\n", "curve.csv:3: the value is outside 0 .. 1"},
-             Row{"-1,0\n", "curve.csv:1: the time is below 0"},
-             Row{"2,0\n1,0\n", "curve.csv:2: the time goes back"},
-             Row{"seconds,value\n", "curve.csv: holds no points \"seconds,value\""},
-         }) {
-        const Result<AutomationCurve> curve = parse(row.text);
-        ASSERT_FALSE(curve.ok()) << row.text;
-        EXPECT_EQ(curve.problem().text, row.problem);
+    const std::string form = " is not \"seconds,value\"";
+    using Row = std::pair<const char*, std::string>;
+    for (const auto& [text, problem] :
+         {Row{"0,0.5\nsoon,0.5\n", "curve.csv:2:" + form}, Row{"a,b\nc,d\n", "curve.csv:2:" + form},
+          Row{"0;0.5\n", "curve.csv:1:" + form}, Row{"0,0.5,1\n", "curve.csv:1:" + form},
+          Row{"x,0.5\n", "curve.csv:1:" + form}, Row{"0,nan\n", "curve.csv:1:" + form},
+          Row{"# only words\n\n0,1.01\n", "curve.csv:3: the value is outside 0 .. 1"},
+          Row{"-1,0\n", "curve.csv:1: the time is below 0"},
+          Row{"2,0\n1,0\n", "curve.csv:2: the time goes back"},
+          Row{"seconds,value\n", "curve.csv: holds no points \"seconds,value\""}}) {
+        const Result<AutomationCurve> curve = parse(text);
+        ASSERT_FALSE(curve.ok()) << text;
+        EXPECT_EQ(curve.problem().text, problem);
     }
 }
 

@@ -7,7 +7,6 @@
 
 #include <csignal>
 #include <cstdio>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -30,11 +29,11 @@ protected:
     }
 
     /// Runs the command in the test's folder, in a shell: arguments are quoted as a user would.
-    Outcome run(const std::string& arguments, bool withStub = true) {
-        const std::string line = "cd '" + folder_.path().string() + "' && ulimit -c 0 && '" +
-                                 PEDL_COMMAND + "' " + arguments +
-                                 (withStub ? " --plugin '" PEDL_STUB_PLUGIN "'" : "") + " >'" +
-                                 outPath_ + "' 2>'" + errorPath_ + "'";
+    Outcome run(const std::string& arguments, const std::string& limit = "ulimit -c 0") {
+        const std::string line = "cd '" + folder_.path().string() + "' && " + limit + " && '" +
+                                 PEDL_COMMAND "' " + arguments +
+                                 " --plugin '" PEDL_STUB_PLUGIN "' >'" + outPath_ + "' 2>'" +
+                                 errorPath_ + "'";
         const int status = std::system(line.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
                 readBytes(outPath_), readBytes(errorPath_)};
@@ -53,53 +52,42 @@ TEST_F(CommandTest, ARenderEndsWithItsFiguresAndListsOfSettingsLeaveTheFilesAlon
     EXPECT_TRUE(
         outcome.out.starts_with("out.wav: 0.10 s at 48000 Hz, peak -12.0 dBFS, rendered in"))
         << outcome.out;
-    EXPECT_NE(outcome.out.find("times realtime"), std::string::npos);
+    EXPECT_EQ(run("info --verbose").error, "stub: made\n");
     EXPECT_EQ(readSound(folder_ / "out.wav").frames(), 4800U);
 }
 
-TEST_F(CommandTest, WhatThePluginSaysIsShownToThoseWhoAskForIt) {
-    EXPECT_EQ(run("info").error, "");
-    EXPECT_EQ(run("info --verbose").error, "stub: made\n");
-    EXPECT_EQ(run("render in.wav out.wav --verbose").error, "stub: made\n");
-}
-
 TEST_F(CommandTest, WrongInputEndsWithOneClearLineAndLeavesNothing) {
+    const std::vector<std::string> before = folder_.entries();
     struct Row {
         const char* arguments;
         int status;
         const char* says;
     };
-    const std::vector<std::string> before = folder_.entries();
+    // clang-format off
     for (const Row& row : {
-             Row{"render gone.wav out.wav", 1, "gone.wav: No such file or directory"},
-             Row{"render . out.wav", 1, ".: is a folder"},
-             Row{"render words.wav out.wav", 1, "words.wav: is not audio"},
-             Row{"render low.wav out.wav", 1, "sample rate of 22050 Hz"},
-             Row{"render quad.wav out.wav", 1, "has 4 channels"},
-             Row{"render in.wav in.wav", 1, "is the same file as in.wav"},
-             Row{"render in.wav out.xyz", 1, "ending .xyz cannot be written"},
-             Row{"render in.wav gone/out.wav", 1, "cannot be written in the folder gone"},
-             Row{"render in.wav .", 1, ".: is a folder"},
-             Row{"render in.wav /dev/full", 1, "/dev/full: cannot be written: No space left"},
-             Row{"render in.wav out.wav --program 9", 1, "there is no program 9"},
-             Row{"render in.wav out.wav --program sofd", 1, "nearest: 0 (Soft)"},
-             Row{"render in.wav out.wav --set Gian=1", 1, "nearest: 0 (Gain)"},
-             Row{"render in.wav out.wav --set Filter=1", 1, "can be more than one parameter"},
-             Row{"render in.wav out.wav --set Gain=200", 1, "\"200\" is outside 0.0 .. 100.0 %"},
-             Row{"render in.wav out.wav --set 0=1.5", 1, "1.5 is outside 0 .. 1"},
-             Row{"render in.wav out.wav --set Mode=mad", 1, "it shows low, mid band, high"},
-             Row{"render in.wav out.wav --automate 0=gone.csv", 1, "gone.csv: No such file"},
-             Row{"render in.wav out.wav --automate 0=bad.csv", 1,
-                 "bad.csv:2: the value is outside"},
-             Row{"render in.wav out.wav --tempo 0", 2, "--tempo: \"0\""},
-             Row{"render in.wav out.wav --tempo nan", 2, "--tempo: \"nan\""},
-             Row{"render in.wav out.wav --block 0", 2, "--block: \"0\""},
-             Row{"render in.wav out.wav --block 2.5", 2, "--block: \"2.5\""},
-             Row{"render in.wav out.wav --tail=-1", 2, "--tail: \"-1\""},
-             Row{"render in.wav", 2, "OUT is required"},
-             Row{"render in.wav out.wav more.wav", 2, "more.wav"},
-             Row{"params --frob", 2, "--frob"},
-         }) {
+        Row{"render gone.wav out.wav", 1, "gone.wav: No such file or directory"},
+        Row{"render . out.wav", 1, ".: is a folder"},
+        Row{"render words.wav out.wav", 1, "words.wav: is not audio"},
+        Row{"render low.wav out.wav", 1, "sample rate of 22050 Hz"},
+        Row{"render quad.wav out.wav", 1, "has 4 channels"},
+        Row{"render in.wav out.xyz", 1, "ending .xyz cannot be written"},
+        Row{"render in.wav gone/out.wav", 1, "cannot be written in the folder gone"},
+        Row{"render in.wav .", 1, ".: is a folder"},
+        Row{"render in.wav /dev/full", 1, "/dev/full: cannot be written: No space left"},
+        Row{"render in.wav out.wav --program sofd", 1, "nearest: 0 (Soft)"},
+        Row{"render in.wav out.wav --set Gian=1", 1, "nearest: 0 (Gain)"},
+        Row{"render in.wav out.wav --set Gain=200", 1, "\"200\" is outside 0.0 .. 100.0 %"},
+        Row{"render in.wav out.wav --automate 0=gone.csv", 1, "gone.csv: No such file"},
+        Row{"render in.wav out.wav --automate 0=bad.csv", 1, "bad.csv:2: the value is outside"},
+        Row{"render in.wav out.wav --tempo nan", 2, "--tempo: \"nan\""},
+        Row{"render in.wav out.wav --block 0", 2, "--block: \"0\""},
+        Row{"render in.wav out.wav --block 2.5", 2, "--block: \"2.5\""},
+        Row{"render in.wav out.wav --tail=-1", 2, "--tail: \"-1\""},
+        Row{"render in.wav", 2, "OUT is required"},
+        Row{"render in.wav out.wav more.wav", 2, "more.wav"},
+        Row{"params --frob", 2, "--frob"},
+    }) {
+        // clang-format on
         SCOPED_TRACE(row.arguments);
         const Outcome outcome = run(row.arguments);
         EXPECT_EQ(outcome.status, row.status);
@@ -111,47 +99,32 @@ TEST_F(CommandTest, WrongInputEndsWithOneClearLineAndLeavesNothing) {
     }
 }
 
-TEST_F(CommandTest, AFileThatEndsEarlyIsRenderedWithAWarning) {
-    ASSERT_EQ(run("render in.wav whole.flac").status, 0);
-    const std::string whole = readBytes(folder_ / "whole.flac");
-    writeBytes(folder_ / "half.flac", whole.substr(0, whole.size() - 40));
-    const Outcome outcome = run("render half.flac out.wav");
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_TRUE(outcome.error.starts_with("zmt-pedlfilter: warning: half.flac: damaged, ends "))
-        << outcome.error;
-}
-
 TEST_F(CommandTest, OutIsNotInUnderAnotherName) {
     std::filesystem::create_symlink("in.wav", folder_ / "soft.wav");
     std::filesystem::create_hard_link(folder_ / "in.wav", folder_ / "hard.wav");
     const std::string before = readBytes(folder_ / "in.wav");
-    for (const char* arguments :
-         {"render in.wav soft.wav", "render soft.wav in.wav", "render in.wav hard.wav"})
-        EXPECT_NE(run(arguments).error.find("is the same file as"), std::string::npos) << arguments;
+    for (const char* out : {"in.wav", "soft.wav", "hard.wav"})
+        EXPECT_NE(run(std::string("render in.wav ") + out).error.find("is the same file as"),
+                  std::string::npos);
     EXPECT_EQ(readBytes(folder_ / "in.wav"), before);
 }
 
 TEST_F(CommandTest, AnInterruptedOrCrashedRenderLeavesWhatWasThere) {
     writeBytes(folder_ / "out.wav", "precious");
     const std::vector<std::string> before = folder_.entries();
-    struct Row {
-        int signal;
-        const char* says;
-    };
-    for (const Row row : {Row{SIGINT, "interrupted; nothing was written"},
-                          Row{SIGTERM, "interrupted; nothing was written"},
-                          Row{SIGHUP, "interrupted; nothing was written"},
-                          Row{SIGSEGV, "crashed, most likely inside the plug-in"}}) {
-        SCOPED_TRACE(row.signal);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGSEGV}) {
+        SCOPED_TRACE(signal);
 #if defined(__SANITIZE_ADDRESS__)
-        if (row.signal == SIGSEGV)
+        if (signal == SIGSEGV)
             continue; // the sanitizer's own handler reports it
 #endif
+        const char* const says = signal == SIGSEGV ? "crashed, most likely inside the plug-in"
+                                                   : "interrupted; nothing was written";
         // The stub sends the signal to its own process in the third of many blocks.
-        const std::string value = std::to_string(row.signal / 64.0);
+        const std::string value = std::to_string(signal / 64.0);
         const Outcome outcome = run("render in.wav out.wav --block 64 --set 2=" + value);
-        EXPECT_EQ(outcome.status, 128 + row.signal);
-        EXPECT_NE(outcome.error.find(row.says), std::string::npos) << outcome.error;
+        EXPECT_EQ(outcome.status, 128 + signal);
+        EXPECT_NE(outcome.error.find(says), std::string::npos) << outcome.error;
         EXPECT_EQ(readBytes(folder_ / "out.wav"), "precious");
         EXPECT_EQ(folder_.entries(), before);
     }
@@ -161,52 +134,27 @@ TEST_F(CommandTest, AFullDiskEndsTheRenderAndLeavesWhatWasThere) {
     writeBytes(folder_ / "out.wav", "precious");
     const std::vector<std::string> before = folder_.entries();
     // A limit on the size of files stands for the disk: the write fails alike, for any user.
-    const std::string line =
-        "ulimit -f 8; '" PEDL_COMMAND "' render '" + (folder_ / "in.wav").string() + "' '" +
-        (folder_ / "out.wav").string() + "' --plugin '" PEDL_STUB_PLUGIN "' 2>'" + errorPath_ + "'";
-    const int status = std::system(("bash -c \"" + line + "\"").c_str());
-    EXPECT_EQ(WEXITSTATUS(status), 1);
-    EXPECT_NE(readBytes(errorPath_).find("out.wav: cannot be written: File too large"),
-              std::string::npos)
-        << readBytes(errorPath_);
+    const Outcome outcome = run("render in.wav out.wav", "ulimit -f 16");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.error.find("out.wav: cannot be written: File too large"), std::string::npos)
+        << outcome.error;
     EXPECT_EQ(readBytes(folder_ / "out.wav"), "precious");
     EXPECT_EQ(folder_.entries(), before);
 }
 
-TEST_F(CommandTest, AReplacedFileKeepsItsPermissionsAndALinkItsPlace) {
-    writeBytes(folder_ / "target.wav", "old");
-    chmod((folder_ / "target.wav").c_str(), 0640);
-    std::filesystem::create_symlink("target.wav", folder_ / "link.wav");
-    EXPECT_EQ(run("render in.wav link.wav").status, 0);
-    EXPECT_TRUE(std::filesystem::is_symlink(folder_ / "link.wav"));
-    EXPECT_EQ(readSound(folder_ / "target.wav").frames(), 4800U);
-    struct stat status {};
-    stat((folder_ / "target.wav").c_str(), &status);
-    EXPECT_EQ(status.st_mode & 07777U, 0640U);
-}
-
 TEST_F(CommandTest, ListingsShowWhatThePlugInTells) {
     EXPECT_EQ(run("programs").out, "slot  name\n   0  Soft\n   1  Loud\n");
-    const std::string params = run("params --program Loud").out;
-    EXPECT_NE(params.find("\n    0  Gain     Gain       1.0000  100.0 %\n"), std::string::npos)
-        << params;
+    EXPECT_NE(
+        run("params --program Loud").out.find("\n    0  Gain     Gain       1.0000  100.0 %\n"),
+        std::string::npos);
     const auto list = nlohmann::json::parse(run("params --json").out);
     ASSERT_EQ(list.size(), 6U);
-    EXPECT_EQ(list[3]["name"], "FltrCut");
     EXPECT_EQ(list[3]["longName"], "Filter C");
     EXPECT_EQ(list[3]["display"], "20 Hz");
     const auto info = nlohmann::json::parse(run("info --json").out);
     EXPECT_EQ(info["uniqueId"], "Stub");
     EXPECT_EQ(info["flags"]["canDoubleReplacing"], true);
     EXPECT_EQ(info["programs"][1]["name"], "Loud");
-    EXPECT_EQ(info["inputs"].size(), 2U);
-}
-
-TEST_F(CommandTest, HelpAndVersionAreNoErrors) {
-    EXPECT_TRUE(run("--version", false).out.starts_with("zmt-pedlfilter "));
-    for (const char* option : {"--program", "--set", "--automate", "--tempo", "--block", "--double",
-                               "--plugin", "--tail"})
-        EXPECT_NE(run("render --help", false).out.find(option), std::string::npos) << option;
 }
 
 } // namespace

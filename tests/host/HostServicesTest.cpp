@@ -9,36 +9,11 @@
 namespace pedl {
 namespace {
 
-VstIntPtr ask(HostServices& host, VstInt32 opcode, void* ptr = nullptr, VstInt32 index = 0,
-              float opt = 0.0F) {
+const VstTimeInfo& timeOf(HostServices& host) {
     AEffect record{};
     record.resvd1 = reinterpret_cast<VstIntPtr>(&host);
-    return HostServices::callback(&record, opcode, index, 0, ptr, opt);
-}
-
-const VstTimeInfo& timeOf(HostServices& host) {
-    return *reinterpret_cast<const VstTimeInfo*>(ask(host, audioMasterGetTime));
-}
-
-TEST(HostServices, AnswersWhatThePlugInAsksOfItsOwnHost) {
-    HostServices host;
-    host.sampleRateHz = 96000.0;
-    host.blockFrames = 64;
-    host.processLevel = kVstProcessLevelOffline;
-    char yes[] = "sendVstTimeInfo";
-    char unknown[] = "levitate";
-    EXPECT_EQ(ask(host, audioMasterVersion), 2400);
-    EXPECT_EQ(ask(host, audioMasterGetSampleRate), 96000);
-    EXPECT_EQ(ask(host, audioMasterGetBlockSize), 64);
-    EXPECT_EQ(ask(host, audioMasterGetCurrentProcessLevel), 4);
-    EXPECT_EQ(ask(host, audioMasterCanDo, yes), 1);
-    EXPECT_EQ(ask(host, audioMasterCanDo, unknown), 0);
-    EXPECT_EQ(ask(host, audioMasterProcessEvents, yes), 1);
-    for (const VstInt32 unasked : {audioMasterIdle, audioMasterCurrentId, audioMasterWantMidi,
-                                   audioMasterIOChanged, audioMasterGetDirectory})
-        EXPECT_EQ(ask(host, unasked), 0) << unasked;
-    EXPECT_EQ(ask(host, 12345), 0);
-    EXPECT_EQ(ask(host, -1), 0);
+    return *reinterpret_cast<const VstTimeInfo*>(
+        HostServices::callback(&record, audioMasterGetTime, 0, 0, nullptr, 0.0F));
 }
 
 TEST(HostServices, AnswersAPlugInThatNamesNoInstance) {
@@ -56,39 +31,17 @@ TEST(HostServices, TheSongsPlaceFollowsFromTempoAndFrames) {
     HostServices host;
     host.sampleRateHz = 48000.0;
     host.transport = {90.0, 3, 4, true};
-    EXPECT_EQ(timeOf(host).flags & kVstTransportChanged, kVstTransportChanged);
+    EXPECT_NE(timeOf(host).flags & kVstTransportChanged, 0);
     host.advance(48000 * 5); // 5 s at 90 beats a minute: 7.5 quarters, in the third bar of 3
     const VstTimeInfo& time = timeOf(host);
     EXPECT_DOUBLE_EQ(time.samplePos, 240000.0);
-    EXPECT_DOUBLE_EQ(time.sampleRate, 48000.0);
-    EXPECT_DOUBLE_EQ(time.tempo, 90.0);
     EXPECT_DOUBLE_EQ(time.ppqPos, 7.5);
     EXPECT_DOUBLE_EQ(time.barStartPos, 6.0);
-    EXPECT_EQ(time.timeSigNumerator, 3);
     EXPECT_EQ(time.smpteOffset, 5 * 25 * 80);
     EXPECT_EQ(time.samplesToNextClock, 0) << "7.5 quarters are 180 clocks exactly";
-    EXPECT_EQ(time.flags & (kVstPpqPosValid | kVstTempoValid | kVstTransportPlaying),
-              kVstPpqPosValid | kVstTempoValid | kVstTransportPlaying);
+    constexpr VstInt32 kKnown = kVstPpqPosValid | kVstTempoValid | kVstTransportPlaying;
+    EXPECT_EQ(time.flags & kKnown, kKnown);
     EXPECT_EQ(time.flags & kVstTransportChanged, 0);
-}
-
-TEST(HostServices, RecordsAutomationWithItsPlaceAndCountsWhatItCannotKeep) {
-    HostServices host;
-    host.advance(512);
-    ask(host, audioMasterBeginEdit, nullptr, 7);
-    ask(host, audioMasterAutomate, nullptr, 7, 0.75F);
-    ask(host, audioMasterEndEdit, nullptr, 7);
-    ask(host, audioMasterUpdateDisplay);
-    ASSERT_EQ(host.records().size(), 1U);
-    EXPECT_EQ(host.records()[0].index, 7);
-    EXPECT_EQ(host.records()[0].normalised, 0.75F);
-    EXPECT_EQ(host.records()[0].positionFrames, 512);
-    EXPECT_EQ(host.beginEdits() + host.endEdits() + host.displayUpdates(), 3U);
-
-    for (std::size_t i = 0; i < HostServices::kMostRecords; ++i)
-        ask(host, audioMasterAutomate);
-    EXPECT_EQ(host.records().size(), HostServices::kMostRecords);
-    EXPECT_EQ(host.recordsSeen(), HostServices::kMostRecords + 1);
 }
 
 } // namespace

@@ -59,10 +59,10 @@ TEST_F(RendererTest, AMonoFileGoesIntoBothInputsAndATailOfSilenceFollows) {
     request_.tailSeconds = 0.01;
     const Sound out = rendered();
     ASSERT_EQ(out.frames(), 541U);
-    EXPECT_EQ(out.samples[2 * 99], 0.5 * marked(99, 0));
-    EXPECT_EQ(out.samples[2 * 99 + 1], 0.5 * marked(99, 0));
-    EXPECT_EQ(out.samples[2 * 100], 0.0);
-    EXPECT_EQ(out.samples.back(), 0.0);
+    for (const std::size_t sample : {198U, 199U})
+        EXPECT_EQ(out.samples[sample], 0.5 * marked(99, 0));
+    for (const std::size_t sample : {200U, 1081U})
+        EXPECT_EQ(out.samples[sample], 0.0);
 }
 
 TEST_F(RendererTest, ThePlugInHearsTheTempoAndTheSongMovesByBlocks) {
@@ -87,29 +87,21 @@ TEST_F(RendererTest, ACurveIsReadAtEachBlocksStart) {
         EXPECT_NEAR(out.samples[2 * frame], static_cast<double>(frame / 48) * 0.1, 1e-6) << frame;
 }
 
-TEST_F(RendererTest, TheSameRenderGivesTheSameBytes) {
-    writeSound(request_.in, 2, 48000, 500, marked);
-    for (const char* name : {"out.wav", "out.flac", "out.aiff"}) {
-        request_.out = folder_ / name;
-        rendered();
-        const std::string first = readBytes(request_.out);
-        rendered();
-        EXPECT_EQ(first, readBytes(request_.out)) << name;
-    }
-}
-
-TEST_F(RendererTest, TheEndingNamesTheFormat) {
+TEST_F(RendererTest, TheEndingNamesTheFormatWhatWasCutIsCountedAndTheBytesAreTheSameAgain) {
     writeSound(request_.in, 2, 48000, 500, [](long, int) { return 3.0; });
     struct Row {
         const char* name;
         int format;
         std::int64_t cut;
     };
-    for (const Row row : {Row{"a.wav", SF_FORMAT_WAV | SF_FORMAT_FLOAT, 0},
-                          Row{"a", SF_FORMAT_WAV | SF_FORMAT_FLOAT, 0},
-                          Row{"a.AIFF", SF_FORMAT_AIFF | SF_FORMAT_FLOAT, 0},
-                          Row{"a.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_24, 1000},
-                          Row{"a.ogg", SF_FORMAT_OGG | SF_FORMAT_VORBIS, 1000}}) {
+    // clang-format off
+    for (const Row row : {
+        Row{"a",      SF_FORMAT_WAV | SF_FORMAT_FLOAT,   0},
+        Row{"a.AIFF", SF_FORMAT_AIFF | SF_FORMAT_FLOAT,  0},
+        Row{"a.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_24, 1000},
+        Row{"a.ogg",  SF_FORMAT_OGG | SF_FORMAT_VORBIS,  1000},
+    }) {
+        // clang-format on
         SCOPED_TRACE(row.name);
         request_.out = folder_ / row.name;
         const Result<RenderReport> report = render(request_);
@@ -117,38 +109,22 @@ TEST_F(RendererTest, TheEndingNamesTheFormat) {
         EXPECT_EQ(readSound(request_.out).format, row.format);
         EXPECT_EQ(report.value().samplesCut, row.cut);
         EXPECT_DOUBLE_EQ(report.value().peak, 1.5);
+        const std::string first = readBytes(request_.out);
+        rendered();
+        if (row.format != (SF_FORMAT_OGG | SF_FORMAT_VORBIS)) { // its stream has a random number
+            EXPECT_EQ(readBytes(request_.out), first);
+        }
     }
-}
-
-TEST_F(RendererTest, AWavThatWillPass4GigabytesGetsRoomForItsLength) {
-    for (const auto& [frames, format] :
-         {std::pair{500'000'000L, SF_FORMAT_WAV}, std::pair{600'000'000L, SF_FORMAT_RF64}}) {
-        Result<AudioWriter> writer = AudioWriter::create(request_.out, 192000, frames);
-        ASSERT_TRUE(writer.ok());
-        const std::vector<float> some(20, 0.5F);
-        ASSERT_TRUE(writer.value().write(some.data(), 10).ok());
-        ASSERT_TRUE(writer.value().commit().ok());
-        const Sound out = readSound(request_.out);
-        EXPECT_EQ(out.format & SF_FORMAT_TYPEMASK, format);
-        EXPECT_EQ(out.samples, std::vector<double>(20, 0.5));
-    }
-}
-
-TEST_F(RendererTest, CountsSamplesThatAreNotNumbers) {
-    writeSound(request_.in, 2, 48000, 500, marked);
     request_.settings = {"5=1"}; // the stub's left side is then NaN
-    const Result<RenderReport> report = render(request_);
-    ASSERT_TRUE(report.ok());
-    EXPECT_EQ(report.value().samplesNotFinite, 500);
+    EXPECT_EQ(render(request_).value().samplesNotFinite, 500);
 }
 
-/// Bytes of memory in use, as the system counts them for this process.
-long residentKilobytes() {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);)
-        if (line.starts_with("VmRSS:"))
-            return std::stol(line.substr(6));
-    return 0;
+long residentPages() {
+    std::ifstream statm("/proc/self/statm");
+    long total = 0;
+    long resident = 0;
+    statm >> total >> resident;
+    return resident;
 }
 
 TEST_F(RendererTest, MemoryDoesNotGrowWithTheFile) {
@@ -163,13 +139,12 @@ TEST_F(RendererTest, MemoryDoesNotGrowWithTheFile) {
     long late = 0;
     renderer.onProgress([&](double share) {
         if (early == 0 && share > 0.05)
-            early = residentKilobytes();
-        if (late == 0 && share > 0.95)
-            late = residentKilobytes();
+            early = residentPages();
+        late = residentPages();
     });
     ASSERT_TRUE(renderer.run(Precision::Float).ok());
     EXPECT_GT(early, 0);
-    EXPECT_LT(late - early, 5000) << "kilobytes; the output between them has 21 thousand";
+    EXPECT_LT(late - early, 1250) << "pages; the output between them has 5 thousand";
 }
 
 } // namespace

@@ -2,34 +2,19 @@
 
 #include "foundation/vst24/AudioEffectX.h"
 
-#include <array>
 #include <cmath>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <limits>
 
-#if defined(_WIN32)
-#define STUB_EXPORT extern "C" __declspec(dllexport)
-#else
-#define STUB_EXPORT extern "C" __attribute__((visibility("default")))
-#endif
-
 namespace {
 
 enum Parameter : VstInt32 { kGain, kMode, kSignal, kCutoff, kSaturation, kOutput, kNumParameters };
 
-struct Names {
-    const char* name;
-    const char* longName;
-};
 // The long names are cut to 8 characters, as many plug-ins do it: two of them become alike.
-constexpr std::array<Names, kNumParameters> kNames{{{"Gain", "Gain"},
-                                                    {"Mode", "Mode"},
-                                                    {"Signal", "Signal"},
-                                                    {"FltrCut", "Filter C"},
-                                                    {"FltrSat", "Filter S"},
-                                                    {"FltrSlp", "Filter S"}}};
+constexpr const char* kNames[]{"Gain", "Mode", "Signal", "FltrCut", "FltrSat", "FltrSlp"};
+constexpr const char* kLongNames[]{"Gain", "Mode", "Signal", "Filter C", "Filter S", "Filter S"};
 
 class StubEffect : public AudioEffectX {
 public:
@@ -43,11 +28,9 @@ public:
 
     void setParameter(VstInt32 index, float value) override { at(index) = value; }
     float getParameter(VstInt32 index) override { return at(index); }
-    void getParameterName(VstInt32 index, char* text) override {
-        std::strcpy(text, kNames[static_cast<std::size_t>(index)].name);
-    }
+    void getParameterName(VstInt32 index, char* text) override { std::strcpy(text, kNames[index]); }
     bool getParameterProperties(VstInt32 index, VstParameterProperties* properties) override {
-        std::strcpy(properties->label, kNames[static_cast<std::size_t>(index)].longName);
+        std::strcpy(properties->label, kLongNames[index]);
         return true;
     }
     void getParameterLabel(VstInt32 index, char* text) override {
@@ -67,9 +50,7 @@ public:
         curProgram = program;
         at(kGain) = program == 0 ? 0.5F : 1.0F;
     }
-    void getProgramName(char* name) override {
-        std::snprintf(name, 24, "%s", entryAnswers_.data());
-    }
+    void getProgramName(char* name) override { std::strcpy(name, entryAnswers_); }
     bool getProgramNameIndexed(VstInt32, VstInt32 index, char* text) override {
         std::strcpy(text, index == 0 ? "Soft" : "Loud"); // also for slots that do not exist
         return true;
@@ -89,7 +70,7 @@ public:
     void suspend() override { blocks_ = 0; }
 
 private:
-    float& at(VstInt32 index) { return values_[static_cast<std::size_t>(index)]; }
+    float& at(VstInt32 index) { return values_[index]; }
 
     /// Calls the host before it can know this instance, with a record that is half garbage.
     void askFromTheEntry() {
@@ -97,8 +78,8 @@ private:
         char ability[] = "sendVstTimeInfo";
         const auto version = audioMaster(nullptr, audioMasterVersion, 0, 0, nullptr, 0.0F);
         const auto rate = callHost(audioMasterGetSampleRate);
-        std::snprintf(entryAnswers_.data(), entryAnswers_.size(), "%d %d %d",
-                      static_cast<int>(version), canHostDo(ability), static_cast<int>(rate));
+        std::snprintf(entryAnswers_, sizeof entryAnswers_, "%d %d %d", static_cast<int>(version),
+                      canHostDo(ability), static_cast<int>(rate));
         cEffect.resvd1 = 0;
     }
 
@@ -106,35 +87,27 @@ private:
         // kSignal 0.25 stands for signal 16 of 64: the end, or a crash, in the third block.
         if (++blocks_ == 3 && at(kSignal) > 0.0F)
             std::raise(static_cast<int>(std::lround(at(kSignal) * 64.0F)));
-        if (at(kOutput) > 0.75F)
-            return fill(out, frames, std::numeric_limits<Sample>::quiet_NaN(), Sample{0});
-        if (at(kOutput) > 0.25F) {
-            const VstTimeInfo& time = *getTimeInfo(kVstTempoValid);
-            return fill(out, frames, static_cast<Sample>(time.tempo / 1000.0),
-                        static_cast<Sample>(time.ppqPos / 1000.0));
-        }
+        const VstTimeInfo& time = *getTimeInfo(kVstTempoValid);
         for (VstInt32 frame = 0; frame < frames; ++frame) {
             out[0][frame] = in[0][frame] * static_cast<Sample>(at(kGain));
             out[1][frame] = in[1][frame] * static_cast<Sample>(at(kGain));
+            if (at(kOutput) > 0.75F) {
+                out[0][frame] = std::numeric_limits<Sample>::quiet_NaN();
+            } else if (at(kOutput) > 0.25F) {
+                out[0][frame] = static_cast<Sample>(time.tempo / 1000.0);
+                out[1][frame] = static_cast<Sample>(time.ppqPos / 1000.0);
+            }
         }
     }
 
-    template <typename Sample>
-    static void fill(Sample** out, VstInt32 frames, Sample left, Sample right) {
-        for (VstInt32 frame = 0; frame < frames; ++frame) {
-            out[0][frame] = left;
-            out[1][frame] = right;
-        }
-    }
-
-    std::array<float, kNumParameters> values_{0.5F};
-    std::array<char, 24> entryAnswers_{};
+    float values_[kNumParameters]{0.5F};
+    char entryAnswers_[24]{};
     int blocks_ = 0;
 };
 
 } // namespace
 
-STUB_EXPORT AEffect* VSTPluginMain(audioMasterCallback host) {
+extern "C" __attribute__((visibility("default"))) AEffect* VSTPluginMain(audioMasterCallback host) {
     std::fputs("stub: made\n", stderr); // as chatty as real ones are
     return (new StubEffect(host))->getAeffect();
 }

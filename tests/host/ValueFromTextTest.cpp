@@ -28,14 +28,10 @@ std::string slope(float v) {
     return v < 0.25F ? "off" : v < 0.75F ? "12 dB" : "24 dB";
 }
 std::string wave(float v) {
-    constexpr const char* kWaves[]{"sin", "tri", "sawUp", "sawDown", "sqr", "spike", "rnd"};
-    return kWaves[static_cast<int>(6.0F * v)];
+    return v < 0.9F ? "saw" : v < 1.0F ? "spike" : "rnd";
 }
 std::string falling(float v) {
     return format("%.0f ms", 2000.0 * (1.0 - v));
-}
-std::string extension(float v) {
-    return v < 0.002F ? "off" : format("x%.1f", v <= 0.5F ? 2.0 * v : 6.0 * v - 2.0);
 }
 std::string narrow(float v) {
     return v > 0.30001F && v < 0.3006F ? "sweet spot" : v < 0.5F ? "left" : "right";
@@ -62,12 +58,11 @@ TEST(ValueFromText, FindsTheMiddleOfWhatShowsTheText) {
              Row{"24", slope, 1.0, 0.0},
              Row{"12dB", slope, 0.5, 1e-6},
              Row{"OFF", slope, 0.0, 0.0},
-             Row{"spike", wave, 5.5 / 6.0, 1e-6},
+             Row{"x2", [](float v) { return format("x%.1f", 3.0 * v); }, 2.0 / 3.0, 1e-3},
+             Row{"spike", wave, 0.95, 1e-6},
              Row{"rnd", wave, 1.0, 0.0}, // shown at the very end alone
              Row{"500", falling, 0.75, 1e-3},
              Row{"0.5 s", falling, 0.75, 1e-3},
-             Row{"x2.0", extension, 4.0 / 6.0, 1e-3},
-             Row{"2", extension, 4.0 / 6.0, 1e-3},
              Row{"sweet spot", narrow, 0.300305, 1e-6},
          }) {
         const Result<float> found = valueFromText(row.typed, "", row.textAt);
