@@ -52,7 +52,7 @@ void fill(StereoStretch& stretch, const double (&value)[2], int frames) noexcept
 
 ModFilterEngine::ModFilterEngine(std::uint32_t seed, InstructionSet instructions)
     : stages_(stagesFor(instructions)), envelope_(instructions), lfo_(seed, instructions),
-      cutoff_(instructions), filter_(sampleRateHz_, instructions), limiter_(instructions),
+      cutoff_(instructions), filter_(kStartRateHz, instructions), limiter_(instructions),
       saturator_(instructions) {
     frozenCutoffHz_.isConstant = true;
     updateCoefficients();

@@ -164,6 +164,8 @@ private:
     void limitAndSaturate(StereoStretch& signal, int frames) noexcept;
     void updateCoefficients() noexcept;
 
+    static constexpr double kStartRateHz = 44100.0; // until the host's is known
+
     const StageTable& stages_;
     EnvelopeFollower envelope_;
     Lfo lfo_;
@@ -184,7 +186,7 @@ private:
     Relaxed<bool> isLocked_{false};
     Relaxed<double> lockedPhase_{0.0};
 
-    double sampleRateHz_ = 44100.0;
+    double sampleRateHz_ = kStartRateHz;
     ControlTick tick_;
     double perFrame_ = 1.0; ///< coefficient of values that move every frame
     std::uint32_t tickFrame_ = 0;
