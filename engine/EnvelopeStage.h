@@ -100,21 +100,22 @@ private:
             V level, cutoffLevel, logOfGainBase;
             if constexpr (mode == Mode::Above) {
                 const V over = (root - one) * range + V(1.0) - V(kAboveFloor);
-                const V logarithm = vectormath::log(xsimd::max(over, V(0.0)) + V(kAboveFloor));
-                level = logarithm * V(vectormath::kLog10OfE);
+                const auto parts =
+                    vectormath::logarithmParts(xsimd::max(over, V(0.0)) + V(kAboveFloor));
+                level = vectormath::decimalLogarithm(parts);
                 cutoffLevel = level;
-                logOfGainBase = logarithm;
+                logOfGainBase = vectormath::naturalLogarithm(parts);
             } else if constexpr (mode == Mode::Below) {
                 const V under = (root - one) * range + V(2.0001) - V(kBelowFloor);
-                const V logarithm =
-                    vectormath::log((xsimd::max(under, V(0.0)) + V(kBelowFloor)) * V(0.5));
+                const auto parts = vectormath::logarithmParts(
+                    (xsimd::max(under, V(0.0)) + V(kBelowFloor)) * V(0.5));
                 // The level rises as the input falls, the cut-off falls with the input.
-                cutoffLevel = logarithm * V(vectormath::kLog10OfE);
+                cutoffLevel = vectormath::decimalLogarithm(parts);
                 level = -cutoffLevel;
-                logOfGainBase = xsimd::max(logarithm, logOfBelowFloor);
+                logOfGainBase = xsimd::max(vectormath::naturalLogarithm(parts), logOfBelowFloor);
             } else {
                 const V around = xsimd::max(root - V(kAroundFloor), V(0.0)) + V(kAroundFloor);
-                level = vectormath::log(around) * V(vectormath::kLog10OfE) * range;
+                level = vectormath::log10(around) * range;
                 cutoffLevel = level;
                 logOfGainBase = hasGain ? vectormath::log(range * around + one) : V(0.0);
             }

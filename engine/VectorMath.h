@@ -22,6 +22,9 @@ constexpr double kLn2 = 0.6931471805599453;
 /// ln 2 in two pieces; the first has 20 zero bits, so that its multiples are exact.
 constexpr double kLn2High = 0.6931471804855391;
 constexpr double kLn2Low = 7.440617110012397e-11;
+/// The decimal logarithm of 2 likewise.
+constexpr double kLog10Of2High = 0.30102999560767785;
+constexpr double kLog10Of2Low = 5.630334806675098e-11;
 
 /// e^remainder - 1 for |remainder| up to half of ln 2. Error below 0.3 ulp of the polynomial.
 template <typename V> inline V expm1Remainder(V r) noexcept {
@@ -62,8 +65,15 @@ template <typename V> inline V exp2(V x) noexcept {
     return scale + scale * expm1Remainder(r);
 }
 
-/// Natural logarithm within 1 ulp. `x` has to be positive, finite and not denormal.
-template <typename V> inline V log(V x) noexcept {
+/// A logarithm in parts: that of a power of two, and the natural one of what is left, a number in
+/// sqrt(1/2)..sqrt(2), which is `large` - `small`.
+template <typename V> struct LogarithmParts {
+    V exponent; ///< of two, a whole number
+    V large, small;
+};
+
+/// The parts of the logarithm of `x`, which has to be positive, finite and not denormal.
+template <typename V> inline LogarithmParts<V> logarithmParts(V x) noexcept {
     constexpr std::uint64_t kSqrtHalf = 0x3fe6a09e667f3bcdULL; // bits of the square root of 1/2
     constexpr std::uint64_t kOne = 0x3ff0000000000000ULL;
     constexpr std::uint64_t kTwo52 = 0x4330000000000000ULL; // 2^52: its low bits hold an integer
@@ -83,8 +93,30 @@ template <typename V> inline V log(V x) noexcept {
                       z2 * ((V(0.1818288978615799) + z * V(0.15331699634642276)) +
                             z2 * V(0.146167211662876)));
     const V halfSquare = V(0.5) * f * f;
-    const V tail = s * (halfSquare + z * p) + exponent * V(kLn2Low);
-    return exponent * V(kLn2High) - ((halfSquare - tail) - f);
+    return {exponent, f, halfSquare - s * (halfSquare + z * p)};
+}
+
+/// Natural logarithm from its parts, within 1 ulp.
+template <typename V> inline V naturalLogarithm(LogarithmParts<V> parts) noexcept {
+    return parts.exponent * V(kLn2High) -
+           ((parts.small - parts.exponent * V(kLn2Low)) - parts.large);
+}
+
+/// Decimal logarithm from its parts, within 1.8 ulp and exact for powers of ten: levels at their
+/// floor choose the last entry of a table.
+template <typename V> inline V decimalLogarithm(LogarithmParts<V> parts) noexcept {
+    return parts.exponent * V(kLog10Of2High) +
+           (parts.exponent * V(kLog10Of2Low) + (parts.large - parts.small) * V(kLog10OfE));
+}
+
+/// Natural logarithm within 1 ulp. `x` has to be positive, finite and not denormal.
+template <typename V> inline V log(V x) noexcept {
+    return naturalLogarithm(logarithmParts(x));
+}
+
+/// Decimal logarithm within 1.8 ulp, for the same arguments.
+template <typename V> inline V log10(V x) noexcept {
+    return decimalLogarithm(logarithmParts(x));
 }
 
 /// base^exponent by way of the logarithm, within 2 + 2.5 |exponent ln base| ulp; 0 for a base of 0

@@ -61,6 +61,7 @@ double worstUlps(double (*function)(double), const Samples& x, long double (*exa
 constexpr auto exp = valueAt<vectormath::exp<Lanes>>;
 constexpr auto exp2 = valueAt<vectormath::exp2<Lanes>>;
 constexpr auto log = valueAt<vectormath::log<Lanes>>;
+constexpr auto log10 = valueAt<vectormath::log10<Lanes>>;
 constexpr auto tanh = valueAt<vectormath::tanh<Lanes>>;
 
 TEST(VectorMath, FunctionsKeepTheirErrorBounds) {
@@ -76,6 +77,8 @@ TEST(VectorMath, FunctionsKeepTheirErrorBounds) {
         x.push_back(std::ldexp(i % 2 == 0 ? std::sqrt(0.5) : 1.0, i / 2 % 41 - 20) *
                     (1.0 + between(-1e-6, 1e-6, random)));
     EXPECT_LT(worstUlps(log, x, std::log), 1.0);
+    EXPECT_LT(worstUlps(log10, x, std::log10), 1.8);
+    EXPECT_LT(worstUlps(log10, arguments(2.3e-308, 1.7e308, 2.3e-308), std::log10), 1.8);
 }
 
 TEST(VectorMath, PowerKeepsItsErrorBound) {
@@ -96,6 +99,8 @@ TEST(VectorMath, ExactWhereTheMusicRests) {
     EXPECT_EQ(exp2(0.0), 1.0);
     EXPECT_EQ(exp2(10.0), 1024.0);
     EXPECT_EQ(log(1.0), 0.0);
+    for (int power = -12; power <= 12; ++power)
+        EXPECT_EQ(log10(std::pow(10.0, power)), power);
     EXPECT_EQ(tanh(0.0), 0.0);
     EXPECT_TRUE(std::signbit(tanh(-0.0)));
     EXPECT_EQ(power(0.0, 0.5), 0.0);
