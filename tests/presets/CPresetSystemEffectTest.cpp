@@ -17,7 +17,8 @@ using test::Journal;
 class PlainEffect final : public CPresetSystemEffect {
 public:
     explicit PlainEffect(Journal& journal)
-        : CPresetSystemEffect(&Journal::host, journal.clock), journal_(journal) {
+        : CPresetSystemEffect(&Journal::host, journal.clock, journal.diagnostics),
+          journal_(journal) {
         initialiseFactoryPrograms();
     }
 
@@ -93,7 +94,7 @@ TEST_F(PresetSystem, AnEditIsWrittenIntoTheCurrentSlotAlone) {
 }
 
 TEST_F(PresetSystem, OtherIndicesHoldNothing) {
-    for (const VstInt32 index : {-1, 56, 111, 112, 149, 1 << 30}) {
+    for (const VstInt32 index : {-1, 112, 148, 150, 1 << 30}) {
         effect.setParameter(index, 0.7F);
         EXPECT_EQ(effect.getParameter(index), 0.0F) << index;
     }
