@@ -35,7 +35,7 @@ class Effect : public testing::Test {
 protected:
     Journal journal;
     std::unique_ptr<ZMTpedlFilterEffect> owned = std::make_unique<ZMTpedlFilterEffect>(
-        &Journal::host, EffectSurroundings{journal.clock, journal.diagnostics});
+        &Journal::host, EffectSurroundings{journal.clock, journal.diagnostics, journal.settings});
     ZMTpedlFilterEffect& effect = *owned;
 
     /// A buffer of the size that the strictest hosts have, with a guard behind it.

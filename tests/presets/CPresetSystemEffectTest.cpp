@@ -17,7 +17,7 @@ using test::Journal;
 class PlainEffect final : public CPresetSystemEffect {
 public:
     explicit PlainEffect(Journal& journal)
-        : CPresetSystemEffect(&Journal::host, journal.clock, journal.diagnostics),
+        : CPresetSystemEffect(&Journal::host, journal.clock, journal.diagnostics, journal.settings),
           journal_(journal) {
         initialiseFactoryPrograms();
     }
