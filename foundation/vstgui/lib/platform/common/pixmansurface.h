@@ -1,0 +1,48 @@
+#pragma once
+
+#include "vstgui/lib/coffscreencontext.h"
+#include "vstgui/lib/crect.h"
+#include "vstgui/lib/vstguibase.h"
+
+union pixman_image;
+
+namespace VSTGUI {
+
+/// Pixels in memory that pixman draws on: premultiplied ARGB, native byte order.
+///
+/// Knows its scale, so that a drawing context on it turns logical pixels into its own.
+class PixmanSurface {
+public:
+    /// Transparent. A size in logical pixels is rounded up to whole pixels.
+    PixmanSurface(CCoord width, CCoord height, double pixelsPerUnit);
+    /// On memory that someone else owns, a shared segment for instance.
+    PixmanSurface(uint32_t* pixels, int32_t widthPixels, int32_t heightPixels, int32_t strideBytes,
+                  double pixelsPerUnit);
+    ~PixmanSurface();
+
+    PixmanSurface(const PixmanSurface&) = delete;
+    PixmanSurface& operator=(const PixmanSurface&) = delete;
+
+    int32_t widthPixels() const;
+    int32_t heightPixels() const;
+    int32_t strideBytes() const;
+    double scale() const { return scale_; }
+    uint32_t* pixels();
+    const uint32_t* pixels() const;
+    pixman_image* image() const { return image_; }
+
+    /// One pixel as it is stored; 0 outside.
+    uint32_t pixelAt(int32_t x, int32_t y) const;
+
+private:
+    pixman_image* image_ = nullptr;
+    double scale_ = 1.0;
+};
+
+/// A context that draws on `surface`, which must outlive it. One reference, the caller's.
+CDrawContext* createPixmanContext(PixmanSurface& surface);
+
+/// A context with a transparent bitmap of its own.
+COffscreenContext* createPixmanOffscreenContext(CCoord width, CCoord height, double pixelsPerUnit);
+
+} // namespace VSTGUI
