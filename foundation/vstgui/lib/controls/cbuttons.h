@@ -26,7 +26,7 @@ private:
     void toggle();
 };
 
-/// A button that springs back: two messages when it is let go over itself, on and off.
+/// A button that springs back: let go over itself it sends two messages, on and off; elsewhere off.
 class CKickButton : public CControl, public IMultiBitmapControl {
 public:
     CKickButton(const CRect& size, CControlListener* listener, int32_t tag, CCoord heightOfOneImage,
@@ -48,10 +48,10 @@ protected:
     CPoint offset;
 
 private:
+    void show(float newValue);
     void letGo();
 
-    float entryValue_ = 0.0F;
-    bool editing_ = false;
+    bool heldByKey_ = false;
 };
 
 } // namespace VSTGUI

@@ -31,14 +31,18 @@ protected:
     float zoomFactor = 1.5f;
 
 private:
+    bool stepBy(float steps, bool fine);
+    void startFrom(const CPoint& where);
+    float valueOnLine(const CPoint& where) const;
+    float valueOnCircle(const CPoint& where) const;
     float valueAtAngle(const CPoint& where) const;
 
     CPoint firstPoint_; // of the drag
-    CPoint lastPoint_;
     float startValue_ = 0.0F;
-    float entryAngleValue_ = 0.0F; // where the circle was entered
+    float startAngleValue_ = 0.0F; // where the circle was entered
+    bool linear_ = false;
+    bool relative_ = false;
     bool fine_ = false;
-    bool editing_ = false;
 };
 
 /// A knob that shows one picture of a strip for each position.

@@ -102,6 +102,9 @@ public:
 
 private:
     bool step(int32_t direction);
+    void choose(int32_t index);
+    void dismiss();
+    void countChanged();
 
     CMenuItemList* items_;
     CBitmap* bgWhenClick_ = nullptr;

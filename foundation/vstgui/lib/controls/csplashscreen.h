@@ -23,6 +23,7 @@ public:
     virtual void setDisplayArea(const CRect& rect) { toDisplay = rect; }
     virtual CRect& getDisplayArea(CRect& rect) const;
     CMouseEventResult onMouseDown(CPoint& where, const CButtonState& buttons) override;
+    bool removed(CView* parent) override; // the picture goes too
     CLASS_METHODS(CSplashScreen, CControl)
 
 protected:

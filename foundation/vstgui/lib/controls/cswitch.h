@@ -27,7 +27,6 @@ protected:
 
 private:
     int32_t positions_;
-    bool editing_ = false;
 };
 
 /// A switch of several positions from left to right, a strip of pictures.
@@ -53,7 +52,6 @@ protected:
 
 private:
     int32_t positions_;
-    bool editing_ = false;
 };
 
 class CVSTGUITimer;
@@ -85,8 +83,8 @@ protected:
     CVSTGUITimer* resetValueTimer = nullptr;
 
 private:
-    float startValue_ = 0.0F;
-    bool editing_ = false;
+    float middle() const;
+    float sideAt(const CPoint& where) const;
 };
 
 } // namespace VSTGUI

@@ -21,6 +21,7 @@ public:
     int32_t onKeyDown(VstKeyCode& keyCode) override;
     void takeFocus() override;
     void looseFocus() override;
+    bool removed(CView* parent) override; // what was typed is discarded
     void setViewSize(const CRect& newSize, bool invalid = true) override;
 
     bool bWasReturnPressed = false;
@@ -42,6 +43,9 @@ protected:
     void platformTextDidChange() override;
 
     IPlatformTextEdit* platformControl = nullptr; // while open
+
+private:
+    void closeField();
 };
 
 } // namespace VSTGUI
