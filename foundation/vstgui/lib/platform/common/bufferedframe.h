@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "vstgui/lib/platform/common/clipboard.h"
 #include "vstgui/lib/platform/common/dirtyregion.h"
 #include "vstgui/lib/platform/iplatformframe.h"
 
@@ -53,6 +54,9 @@ public:
     bool filterKeyDown(VstKeyCode& keyCode) override;
     void frameClosed() override;
 
+    /// Where text fields copy to and paste from. Its own text alone, unless a platform has more.
+    virtual Clipboard& clipboard() { return ownClipboard_; }
+
     /// One at a time; not owned. Null when it goes.
     void setOverlay(FrameOverlay* overlay) { overlay_ = overlay; }
     FrameOverlay* overlay() const { return overlay_; }
@@ -94,6 +98,7 @@ private:
     double scaleFactor_ = 1.0;
     DirtyRegion dirty_;
     std::unique_ptr<PixmanSurface> surface_;
+    OwnClipboard ownClipboard_;
 };
 
 } // namespace VSTGUI
