@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -38,7 +37,9 @@ public:
     /// Returns at once. Selector and delegate live until `delegate` was sent `kSelectEndMessage`;
     /// the caller may forget its own reference right away. Nothing may be chosen: look at
     /// `getNumSelectedFiles`.
+    /// @return false when one is open in this frame already
     bool run(CBaseObject* delegate);
+    /// Without a message to the delegate, which is given back. The frame's closing does the same.
     void cancel();
     /// Always false: waiting here would stop the host.
     bool runModal();
@@ -63,6 +64,8 @@ protected:
 private:
     struct Dialog; // what is open, and by which means
 
+    void closeDialog();
+
     CFrame* frame_;
     Style style_ = kSelectFile;
     std::string title_, initialDirectory_, defaultSaveName_;
@@ -70,7 +73,7 @@ private:
     int32_t defaultExtension_ = -1; // index into them
     bool severalFiles_ = false;
     std::vector<std::string> selectedFiles_;
-    std::unique_ptr<Dialog> dialog_;
+    Dialog* dialog_ = nullptr; // holds this object while it is open
 };
 
 } // namespace VSTGUI
