@@ -82,6 +82,10 @@ public:
 
     CView* getViewAt(const CPoint& where, bool deep = false) const override;
     void invalidRect(const CRect& rect) override;
+    CMouseEventResult onMouseDown(CPoint& where, const CButtonState& buttons) override;
+    CMouseEventResult onMouseUp(CPoint& where, const CButtonState& buttons) override;
+    CMouseEventResult onMouseMoved(CPoint& where, const CButtonState& buttons) override;
+    CMouseEventResult onMouseExited(CPoint& where, const CButtonState& buttons) override;
     int32_t onKeyDown(VstKeyCode& keyCode) override;
     int32_t onKeyUp(VstKeyCode& keyCode) override;
     bool onWheel(const CPoint& where, const float& distance, const CButtonState& buttons) override;
@@ -114,12 +118,12 @@ private:
     void updateHover(const CPoint& where, const CButtonState& buttons);
     void leaveHoveredFrom(std::size_t firstIndex, const CPoint& where, const CButtonState& buttons);
     void forgetHovered();
-    std::vector<CView*> chainTo(CView* view) const;
+    std::vector<CView*> chainTo(CView* view) const; // outermost first, without the frame
     CMouseEventResult moveOverHovered(const CPoint& where, const CButtonState& buttons);
     CMouseEventResult pressModalView(CPoint& where, const CButtonState& buttons);
+    void releasePlatformFrame();
     int32_t offerKey(KeyOperation operation, VstKeyCode& keyCode);
     bool moveFocus(bool reverse);
-    bool holds(CView* ancestor, CView* view) const;
 
     VSTGUIEditorInterface* editor_;
     IPlatformFrame* platformFrame_ = nullptr;

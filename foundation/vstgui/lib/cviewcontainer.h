@@ -73,10 +73,9 @@ protected:
     CView* mouseDownView = nullptr; // the child that has the mouse between press and release
 
 private:
-    class Snapshot;
-
     bool insert(CView* view, std::size_t index);
     void endCaptureOf(CView* view);
+    void collectFocusViews(std::vector<CView*>& views) const;
     void drawBackground(CDrawContext* context);
     void drawChild(CDrawContext* context, CView* view, const CRect& clip);
     CMouseEventResult pressChild(CView* view, const CPoint& where, const CButtonState& buttons);

@@ -34,7 +34,7 @@ public:
     bool setKnobMode(int32_t val) override;
     int32_t getKnobMode() const override;
     uint32_t getTicks();
-    /// A turn asked for by the frame, not by the host.
+    /// Lets the host do its own idle work in the middle of ours.
     void doIdleStuff() override;
     AudioEffect* getEffect() override;
     void beginEdit(int32_t index) override;

@@ -32,6 +32,8 @@ public:
     }
     /// @param text  what the key writes, UTF-8; null when it is to be derived from the code
     virtual bool overlayKeyDown(VstKeyCode& /*keyCode*/, UTF8StringPtr /*text*/) { return false; }
+    /// The window goes before the overlay: it must not be touched any more.
+    virtual void overlayFrameClosed() {}
 };
 
 /// What the windows of all platforms share: a back buffer, the areas to be redrawn, the scale, and
