@@ -10,6 +10,7 @@
 namespace VSTGUI {
 
 class CBitmap;
+class FontEngine;
 
 enum CHoriTxtAlign { kLeftText = 0, kCenterText, kRightText };
 
@@ -86,7 +87,11 @@ protected:
     /// Draws one line of text with the current state; `baseline` as all coordinates.
     virtual void drawText(UTF8StringPtr /*text*/, const CPoint& /*baseline*/, bool /*antialias*/) {}
 
+    /// Height of capital letters in the current font as they are drawn here, logical pixels.
+    virtual CCoord capHeight() const;
+
     const CRect surfaceRect_;
+    FontEngine* const fonts_; // remembered
     State state_;
     std::vector<State> savedStates_;
 };

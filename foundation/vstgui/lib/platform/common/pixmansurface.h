@@ -8,6 +8,8 @@ union pixman_image;
 
 namespace VSTGUI {
 
+class FontEngine;
+
 /// Pixels in memory that pixman draws on: premultiplied ARGB, native byte order.
 ///
 /// Knows its scale, so that a drawing context on it turns logical pixels into its own.
@@ -30,12 +32,15 @@ public:
     uint32_t* pixels();
     const uint32_t* pixels() const;
     pixman_image* image() const { return image_; }
+    /// Keeps the letters that were drawn, for as long as the surface lives: contexts come and go.
+    void holdFonts();
 
     /// One pixel as it is stored; 0 outside.
     uint32_t pixelAt(int32_t x, int32_t y) const;
 
 private:
-    pixman_image* image_ = nullptr;
+    pixman_image* image_ = nullptr; // null when there is no memory or no size
+    FontEngine* fonts_ = nullptr;
     double scale_ = 1.0;
 };
 
