@@ -63,7 +63,8 @@ void CVSTGUITimer::fireDueTimers() {
         due.insert(due.begin(), timer); // the list has the latest started first
     }
     for (CVSTGUITimer* timer : due) {
-        if (timer->running_ && timer->dueMs_ <= nowMs) {
+        const bool isForgotten = timer->getNbReference() == 1; // by all but this loop
+        if (!isForgotten && timer->running_ && timer->dueMs_ <= nowMs) {
             timer->dueMs_ = nowMs + static_cast<uint64_t>(timer->fireTimeMs_);
             timer->object_->notify(timer, kMsgTimer);
         }
