@@ -163,9 +163,10 @@ void X11Frame::pumpAll(XcbOwned<xcb_generic_event_t> first) {
     connection_->flush();
 }
 
-/// Movements wait for the next event; everything else comes after them.
+/// Movements wait for the next event; everything else comes after them. The mouse's arrival is one:
+/// its event begins with the same fields, and the movement that brought it follows.
 void X11Frame::takeEvent(const xcb_generic_event_t& event) {
-    if (typeOf(event) == XCB_MOTION_NOTIFY) {
+    if (typeOf(event) == XCB_MOTION_NOTIFY || typeOf(event) == XCB_ENTER_NOTIFY) {
         if (const auto earlier = motions_.add(eventAs<xcb_motion_notify_event_t>(event)))
             moved(*earlier);
         return;
@@ -189,9 +190,6 @@ void X11Frame::dispatch(const xcb_generic_event_t& event) {
         break;
     case XCB_BUTTON_RELEASE:
         released(eventAs<xcb_button_release_event_t>(event));
-        break;
-    case XCB_ENTER_NOTIFY:
-        entered(eventAs<xcb_enter_notify_event_t>(event));
         break;
     case XCB_LEAVE_NOTIFY:
         left(eventAs<xcb_leave_notify_event_t>(event));
@@ -285,13 +283,6 @@ void X11Frame::moved(const xcb_motion_notify_event_t& motion) {
         return; // over a menu that is gone
     const CButtonState buttons = buttonsOf(motion.state);
     sendMouseMoved(note(motion.event_x, motion.event_y, buttons), buttons);
-}
-
-void X11Frame::entered(const xcb_enter_notify_event_t& crossing) {
-    if (!window_ || crossing.event != window_->id())
-        return;
-    const CButtonState buttons = buttonsOf(crossing.state);
-    sendMouseMoved(note(crossing.event_x, crossing.event_y, buttons), buttons);
 }
 
 void X11Frame::left(const xcb_leave_notify_event_t& crossing) {

@@ -74,7 +74,6 @@ private:
     void pressed(const xcb_button_press_event_t& press);
     void released(const xcb_button_release_event_t& release);
     void moved(const xcb_motion_notify_event_t& motion);
-    void entered(const xcb_enter_notify_event_t& crossing);
     void left(const xcb_leave_notify_event_t& crossing);
     void keyPressed(const xcb_key_press_event_t& press);
     void keyReleased(const xcb_key_release_event_t& release);
