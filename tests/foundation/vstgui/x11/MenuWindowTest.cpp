@@ -21,7 +21,7 @@ public:
         for (int i = 0; i < kEntries; ++i)
             menu->addEntry((std::to_string(i + 1) + ": A name of a sound").c_str());
         menu->setNbItemsPerColumn(kRows);
-        menu->checkEntryAlone(2);
+        menu->setValue(2);
         editor.theFrame().addView(menu);
         settle();
     }
