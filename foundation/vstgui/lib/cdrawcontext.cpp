@@ -82,6 +82,10 @@ CCoord CDrawContext::capHeight() const {
     return fonts_->capHeight(*state_.font, 1.0);
 }
 
+CCoord CDrawContext::drawnWidth(UTF8StringPtr text, bool antialias) const {
+    return fonts_->drawnWidth(*state_.font, text, 1.0, antialias);
+}
+
 void CDrawContext::drawString(UTF8StringPtr text, const CRect& rect, const CHoriTxtAlign align,
                               bool antialias) {
     if (!text || !*text)
@@ -93,9 +97,9 @@ void CDrawContext::drawString(UTF8StringPtr text, const CRect& rect, const CHori
     if (!state_.clip.isEmpty()) {
         CPoint baseline(rect.left, rect.bottom - (rect.height() - capHeight()) / 2);
         if (align == kCenterText)
-            baseline.x += (rect.width() - getStringWidth(text)) / 2;
+            baseline.x += (rect.width() - drawnWidth(text, antialias)) / 2;
         else if (align == kRightText)
-            baseline.x = std::floor(rect.right - getStringWidth(text)); // whole up to its end
+            baseline.x = std::floor(rect.right - drawnWidth(text, antialias)); // to its end
         drawText(text, baseline, antialias);
     }
     state_.clip = outerClip;

@@ -89,6 +89,8 @@ protected:
 
     /// Height of capital letters in the current font as they are drawn here, logical pixels.
     virtual CCoord capHeight() const;
+    /// Width of a text as it is drawn here; letters without antialiasing have other widths.
+    virtual CCoord drawnWidth(UTF8StringPtr text, bool antialias) const;
 
     const CRect surfaceRect_;
     FontEngine* const fonts_; // remembered

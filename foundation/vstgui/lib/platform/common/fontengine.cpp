@@ -124,6 +124,55 @@ CCoord FontEngine::capHeight(const CFontDesc& font, double scale) {
     return strike->capHeightPixels / scale;
 }
 
+int32_t FontEngine::monoAdvance(Strike& strike, uint32_t glyph) {
+    const auto [entry, isNew] = strike.monoAdvances.try_emplace(glyph, 0);
+    FT_Face face = strike.face->handle();
+    if (isNew && FT_Set_Char_Size(face, 0, strike.sizeIn64ths, 72, 72) == 0 &&
+        FT_Load_Glyph(face, glyph, FT_LOAD_TARGET_MONO) == 0)
+        entry->second = static_cast<int32_t>((face->glyph->advance.x + 32) / 64);
+    return entry->second;
+}
+
+/// Visits each letter with its place in quarters of a pixel and returns the place of the end.
+template <typename Visitor>
+int32_t FontEngine::walkInQuarters(Strike& strike, const CFontDesc& font, UTF8StringPtr text,
+                                   const TextPlace& place, Visitor&& visit) {
+    constexpr double kRemotestQuarter = 1 << 24;
+    const double quartersPerUnit =
+        kQuarters * font.getSize() * place.scale / strike.face->unitsPerEm();
+    const auto quartersOf = [&](int32_t units) {
+        return static_cast<int32_t>(
+            std::lround(std::min(units * quartersPerUnit, kRemotestQuarter)));
+    };
+    if (place.antialias)
+        return quartersOf(strike.face->walk(text, [&](const auto& letter, int32_t penUnits) {
+            return visit(letter, quartersOf(penUnits));
+        }));
+
+    int32_t pixels = 0;
+    int32_t endUnits = 0; // of the letter before
+    strike.face->walk(text, [&](const auto& letter, int32_t penUnits) {
+        pixels += (quartersOf(penUnits - endUnits) + 2) >> 2; // kerning
+        const bool goesOn = visit(letter, pixels * 4);
+        pixels += monoAdvance(strike, letter.glyph);
+        endUnits = penUnits + letter.advance;
+        return goesOn && pixels < static_cast<int32_t>(kRemotestQuarter) / 4;
+    });
+    return pixels * 4;
+}
+
+CCoord FontEngine::drawnWidth(const CFontDesc& font, UTF8StringPtr text, double scale,
+                              bool antialias) {
+    Strike* strike = antialias ? nullptr : strikeFor(font, scale);
+    if (!strike)
+        return textWidth(font, text);
+    TextPlace place;
+    place.scale = scale;
+    place.antialias = false;
+    const auto seeAll = [](const FontFace::Letter&, int32_t) { return true; };
+    return walkInQuarters(*strike, font, text, place, seeAll) / (4.0 * scale);
+}
+
 FontEngine::TextLine FontEngine::lineAt(const CFontDesc& font, double scale, int32_t middleUnits) {
     const FontFace& face = faceFor(font);
     const double pixelsPerUnit = font.getSize() * scale / face.unitsPerEm();
@@ -154,13 +203,8 @@ void FontEngine::drawText(pixman_image* target, pixman_image* source, const CFon
 
     std::vector<pixman_glyph_t> glyphs;
     glyphs.reserve(64);
-    const double quartersPerUnit =
-        kQuarters * font.getSize() * place.scale / strike->face->unitsPerEm();
     pixman_glyph_cache_freeze(glyphs_);
-    strike->face->walk(text, [&](const FontFace::Letter& letter, int32_t penUnits) {
-        auto quarters = static_cast<int32_t>(std::lround(penUnits * quartersPerUnit));
-        if (!place.antialias) // nearest whole pixel
-            quarters = (quarters + 2) & ~3;
+    const auto add = [&](const FontFace::Letter& letter, int32_t quarters) {
         const int32_t x = place.x + (quarters >> 2);
         if (letter.isBlank || x > place.rightmost)
             return x <= place.rightmost;
@@ -168,7 +212,8 @@ void FontEngine::drawText(pixman_image* target, pixman_image* source, const CFon
         if (const void* image = glyphImage(*strike, letter.glyph, quarter, place.antialias))
             glyphs.push_back({x, place.baseline, image});
         return true;
-    });
+    };
+    walkInQuarters(*strike, font, text, place, add);
     pixman_composite_glyphs_no_mask(PIXMAN_OP_OVER, source, target, 0, 0, 0, 0, glyphs_,
                                     static_cast<int>(glyphs.size()), glyphs.data());
     pixman_glyph_cache_thaw(glyphs_);

@@ -3,6 +3,7 @@
 #include <array>
 #include <map>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 #include "vstgui/lib/cfont.h"
@@ -28,6 +29,10 @@ public:
 
     /// Logical pixels, the same at every scale.
     CCoord textWidth(const CFontDesc& font, UTF8StringPtr text);
+
+    /// The width as drawn at `scale`: letters without antialiasing have widths of their own, made
+    /// of whole pixels.
+    CCoord drawnWidth(const CFontDesc& font, UTF8StringPtr text, double scale, bool antialias);
 
     /// Height of the letter H as it is drawn at `scale`, logical pixels.
     CCoord capHeight(const CFontDesc& font, double scale);
@@ -67,11 +72,16 @@ private:
         FontFace* face = nullptr;
         int32_t sizeIn64ths = 0; // of a pixel
         int32_t capHeightPixels = -1;
+        std::unordered_map<uint32_t, int32_t> monoAdvances; // by glyph, pixels
     };
 
     FontFace& faceFor(const CFontDesc& font);
     /// Null when nothing is to be seen at that size.
     Strike* strikeFor(const CFontDesc& font, double scale);
+    static int32_t monoAdvance(Strike& strike, uint32_t glyph);
+    template <typename Visitor>
+    int32_t walkInQuarters(Strike& strike, const CFontDesc& font, UTF8StringPtr text,
+                           const TextPlace& place, Visitor&& visit);
     TextLine lineAt(const CFontDesc& font, double scale, int32_t middleUnits);
     const void* glyphImage(Strike& strike, uint32_t glyph, uint32_t quarter, bool antialias);
     const void* rasterise(Strike& strike, uint32_t glyph, uint32_t quarter, bool antialias,

@@ -38,8 +38,10 @@ public:
         std::vector<CPoint> corners(points, points + count);
         for (CPoint& corner : corners)
             corner += this->state_.offset;
-        if (style != kDrawStroked)
+        if (style == kDrawFilled)
             painter_.fillPolygon(here(), corners);
+        else if (style == kDrawFilledAndStroked)
+            painter_.fillInsideFrame(here(), corners);
         if (style != kDrawFilled)
             painter_.framePolygon(here(), corners);
     }
@@ -59,6 +61,10 @@ protected:
 
     CCoord capHeight() const override {
         return this->fonts_->capHeight(*this->state_.font, painter_.scale());
+    }
+
+    CCoord drawnWidth(UTF8StringPtr text, bool antialias) const override {
+        return this->fonts_->drawnWidth(*this->state_.font, text, painter_.scale(), antialias);
     }
 
 private:

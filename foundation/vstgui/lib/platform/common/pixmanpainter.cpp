@@ -184,11 +184,22 @@ void PixmanPainter::line(const Pen& pen, const CPoint& from, const CPoint& to) {
 }
 
 void PixmanPainter::fillPolygon(const Pen& pen, std::span<const CPoint> corners) {
-    std::vector<CPoint> points;
+    std::vector<CPoint> edges;
     for (const CPoint& corner : corners)
-        points.emplace_back(corner.x * scale_, corner.y * scale_);
-    CoverageMask mask(boundsOf(points, 0.0).cutTo(clipTo(pen)));
-    mask.addPolygon(fonts_.library(), points);
+        edges.emplace_back(corner.x * scale_, corner.y * scale_);
+    fillShape(pen, edges);
+}
+
+void PixmanPainter::fillInsideFrame(const Pen& pen, std::span<const CPoint> corners) {
+    std::vector<CPoint> centres;
+    for (const CPoint& corner : corners)
+        centres.push_back(penCentre(pen, corner));
+    fillShape(pen, centres);
+}
+
+void PixmanPainter::fillShape(const Pen& pen, std::span<const CPoint> corners) {
+    CoverageMask mask(boundsOf(corners, 0.0).cutTo(clipTo(pen)));
+    mask.addPolygon(fonts_.library(), corners);
     if (!pen.antialias)
         mask.harden();
     paint(pen, mask, pen.fillColor);
@@ -321,7 +332,7 @@ void PixmanPainter::text(const Pen& pen, const CFontDesc& font, UTF8StringPtr li
     place.antialias = antialias;
     fonts_.drawText(surface_.image(), source.get(), font, line, place);
 
-    const int32_t right = place.x + pixel(fonts_.textWidth(font, line));
+    const int32_t right = place.x + pixel(fonts_.drawnWidth(font, line, scale_, antialias));
     const auto drawLine = [&](const FontEngine::TextLine& textLine) {
         const int32_t top = place.baseline + textLine.top;
         fill(pen, std::array{PixelRect{place.x, top, right, top + textLine.thickness}},

@@ -41,6 +41,8 @@ public:
     void clearRect(const Pen& pen, const CRect& rect);
     void line(const Pen& pen, const CPoint& from, const CPoint& to);
     void fillPolygon(const Pen& pen, std::span<const CPoint> corners);
+    /// Up to the middle of the frame that is drawn next: nothing shows beyond or within it.
+    void fillInsideFrame(const Pen& pen, std::span<const CPoint> corners);
     void framePolygon(const Pen& pen, std::span<const CPoint> corners);
     void bitmap(const Pen& pen, const IPlatformBitmap& bitmap, const CRect& dest,
                 const CPoint& offset, float alpha);
@@ -57,6 +59,7 @@ private:
     /// Sets the surface's clip; empty when nothing can be drawn.
     PixelRect clipTo(const Pen& pen);
     void fill(const Pen& pen, std::span<const PixelRect> rects, const CColor& color);
+    void fillShape(const Pen& pen, std::span<const CPoint> corners);
     void paint(const Pen& pen, CoverageMask& mask, const CColor& color);
     void copy(const PixmanSurface& image, const PixelRect& dest, int32_t sourceX, int32_t sourceY,
               float alpha);

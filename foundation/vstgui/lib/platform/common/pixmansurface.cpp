@@ -13,8 +13,7 @@ constexpr double kLargestSidePixels = 32000.0; // pixman's coordinates have 16 b
 
 /// 0 for what cannot be the side of an image.
 int32_t sidePixels(CCoord length, double pixelsPerUnit) {
-    constexpr double kRounding = 1e-6; // 10 at 1.1 is 11 pixels, whatever the product's last bit
-    const double pixels = std::ceil(length * pixelsPerUnit - kRounding);
+    const double pixels = std::floor(length * pixelsPerUnit + 0.5); // as the edges of what is drawn
     return pixels >= 1.0 && pixels <= kLargestSidePixels ? static_cast<int32_t>(pixels) : 0;
 }
 

@@ -15,7 +15,8 @@ class FontEngine;
 /// Knows its scale, so that a drawing context on it turns logical pixels into its own.
 class PixmanSurface {
 public:
-    /// Transparent. A size in logical pixels is rounded up to whole pixels.
+    /// Transparent. The size, logical pixels, goes to the nearest whole pixels: what is drawn up to
+    /// its edge fills the surface.
     PixmanSurface(CCoord width, CCoord height, double pixelsPerUnit);
     /// On memory that someone else owns, a shared segment for instance.
     PixmanSurface(uint32_t* pixels, int32_t widthPixels, int32_t heightPixels, int32_t strideBytes,
