@@ -58,7 +58,7 @@ bool exists(const std::string& path) {
 /// Absolute, without a slash at its end; the user's own directory when there is no such one.
 std::string startDirectory(const std::string& wanted) {
     if (char* resolved = wanted.empty() ? nullptr : realpath(wanted.c_str(), nullptr)) {
-        const std::string path = resolved;
+        std::string path = resolved;
         free(resolved);
         if (isDirectory(path))
             return path;
@@ -496,7 +496,7 @@ void FileListView::accept() {
 }
 
 void FileListView::acceptName() {
-    const std::string name = name_->getText();
+    const std::string name = name_ ? name_->getText() : "";
     if (name.empty()) {
         say("Type a name first");
         return;
