@@ -123,10 +123,12 @@ TEST(OptionMenu, AListenerMayTakeTheMenuAway) {
 
 TEST(OptionMenu, MayBeDraggedThroughFromTheFirstPress) {
     MenuWindow w(5);
+    w.menu->setValue(4.0F);
     const CPoint corner = kPlace.getTopLeft();
     w.window().mouseDown(25, 15, kLButton);
     w.window().mouseUp(26, 16);
     ASSERT_NE(w.opened(), nullptr) << "a click leaves it open, whatever entry lies under the mouse";
+    EXPECT_EQ(w.list().hovered(), 4) << "the value's";
     w.press(VKEY_ESCAPE);
 
     w.window().mouseDown(25, 15, kLButton);
@@ -243,6 +245,7 @@ TEST(MenuList, ScrollsWhereTheScreenIsTooSmall) {
     MenuList& list = w.list();
     const CPoint low(20, list.size().y - 5);
     EXPECT_TRUE(list.entryArea(199).isEmpty());
+    w.opened()->menuMouseMoved(CPoint(20, 50), 0);
     w.opened()->menuMouseMoved(low, 0);
     EXPECT_EQ(list.hovered(), -1) << "the edge that has more behind it";
     w.opened()->menuPulse();

@@ -25,6 +25,7 @@ constexpr CCoord kMargin = 8;
 constexpr CCoord kRowHeight = 16;
 constexpr CCoord kButtonWidth = 64, kButtonHeight = 20;
 constexpr CCoord kScrollBarWidth = 6;
+constexpr CCoord kLeastBarPixels = 16;
 
 constexpr CColor kPanelColor(44, 44, 42, 255);
 constexpr CColor kListColor(30, 30, 28, 255);
@@ -57,7 +58,7 @@ bool exists(const std::string& path) {
 /// Absolute, without a slash at its end; the user's own directory when there is no such one.
 std::string startDirectory(const std::string& wanted) {
     if (char* resolved = wanted.empty() ? nullptr : realpath(wanted.c_str(), nullptr)) {
-        const std::string path = resolved;
+        std::string path = resolved;
         free(resolved);
         if (isDirectory(path))
             return path;
@@ -276,8 +277,9 @@ private:
     }
 
     void drawScrollBar(CDrawContext* context) const {
-        const CCoord length = getHeight() * rows() / count();
-        const CCoord top = size.top + getHeight() * firstRow_ / count();
+        const CCoord length = std::max(kLeastBarPixels, getHeight() * rows() / count());
+        const CCoord way = getHeight() - length;
+        const CCoord top = size.top + way * firstRow_ / (count() - rows());
         context->setFillColor(kFrameColor);
         context->drawRect(CRect(CPoint(size.right - kScrollBarWidth, std::floor(top)),
                                 CPoint(kScrollBarWidth - 1, std::ceil(length))),
@@ -298,6 +300,12 @@ public:
     const std::string& chosenPath() const { return chosenPath_; }
     void focusName();
 
+    void drawRect(CDrawContext* context, const CRect& updateRect) override {
+        CViewContainer::drawRect(context, updateRect);
+        context->setFrameColor(kFrameColor);
+        context->setLineWidth(1);
+        context->drawRect(size, kDrawStroked);
+    }
     int32_t onKeyDown(VstKeyCode& keyCode) override;
     CMessageResult notify(CBaseObject* sender, IdStringPtr message) override;
     void valueChanged(CControl* control) override;
@@ -488,7 +496,7 @@ void FileListView::accept() {
 }
 
 void FileListView::acceptName() {
-    const std::string name = name_->getText();
+    const std::string name = name_ ? name_->getText() : "";
     if (name.empty()) {
         say("Type a name first");
         return;

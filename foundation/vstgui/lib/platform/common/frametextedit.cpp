@@ -137,14 +137,14 @@ CCoord FrameTextEdit::widthUpTo(std::size_t place) const {
 
 /// Where the text begins: aligned while it fits, scrolled when it does not.
 CCoord FrameTextEdit::textLeft() const {
-    const CCoord room = shownArea_.width() - kCaretWidthPixels - widthUpTo(line_.text().size());
-    if (room < 0)
+    const CCoord room = shownArea_.width() - widthUpTo(line_.text().size());
+    if (room < kCaretWidthPixels)
         return shownArea_.left - scrolled_;
     switch (textEdit->platformGetHoriTxtAlign()) {
     case kRightText:
-        return shownArea_.left + std::floor(room);
+        return std::floor(shownArea_.left + room);
     case kCenterText:
-        return shownArea_.left + std::floor(room / 2);
+        return shownArea_.left + room / 2;
     default:
         return shownArea_.left;
     }
@@ -153,7 +153,8 @@ CCoord FrameTextEdit::textLeft() const {
 CRect FrameTextEdit::caretArea() const {
     const CFontRef font = fieldFont();
     const CCoord height = std::min(shownArea_.height(), font ? font->getSize() + 2 : 14);
-    const CCoord left = std::floor(textLeft() + widthUpTo(line_.caret()));
+    const CCoord left = std::min(std::floor(textLeft() + widthUpTo(line_.caret())),
+                                 shownArea_.right - kCaretWidthPixels);
     const CCoord top = std::floor(shownArea_.top + (shownArea_.height() - height) / 2);
     return {left, top, left + kCaretWidthPixels, top + height};
 }
@@ -198,12 +199,14 @@ void FrameTextEdit::drawOver(CDrawContext* context, const CRect& updateRect) {
     // The same text at the same place for each part, so that nothing moves when it is selected.
     CRect part = clip;
     if (line_.hasSelection()) {
-        CRect selected = shownArea_;
+        CRect selected = caretArea(); // as high as the caret
         selected.left = std::floor(textLeft() + widthUpTo(line_.selectionStart()));
         selected.right = std::ceil(textLeft() + widthUpTo(line_.selectionEnd()));
         selected.bound(clip);
         context->setFillColor(selectionColor());
         context->drawRect(selected, kDrawFilled);
+        selected.top = clip.top; // an accent may stand out
+        selected.bottom = clip.bottom;
         drawPart(context, selected, selectedTextColor());
         drawPart(context, CRect(clip.left, clip.top, selected.left, clip.bottom), textColor());
         part.left = selected.right;

@@ -151,7 +151,10 @@ void MenuList::mouseMoved(const CPoint& where, Button button) {
     hasSeenMouse_ = true;
     lastMouse_ = where;
     const CPoint moved = where - firstMouse_;
-    if (button == Button::Held && std::hypot(moved.x, moved.y) > kClickPixels)
+    hasMoved_ |= std::hypot(moved.x, moved.y) > kClickPixels;
+    if (!hasMoved_)
+        return; // it lies where it opened the menu: that is no choice yet
+    if (button == Button::Held)
         mayRelease_ = true;
     const bool isInside = CRect(CPoint(0, 0), size_).pointInside(where);
     if (!isInside && !hasMouse_)
@@ -171,8 +174,8 @@ void MenuList::mouseDown(const CPoint& where) {
         end(Outcome::Dismissed);
         return;
     }
+    hasMoved_ = true;
     mouseMoved(where, Button::Held);
-    mayRelease_ = true;
 }
 
 void MenuList::mouseUp(const CPoint& where) {

@@ -97,8 +97,9 @@ private:
     int32_t hovered_;
     CPoint lastMouse_;
     CPoint firstMouse_; // when the menu opened
-    bool hasMouse_ = false;
     bool hasSeenMouse_ = false;
+    bool hasMoved_ = false;   // further than a click does
+    bool hasMouse_ = false;   // it is over the menu
     bool mayRelease_ = false; // letting the button go chooses
     bool needsRedraw_ = true;
     Outcome outcome_ = Outcome::Open;

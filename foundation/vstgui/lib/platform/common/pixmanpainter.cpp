@@ -78,14 +78,12 @@ PixelRect PixmanPainter::clipTo(const Pen& pen) {
         pixels(pen.clip).cutTo({0, 0, surface_.widthPixels(), surface_.heightPixels()});
     if (clip.isEmpty())
         return {};
-    if (appliedClip_ != clip) {
-        pixman_region32_t region;
-        pixman_region32_init_rect(&region, clip.left, clip.top, static_cast<unsigned>(clip.width()),
-                                  static_cast<unsigned>(clip.height()));
-        pixman_image_set_clip_region32(surface_.image(), &region);
-        pixman_region32_fini(&region);
-        appliedClip_ = clip;
-    }
+    // Every time: another context may have drawn on the surface since.
+    pixman_region32_t region;
+    pixman_region32_init_rect(&region, clip.left, clip.top, static_cast<unsigned>(clip.width()),
+                              static_cast<unsigned>(clip.height()));
+    pixman_image_set_clip_region32(surface_.image(), &region);
+    pixman_region32_fini(&region);
     return clip;
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <span>
 
 #include "vstgui/lib/ccolor.h"
@@ -69,7 +68,6 @@ private:
     PixmanSurface& surface_;
     FontEngine& fonts_;
     const double scale_;
-    std::optional<PixelRect> appliedClip_;
 };
 
 } // namespace VSTGUI
