@@ -34,6 +34,13 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release")
     target_compile_options(pedl_options INTERFACE -D_FORTIFY_SOURCE=2)
 endif()
 target_link_options(pedl_options INTERFACE -Wl,-z,relro,-z,now -Wl,--gc-sections)
+# A fuzzer steers by what its inputs reach, so all of our code counts edges, and stops at a finding.
+if(PEDL_FUZZ)
+    target_compile_options(pedl_options INTERFACE
+        -g1 -fno-omit-frame-pointer -fsanitize=fuzzer-no-link,address,undefined
+        -fno-sanitize-recover=all)
+    target_link_options(pedl_options INTERFACE -fsanitize=address,undefined)
+endif()
 
 # pedl_library(NAME SOURCES ... LIBS ...): a static library of one folder.
 function(pedl_library name)
