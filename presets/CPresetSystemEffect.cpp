@@ -3,6 +3,7 @@
 #include "parameters/CopyText.h"
 #include "parameters/ParameterIndex.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -18,6 +19,18 @@ constexpr std::uint32_t kSelectWaitMs = 100;
 /// Hosts mark a project as changed when a parameter is edited; any parameter will do.
 constexpr VstInt32 kChangeMarker = 0;
 
+/// Controllers from here on are channel mode messages: never linked, never followed.
+constexpr std::int32_t kFirstChannelMode = 120;
+
+constexpr std::int32_t kHighestDataByte = 127;
+
+/// The bits of a control change say no more than this, so system messages (0xF0 to 0xFF) pass as
+/// well, their first data byte as the controller. Gear that sends such is in use with links to it.
+bool isControlChange(std::uint8_t status) {
+    constexpr std::uint8_t kControlChange = 0xB0;
+    return (status & kControlChange) == kControlChange;
+}
+
 /// NaN answers false.
 bool isNormalised(float value) {
     return value >= 0.0F && value <= 1.0F;
@@ -25,8 +38,9 @@ bool isNormalised(float value) {
 
 } // namespace
 
-CPresetSystemEffect::CPresetSystemEffect(audioMasterCallback host, Clock& clock)
-    : AudioEffectX(host, kHostPrograms, kNumParams), clock_(clock) {
+CPresetSystemEffect::CPresetSystemEffect(audioMasterCallback host, Clock& clock,
+                                         DiagnosticStream& diagnostics)
+    : AudioEffectX(host, kHostPrograms, kNumParams), clock_(clock), diagnostics_(diagnostics) {
     AudioEffect::programsAreChunks(true);
 }
 
@@ -67,12 +81,30 @@ void CPresetSystemEffect::renameCurrentProgram(const char* name) {
 }
 
 void CPresetSystemEffect::setParameter(VstInt32 index, float normalised) {
-    if (isParameter(index) && !isProgramLoading())
-        bank_.setValue(currentSlot(), index, normalised);
+    if (!isProgramLoading()) {
+        if (isParameter(index))
+            bank_.setValue(currentSlot(), index, normalised);
+        countForLearning(index);
+    }
+    if (isMidiLink(index)) {
+        midiMap_.setLinkValue(index - kFirstMidiLink, normalised);
+    } else if (index == kMidiChannel) {
+        midiMap_.setChannelValue(normalised);
+        tellMidiChannel();
+    }
 }
 
 float CPresetSystemEffect::getParameter(VstInt32 index) {
-    return isParameter(index) ? bank_.value(currentSlot(), index) : 0.0F;
+    if (isParameter(index))
+        return bank_.value(currentSlot(), index);
+    if (isMidiLink(index))
+        return midiMap_.linkValue(index - kFirstMidiLink);
+    return index == kMidiChannel ? midiMap_.channelValue() : 0.0F;
+}
+
+void CPresetSystemEffect::resume() {
+    AudioEffectX::resume();
+    enableLearnHooks(true);
 }
 
 void CPresetSystemEffect::setProgramName(char* name) {
@@ -99,6 +131,68 @@ bool CPresetSystemEffect::getProgramNameIndexed(VstInt32 /*category*/, VstInt32 
     return true;
 }
 
+// MIDI
+
+void CPresetSystemEffect::stopLearn() noexcept {
+    learnState_.stopLearn();
+    if (PresetSystemView* const view = view_.load(std::memory_order_acquire))
+        view->learnEnded();
+}
+
+void CPresetSystemEffect::stopForget() noexcept {
+    learnState_.stopForget();
+    if (PresetSystemView* const view = view_.load(std::memory_order_acquire))
+        view->forgetEnded();
+}
+
+void CPresetSystemEffect::countForLearning(std::int32_t tag) {
+    const bool isArmed = learnState_.isLearning() || learnState_.isForgetting();
+    if (!isArmed || !learnState_.hasHooks())
+        return;
+    const std::int32_t parameter = learnTarget(tag);
+    if (!isParameter(parameter))
+        return;
+    learnState_.setTarget(parameter);
+    if (learnState_.isForgetting()) {
+        midiMap_.forgetParameter(parameter);
+        stopForget();
+    }
+}
+
+VstInt32 CPresetSystemEffect::processEvents(VstEvents* events) {
+    if (events == nullptr)
+        return 1;
+    const VstEvent* const* const list = events->events; // longer than its declaration says
+    for (VstInt32 i = 0; i < events->numEvents; ++i) {
+        if (list[i] == nullptr || list[i]->type != kVstMidiType)
+            continue;
+        const auto& event = *reinterpret_cast<const VstMidiEvent*>(list[i]);
+        takeControlChange(static_cast<std::uint8_t>(event.midiData[0]),
+                          static_cast<signed char>(event.midiData[1]),
+                          static_cast<signed char>(event.midiData[2]));
+    }
+    return 1;
+}
+
+/// @param position  of the controller; beyond 0..127 in a broken message
+void CPresetSystemEffect::takeControlChange(std::uint8_t status, std::int32_t controller,
+                                            std::int32_t position) {
+    if (!isControlChange(status) || !midiMap_.receives(status) || controller >= kFirstChannelMode)
+        return;
+    tellMidiActivity();
+    if (!isController(controller))
+        return;
+    const std::int32_t target = learnState_.target();
+    if (isParameter(target)) {
+        midiMap_.relink(target, controller);
+        stopLearn();
+    }
+    const std::int32_t parameter = midiMap_.drivenBy(controller); // the one just learned as well
+    if (isParameter(parameter))
+        setParameter(parameter, static_cast<float>(std::clamp(position, 0, kHighestDataByte)) /
+                                    static_cast<float>(kHighestDataByte));
+}
+
 void CPresetSystemEffect::automate(std::int32_t index, float normalised) {
     beginEdit(index);
     setParameterAutomated(index, normalised);
@@ -112,6 +206,16 @@ bool CPresetSystemEffect::isProgramLoading() const noexcept {
 void CPresetSystemEffect::tellParameter(std::int32_t index, float normalised) noexcept {
     if (PresetSystemView* const view = view_.load(std::memory_order_acquire))
         view->parameterChanged(index, normalised);
+}
+
+void CPresetSystemEffect::tellMidiChannel() noexcept {
+    if (PresetSystemView* const view = view_.load(std::memory_order_acquire))
+        view->midiChannelChanged(midiMap_.channelValue());
+}
+
+void CPresetSystemEffect::tellMidiActivity() noexcept {
+    if (PresetSystemView* const view = view_.load(std::memory_order_acquire))
+        view->midiActivity();
 }
 
 void CPresetSystemEffect::tellSuspended() noexcept {

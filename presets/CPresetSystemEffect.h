@@ -1,7 +1,10 @@
 #pragma once
 
 #include "foundation/platform/Clock.h"
+#include "foundation/platform/DiagnosticStream.h"
 #include "foundation/vst24/AudioEffectX.h"
+#include "presets/LearnState.h"
+#include "presets/MidiMap.h"
 #include "presets/PresetSystemView.h"
 #include "presets/ProgramBank.h"
 
@@ -20,7 +23,7 @@ namespace pedl {
 /// user-interface thread.
 class CPresetSystemEffect : public AudioEffectX {
 public:
-    CPresetSystemEffect(audioMasterCallback host, Clock& clock);
+    CPresetSystemEffect(audioMasterCallback host, Clock& clock, DiagnosticStream& diagnostics);
 
     /// Whom to tell of changes; null for nobody. The view must stay alive until it is taken away.
     void setView(PresetSystemView* view) noexcept;
@@ -42,13 +45,38 @@ public:
 
     [[nodiscard]] const ProgramBank& bank() const noexcept { return bank_; }
 
+    // MIDI links. Thread: any, real time
+
+    [[nodiscard]] MidiMap& midiMap() noexcept { return midiMap_; }
+    [[nodiscard]] const MidiMap& midiMap() const noexcept { return midiMap_; }
+
+    /// From here on the parameter that was changed last is linked to the controller that moves
+    /// next, which ends learning.
+    void startLearn() noexcept { learnState_.startLearn(); }
+    void stopLearn() noexcept;
+    void setLearnTarget(std::int32_t parameter) noexcept { learnState_.setTarget(parameter); }
+
+    /// From here on the parameter that is changed next loses its link, which ends forgetting.
+    void startForget() noexcept { learnState_.startForget(); }
+    void stopForget() noexcept;
+
+    /// Whether changes of parameters count for learning and forgetting: an open view has only those
+    /// counted that the user makes in it. They count again after every `resume`.
+    void enableLearnHooks(bool isEnabled) noexcept { learnState_.enableHooks(isEnabled); }
+
+    [[nodiscard]] const LearnState& learnState() const noexcept { return learnState_; }
+
     // What the host calls
-    /// Writes a change into the current slot, unless it comes from there.
+    /// Writes a change into the current slot and lets it count for learning, unless it comes from
+    /// that slot. Takes MIDI links and the channel too.
     void setParameter(VstInt32 index, float normalised) override;
     float getParameter(VstInt32 index) override;
     void setProgramName(char* name) override;
     void getProgramName(char* name) override;
     bool getProgramNameIndexed(VstInt32 category, VstInt32 index, char* text) override;
+    void resume() override;
+    /// Lets linked controllers move their parameters. Thread: audio, real time.
+    VstInt32 processEvents(VstEvents* events) override;
 
     // Hooks
 
@@ -87,12 +115,20 @@ protected:
     void tellSuspended() noexcept;
 
     [[nodiscard]] Clock& clock() const noexcept { return clock_; }
+    [[nodiscard]] DiagnosticStream& diagnostics() const noexcept { return diagnostics_; }
 
 private:
     void applySlot(std::int32_t slot);
+    void countForLearning(std::int32_t tag);
+    void takeControlChange(std::uint8_t status, std::int32_t controller, std::int32_t position);
+    void tellMidiChannel() noexcept;
+    void tellMidiActivity() noexcept;
 
     Clock& clock_;
+    DiagnosticStream& diagnostics_;
     ProgramBank bank_;
+    MidiMap midiMap_;
+    LearnState learnState_;
     std::atomic<PresetSystemView*> view_{nullptr}; // set by the user interface, read by any thread
     std::atomic<bool> isProgramLoading_{false};    // set by the selecting thread, read by any
 };

@@ -18,7 +18,8 @@ using Lines = std::vector<std::string>;
 class PlainEffect final : public CPresetSystemEffect {
 public:
     explicit PlainEffect(Journal& journal)
-        : CPresetSystemEffect(&Journal::host, journal.clock), journal_(journal) {
+        : CPresetSystemEffect(&Journal::host, journal.clock, journal.diagnostics),
+          journal_(journal) {
         initialiseFactoryPrograms();
     }
 

@@ -71,7 +71,19 @@ public:
         void programNameChanged(std::string_view name) noexcept override {
             journal.note("view name ", name);
         }
+        void programMenuEntryChanged(std::int32_t slot) noexcept override {
+            journal.note("view menu entry ", slot);
+        }
+        void programShown(std::int32_t slot) noexcept override {
+            journal.note("view shows ", slot);
+        }
         void processingSuspended() noexcept override { journal.note("view suspended"); }
+        void midiChannelChanged(float normalised) noexcept override {
+            journal.note("view channel ", normalised);
+        }
+        void midiActivity() noexcept override { journal.note("view activity"); }
+        void learnEnded() noexcept override { journal.note("view learn ended"); }
+        void forgetEnded() noexcept override { journal.note("view forget ended"); }
         Journal& journal;
     } view{*this};
 
