@@ -136,7 +136,6 @@ private:
     void updateTempoSync() noexcept;
     [[nodiscard]] std::optional<HostTime> askHostTime();
 
-    DiagnosticStream& diagnostics_;
     ModFilterEngine engine_;
     TempoSync tempoSync_;
     MixKnob mixKnob_;
