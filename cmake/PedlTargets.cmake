@@ -49,10 +49,12 @@ function(pedl_library name)
     target_link_libraries(${name} PUBLIC pedl_options ${ARG_LIBS})
 endfunction()
 
-# pedl_test(NAME SOURCES ... LIBS ...): one GoogleTest program, its cases listed by CTest.
+# pedl_test(NAME SOURCES ... LIBS ...): one GoogleTest program, its cases listed by CTest. They see no
+# settings of the user who runs them.
 function(pedl_test name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE pedl_options ${ARG_LIBS} GTest::gtest_main)
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
+        PROPERTIES ENVIRONMENT "XDG_CONFIG_HOME=/nonexistent/zmt-pedlfilter-tests")
 endfunction()

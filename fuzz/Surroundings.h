@@ -2,6 +2,7 @@
 
 #include "foundation/platform/Clock.h"
 #include "foundation/platform/DiagnosticStream.h"
+#include "foundation/platform/NoSettings.h"
 #include "foundation/vst24/VstOpcodes.h"
 #include "plugin/ZMTpedlFilterEffect.h"
 
@@ -11,7 +12,7 @@ namespace pedl::fuzz {
 /// its version alone.
 class Surroundings {
 public:
-    [[nodiscard]] EffectSurroundings forEffect() { return {clock_, diagnostics_}; }
+    [[nodiscard]] EffectSurroundings forEffect() { return {clock_, diagnostics_, settings_}; }
 
     static VstIntPtr host(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
         return opcode == audioMasterVersion ? 2400 : 0;
@@ -27,6 +28,8 @@ private:
     struct SilentStream final : DiagnosticStream {
         void line(std::string_view) override {}
     } diagnostics_;
+
+    NoSettings settings_;
 };
 
 } // namespace pedl::fuzz

@@ -142,7 +142,8 @@ constexpr std::array<ZMTpedlFilterEffect::ControlRow, kNumParams>
 // Construction and destruction
 
 ZMTpedlFilterEffect::ZMTpedlFilterEffect(audioMasterCallback host, EffectSurroundings surroundings)
-    : CPresetSystemEffect(host, surroundings.clock, surroundings.diagnostics),
+    : CPresetSystemEffect(host, surroundings.clock, surroundings.diagnostics,
+                          surroundings.settings),
       engine_(surroundings.clock.calendarSeconds()) {
     AudioEffect::setNumInputs(kChannels);
     AudioEffect::setNumOutputs(kChannels);

@@ -39,8 +39,9 @@ bool isNormalised(float value) {
 } // namespace
 
 CPresetSystemEffect::CPresetSystemEffect(audioMasterCallback host, Clock& clock,
-                                         DiagnosticStream& diagnostics)
-    : AudioEffectX(host, kHostPrograms, kNumParams), clock_(clock), diagnostics_(diagnostics) {
+                                         DiagnosticStream& diagnostics, SettingsStore& settings)
+    : AudioEffectX(host, kHostPrograms, kNumParams), clock_(clock), diagnostics_(diagnostics),
+      settings_(settings) {
     AudioEffect::programsAreChunks(true);
 }
 

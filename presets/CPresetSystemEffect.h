@@ -2,6 +2,7 @@
 
 #include "foundation/platform/Clock.h"
 #include "foundation/platform/DiagnosticStream.h"
+#include "foundation/platform/SettingsStore.h"
 #include "foundation/vst24/AudioEffectX.h"
 #include "presets/LearnState.h"
 #include "presets/MidiMap.h"
@@ -23,7 +24,9 @@ namespace pedl {
 /// user-interface thread.
 class CPresetSystemEffect : public AudioEffectX {
 public:
-    CPresetSystemEffect(audioMasterCallback host, Clock& clock, DiagnosticStream& diagnostics);
+    /// The three outlive the effect.
+    CPresetSystemEffect(audioMasterCallback host, Clock& clock, DiagnosticStream& diagnostics,
+                        SettingsStore& settings);
 
     /// Whom to tell of changes; null for nobody. The view must stay alive until it is taken away.
     void setView(PresetSystemView* view) noexcept;
@@ -126,6 +129,7 @@ private:
 
     Clock& clock_;
     DiagnosticStream& diagnostics_;
+    SettingsStore& settings_;
     ProgramBank bank_;
     MidiMap midiMap_;
     LearnState learnState_;

@@ -55,7 +55,7 @@ protected:
 
     Journal journal;
     std::unique_ptr<ZMTpedlFilterEffect> owned = std::make_unique<ZMTpedlFilterEffect>(
-        &Journal::host, EffectSurroundings{journal.clock, journal.diagnostics});
+        &Journal::host, EffectSurroundings{journal.clock, journal.diagnostics, journal.settings});
     ZMTpedlFilterEffect& effect = *owned;
     const MidiMap& map = owned->midiMap();
     const LearnState& learn = owned->learnState();

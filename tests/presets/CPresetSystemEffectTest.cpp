@@ -18,7 +18,7 @@ using Lines = std::vector<std::string>;
 class PlainEffect final : public CPresetSystemEffect {
 public:
     explicit PlainEffect(Journal& journal)
-        : CPresetSystemEffect(&Journal::host, journal.clock, journal.diagnostics),
+        : CPresetSystemEffect(&Journal::host, journal.clock, journal.diagnostics, journal.settings),
           journal_(journal) {
         initialiseFactoryPrograms();
     }

@@ -6,6 +6,7 @@
 #include "foundation/vst24/VstOpcodes.h"
 #include "foundation/vst24/VstStructures.h"
 #include "presets/PresetSystemView.h"
+#include "tests/support/MemorySettings.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -62,6 +63,8 @@ public:
         void line(std::string_view text) override { journal.note("line ", text); }
         Journal& journal;
     } diagnostics{*this};
+
+    MemorySettings settings; ///< the user has stored nothing yet
 
     struct JournalView final : PresetSystemView {
         explicit JournalView(Journal& owner) : journal(owner) {}
