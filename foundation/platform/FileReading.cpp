@@ -52,7 +52,7 @@ FileContents readFile(const std::string& path) {
     if (!file.isOpen())
         return failure("open");
     struct stat status {};
-    if (::fstat(file.number(), &status) != 0)
+    if (uninterrupted([&] { return ::fstat(file.number(), &status); }) != 0)
         return failure("fstat");
     if (!S_ISREG(status.st_mode))
         return refusal(ReadResult::NotAFile, {"not a file"});

@@ -142,7 +142,9 @@ public:
         return FileProblem{"open", EEXIST};
     }
 
+    /// Writes all of it, in as many steps as the system takes; the size is the proof.
     Problem write(std::span<const std::byte> bytes) {
+        const std::size_t wholeBytes = bytes.size();
         while (!bytes.empty()) {
             const ssize_t step =
                 uninterrupted([&] { return ::write(file_.number(), bytes.data(), bytes.size()); });
@@ -152,13 +154,18 @@ public:
                 return FileProblem{"write", ENOSPC};
             bytes = bytes.subspan(static_cast<std::size_t>(step));
         }
+        struct stat status {};
+        if (uninterrupted([&] { return ::fstat(file_.number(), &status); }) != 0)
+            return failed("fstat");
+        if (status.st_size != static_cast<off_t>(wholeBytes))
+            return FileProblem{"written only in part"};
         return std::nullopt;
     }
 
     /// Takes over what the old file had. The mode comes last: a new owner takes bits from it.
     Problem resemble(const struct stat& old) {
         struct stat now {};
-        if (::fstat(file_.number(), &now) != 0)
+        if (uninterrupted([&] { return ::fstat(file_.number(), &now); }) != 0)
             return failed("fstat");
         if (now.st_uid != old.st_uid || now.st_gid != old.st_gid)
             static_cast<void>(::fchown(file_.number(), old.st_uid, old.st_gid) == 0 ||
@@ -206,7 +213,8 @@ private:
 
     [[nodiscard]] bool isRemoved() const {
         struct stat status {};
-        return ::fstat(file_.number(), &status) != 0 || status.st_nlink == 0;
+        return uninterrupted([&] { return ::fstat(file_.number(), &status); }) == 0 &&
+               status.st_nlink == 0;
     }
 
     const FileDescriptor& folder_;
