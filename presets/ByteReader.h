@@ -18,10 +18,6 @@ public:
                         ByteOrder order = ByteOrder::Native) noexcept
         : rest_(bytes), order_(order) {}
 
-    /// Words from here on lie in this order.
-    void setOrder(ByteOrder order) noexcept { order_ = order; }
-
-    [[nodiscard]] std::size_t size() const noexcept { return rest_.size(); }
     [[nodiscard]] std::span<const std::byte> rest() const noexcept { return rest_; }
 
     /// The next `count` bytes, or nothing and no step where fewer are left.

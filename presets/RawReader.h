@@ -20,21 +20,29 @@ class DiagnosticStream;
 // plug-in with fewer parameters is read as well. What a program has no values for is the edit
 // snapshot's. Values are repaired and reported as those of a stream. Thread: any but audio.
 
-/// What an old host chunk has brought.
-struct LoadedRawChunk {
-    LoadedBank bank;
-    MidiLinks links; ///< without a channel; a value of 1 or more is a parameter without a link
+/// An old host chunk, opened.
+struct RawChunkView {
+    std::uint32_t programs = 0; ///< as stated; 0 makes it no chunk of ours
+    std::uint32_t currentSlot = 0;
+    std::span<const std::byte> programBytes;
+    std::span<const std::byte> linkBytes; ///< empty where the bytes end before
+    ByteOrder order = ByteOrder::Native;
 };
 
-/// An old host chunk: programs into the bank, then the links of all parameters.
+/// Opens an old host chunk. Nothing where the bytes end within its head.
 ///
 /// @param chunk  the whole chunk, version and identifier included
-/// @return       nothing, and the bank as it was, for a chunk that counts no programs
-[[nodiscard]] std::optional<LoadedRawChunk> readRawChunk(std::span<const std::byte> chunk,
-                                                         ByteOrder order, ProgramBank& bank,
-                                                         DiagnosticStream& diagnostics);
+[[nodiscard]] std::optional<RawChunkView> openRawChunk(std::span<const std::byte> chunk,
+                                                       ByteOrder order) noexcept;
 
-/// An old bank file: 140 programs. The stored data know no current slot, so it is 0.
+/// The programs of an old host chunk, into slots 0 to 139.
+LoadedBank readRawPrograms(const RawChunkView& chunk, ProgramBank& bank,
+                           DiagnosticStream& diagnostics);
+
+/// The links of an old host chunk: every usable value. It has no channel.
+[[nodiscard]] MidiLinks readRawLinks(const RawChunkView& chunk, DiagnosticStream& diagnostics);
+
+/// An old bank file: 140 programs. The file knows no current slot, so it is 0.
 ///
 /// @param file  the whole file, identifier and kind included
 LoadedBank readRawBank(std::span<const std::byte> file, ByteOrder order, ProgramBank& bank,

@@ -44,6 +44,16 @@ struct StreamView {
 [[nodiscard]] std::optional<StreamView> openSizedStream(std::span<const std::byte> bytes,
                                                         ByteOrder order) noexcept;
 
+/// A host's chunk that is ours, by its first eight bytes.
+struct ChunkView {
+    std::uint32_t version = kChunkVersion; ///< this or `kRawChunkVersion`
+    ByteOrder order = ByteOrder::Native;
+    std::span<const std::byte> bytes; ///< the whole chunk
+};
+
+/// Opens a chunk. Nothing for one of another plug-in, of an unknown version, or too short for both.
+[[nodiscard]] std::optional<ChunkView> openChunk(std::span<const std::byte> bytes) noexcept;
+
 /// One record: its head, decoded, and its payload as it lies there.
 struct RecordView {
     std::uint32_t type = 0; // not the enumeration: unknown types are stepped over
@@ -70,14 +80,15 @@ struct RecordView {
 class RecordReader {
 public:
     explicit RecordReader(const StreamView& stream) noexcept
-        : rest_(stream.records), remaining_(stream.header.records), order_(stream.order) {}
+        : reader_(stream.records, stream.order), order_(stream.order),
+          remaining_(stream.header.records) {}
 
     [[nodiscard]] std::optional<RecordView> next() noexcept;
 
 private:
-    std::span<const std::byte> rest_;
-    std::uint32_t remaining_;
+    ByteReader reader_;
     ByteOrder order_;
+    std::uint32_t remaining_;
 };
 
 } // namespace pedl
