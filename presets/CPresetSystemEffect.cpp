@@ -1,10 +1,16 @@
 #include "presets/CPresetSystemEffect.h"
 
 #include "parameters/CopyText.h"
+#include "parameters/ListPosition.h"
 #include "parameters/ParameterIndex.h"
+#include "presets/RawReader.h"
+#include "presets/ValueRepair.h"
 
 #include <algorithm>
 #include <cstring>
+#include <new>
+#include <optional>
+#include <span>
 #include <string_view>
 
 namespace pedl {
@@ -31,10 +37,11 @@ bool isControlChange(std::uint8_t status) {
     return (status & kControlChange) == kControlChange;
 }
 
-/// NaN answers false.
-bool isNormalised(float value) {
-    return value >= 0.0F && value <= 1.0F;
-}
+/// What hosts are told of a chunk.
+constexpr VstInt32 kChunkTaken = 0;
+constexpr VstInt32 kChunkRefused = -1;
+
+constexpr float kAllChannelsValue = 1.0F;
 
 } // namespace
 
@@ -130,6 +137,86 @@ bool CPresetSystemEffect::getProgramNameIndexed(VstInt32 /*category*/, VstInt32 
     const ProgramName stored = bank_.name(index);
     copyText(text, nameText(stored), kProgramNameLength);
     return true;
+}
+
+// Stored data
+
+HeldMidiLinks CPresetSystemEffect::heldMidiLinks() {
+    HeldMidiLinks links;
+    links.channelValue = getParameter(kMidiChannel);
+    for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter)
+        links.linkValue[static_cast<std::size_t>(parameter)] =
+            getParameter(kFirstMidiLink + parameter);
+    return links;
+}
+
+void CPresetSystemEffect::replaceMidiLinks(const MidiLinks& links) {
+    midiMap_.clear();
+    for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter)
+        if (const auto link = links.linkValue[static_cast<std::size_t>(parameter)])
+            setParameter(kFirstMidiLink + parameter, *link);
+    if (links.channelValue)
+        setParameter(kMidiChannel, *links.channelValue);
+    midiMap_.rebuild();
+}
+
+void CPresetSystemEffect::showLoaded(const LoadedBank& loaded) {
+    if (PresetSystemView* const view = view_.load(std::memory_order_acquire)) {
+        for (std::int32_t slot = 0; slot < kNumPrograms; ++slot)
+            if (loaded.named[static_cast<std::size_t>(slot)])
+                view->programMenuEntryChanged(slot);
+        view->programShown(loaded.currentSlot);
+    }
+    selectProgram(loaded.currentSlot);
+}
+
+VstInt32 CPresetSystemEffect::getChunk(void** data, bool /*isPreset*/) {
+    if (chunk_ == nullptr)
+        chunk_.reset(new (std::nothrow) ChunkBuffer);
+    if (chunk_ == nullptr)
+        return 0;
+    writeChunk(*chunk_, bank_, heldMidiLinks(), diagnostics_);
+    *data = chunk_->data();
+    return kChunkBytes;
+}
+
+VstInt32 CPresetSystemEffect::setChunk(void* data, VstInt32 byteSize, bool /*isPreset*/) {
+    if (data == nullptr || byteSize < 0)
+        return kChunkRefused;
+    const std::optional<ChunkView> chunk =
+        openChunk({static_cast<const std::byte*>(data), static_cast<std::size_t>(byteSize)});
+    if (!chunk)
+        return kChunkRefused;
+    return chunk->version == kRawChunkVersion ? loadRawChunk(*chunk) : loadChunk(*chunk);
+}
+
+VstInt32 CPresetSystemEffect::loadChunk(const ChunkView& chunk) {
+    const std::optional<StreamView> stream =
+        openStream(chunk.bytes.subspan(kChunkHeadBytes), chunk.order);
+    if (!stream)
+        return kChunkTaken; // ends within its header: ours, yet nothing in it was whole
+    if (!hasMidiChannel(stream->header))
+        setParameter(kMidiChannel, kAllChannelsValue);
+    replaceMidiLinks(readMidiLinks(*stream, diagnostics_));
+    showLoaded(readBank(*stream, bank_, diagnostics_));
+    return kChunkTaken;
+}
+
+VstInt32 CPresetSystemEffect::loadRawChunk(const ChunkView& chunk) {
+    const std::optional<RawChunkView> raw = openRawChunk(chunk.bytes, chunk.order);
+    if (!raw)
+        return kChunkTaken;
+    if (raw->programs == 0)
+        return kChunkRefused;
+    const LoadedBank loaded = readRawPrograms(*raw, bank_, diagnostics_);
+    const MidiLinks links = readRawLinks(*raw, diagnostics_);
+    // Laid over the links that there are, which is all that such a chunk has ever done.
+    for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter)
+        if (const auto link = links.linkValue[static_cast<std::size_t>(parameter)])
+            midiMap_.link(parameter, listPosition(*link, kNumControllers + 1));
+    setParameter(kMidiChannel, kAllChannelsValue);
+    showLoaded(loaded);
+    return kChunkTaken;
 }
 
 // MIDI

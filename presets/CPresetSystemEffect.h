@@ -5,12 +5,20 @@
 #include "foundation/platform/SettingsStore.h"
 #include "foundation/vst24/AudioEffectX.h"
 #include "presets/LearnState.h"
+#include "presets/MidiLinks.h"
 #include "presets/MidiMap.h"
 #include "presets/PresetSystemView.h"
 #include "presets/ProgramBank.h"
+#include "presets/RecordReader.h"
+#include "presets/StreamFormat.h"
+#include "presets/StreamReader.h"
+#include "presets/StreamWriter.h"
 
+#include <array>
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 
 namespace pedl {
 
@@ -69,6 +77,17 @@ public:
 
     [[nodiscard]] const LearnState& learnState() const noexcept { return learnState_; }
 
+    // Stored data. Thread: any but audio; the caller of `showLoaded` waits 100 ms
+
+    /// The MIDI links as the host would read them.
+    [[nodiscard]] HeldMidiLinks heldMidiLinks();
+
+    /// Puts stored links in the place of all others.
+    void replaceMidiLinks(const MidiLinks& links);
+
+    /// Tells the view of a bank that was read, and plays its current program.
+    void showLoaded(const LoadedBank& loaded);
+
     // What the host calls
     /// Writes a change into the current slot and lets it count for learning, unless it comes from
     /// that slot. Takes MIDI links and the channel too.
@@ -77,6 +96,13 @@ public:
     void setProgramName(char* name) override;
     void getProgramName(char* name) override;
     bool getProgramNameIndexed(VstInt32 category, VstInt32 index, char* text) override;
+    /// The whole state: bank, current slot and MIDI links. 0 where there is no memory for it.
+    ///
+    /// @param isPreset  not looked at: a host that asks for one program gets the whole bank
+    VstInt32 getChunk(void** data, bool isPreset) override;
+    /// @return 0, or -1 and nothing changed for data that are no chunk of ours; a chunk that ends
+    ///         early gives what was whole
+    VstInt32 setChunk(void* data, VstInt32 byteSize, bool isPreset) override;
     void resume() override;
     /// Lets linked controllers move their parameters. Thread: audio, real time.
     VstInt32 processEvents(VstEvents* events) override;
@@ -121,7 +147,11 @@ protected:
     [[nodiscard]] DiagnosticStream& diagnostics() const noexcept { return diagnostics_; }
 
 private:
+    using ChunkBuffer = std::array<std::byte, kChunkBytes>;
+
     void applySlot(std::int32_t slot);
+    [[nodiscard]] VstInt32 loadChunk(const ChunkView& chunk);
+    [[nodiscard]] VstInt32 loadRawChunk(const ChunkView& chunk);
     void countForLearning(std::int32_t tag);
     void takeControlChange(std::uint8_t status, std::int32_t controller, std::int32_t position);
     void tellMidiChannel() noexcept;
@@ -131,6 +161,7 @@ private:
     DiagnosticStream& diagnostics_;
     SettingsStore& settings_;
     ProgramBank bank_;
+    std::unique_ptr<ChunkBuffer> chunk_; // handed out to the host; made when it first asks
     MidiMap midiMap_;
     LearnState learnState_;
     std::atomic<PresetSystemView*> view_{nullptr}; // set by the user interface, read by any thread
