@@ -3,6 +3,7 @@
 #include "parameters/CopyText.h"
 #include "parameters/ListPosition.h"
 #include "parameters/ParameterIndex.h"
+#include "presets/FileReader.h"
 #include "presets/RawReader.h"
 #include "presets/ValueRepair.h"
 
@@ -57,8 +58,13 @@ void CPresetSystemEffect::setView(PresetSystemView* view) noexcept {
 }
 
 void CPresetSystemEffect::startPresetSystem() {
-    bank_.takeEditSnapshot(0);
+    bank_.takeEditSnapshot(0); // before the user's bank: what is missing there is the factory's
+    userDefaults_.load(FileKind::Bank);
     selectProgram(0);
+    userDefaults_.load(FileKind::Program);
+    setParameter(kMidiChannel, kAllChannelsValue);
+    userDefaults_.load(FileKind::MidiSettings);
+    recentFiles_.read(settings_);
 }
 
 void CPresetSystemEffect::selectProgram(std::int32_t slot) {
@@ -152,6 +158,10 @@ HeldMidiLinks CPresetSystemEffect::heldMidiLinks() {
 
 void CPresetSystemEffect::replaceMidiLinks(const MidiLinks& links) {
     midiMap_.clear();
+    layOverMidiLinks(links);
+}
+
+void CPresetSystemEffect::layOverMidiLinks(const MidiLinks& links) {
     for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter)
         if (const auto link = links.linkValue[static_cast<std::size_t>(parameter)])
             setParameter(kFirstMidiLink + parameter, *link);
@@ -168,6 +178,63 @@ void CPresetSystemEffect::showLoaded(const LoadedBank& loaded) {
         view->programShown(loaded.currentSlot);
     }
     selectProgram(loaded.currentSlot);
+}
+
+std::vector<std::byte> CPresetSystemEffect::stored(FileKind kind) {
+    switch (kind) {
+    case FileKind::Program:
+        return writeProgram(bank_, currentSlot(), diagnostics_);
+    case FileKind::Bank:
+        return writeBank(bank_, diagnostics_);
+    case FileKind::MidiSettings:
+        break;
+    }
+    return writeMidi(heldMidiLinks(), diagnostics_);
+}
+
+LoadResult CPresetSystemEffect::load(FileKind kind, std::span<const std::byte> stored,
+                                     OrderDecision decision) {
+    switch (kind) {
+    case FileKind::Program:
+        return loadProgram(stored, decision);
+    case FileKind::Bank:
+        return loadBank(stored, decision);
+    case FileKind::MidiSettings:
+        break;
+    }
+    return loadMidiSettings(stored, decision);
+}
+
+LoadResult CPresetSystemEffect::loadProgram(std::span<const std::byte> stored,
+                                            OrderDecision decision) {
+    const std::int32_t slot = currentSlot();
+    const ProgramFromFile read = readProgramFile(stored, decision, bank_, slot, diagnostics_);
+    if (read.result == LoadResult::Loaded) {
+        LoadedBank loaded{{}, slot};
+        loaded.named[static_cast<std::size_t>(slot)] = read.isNamed;
+        showLoaded(loaded);
+    }
+    return read.result;
+}
+
+LoadResult CPresetSystemEffect::loadBank(std::span<const std::byte> stored,
+                                         OrderDecision decision) {
+    const BankFromFile read = readBankFile(stored, decision, bank_, diagnostics_);
+    if (read.result == LoadResult::Loaded)
+        showLoaded(read.bank);
+    return read.result;
+}
+
+LoadResult CPresetSystemEffect::loadMidiSettings(std::span<const std::byte> stored,
+                                                 OrderDecision decision) {
+    const MidiFromFile read = readMidiFile(stored, decision, diagnostics_);
+    if (read.result != LoadResult::Loaded)
+        return read.result;
+    if (read.replacesAll)
+        replaceMidiLinks(read.links);
+    else
+        layOverMidiLinks(read.links);
+    return read.result;
 }
 
 VstInt32 CPresetSystemEffect::getChunk(void** data, bool /*isPreset*/) {

@@ -7,18 +7,24 @@
 #include "presets/LearnState.h"
 #include "presets/MidiLinks.h"
 #include "presets/MidiMap.h"
+#include "presets/PresetFiles.h"
 #include "presets/PresetSystemView.h"
 #include "presets/ProgramBank.h"
+#include "presets/RecentFiles.h"
 #include "presets/RecordReader.h"
+#include "presets/StoredState.h"
 #include "presets/StreamFormat.h"
 #include "presets/StreamReader.h"
 #include "presets/StreamWriter.h"
+#include "presets/UserDefaults.h"
 
 #include <array>
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
+#include <vector>
 
 namespace pedl {
 
@@ -30,7 +36,7 @@ namespace pedl {
 ///
 /// Thread: `setParameter` and `getParameter` any, real time; everything else the host's main or
 /// user-interface thread.
-class CPresetSystemEffect : public AudioEffectX {
+class CPresetSystemEffect : public AudioEffectX, public StoredState {
 public:
     /// The three outlive the effect.
     CPresetSystemEffect(audioMasterCallback host, Clock& clock, DiagnosticStream& diagnostics,
@@ -88,6 +94,17 @@ public:
     /// Tells the view of a bank that was read, and plays its current program.
     void showLoaded(const LoadedBank& loaded);
 
+    [[nodiscard]] std::vector<std::byte> stored(FileKind kind) override;
+    LoadResult load(FileKind kind, std::span<const std::byte> stored,
+                    OrderDecision decision) override;
+
+    // What the user keeps. Thread: user interface
+
+    [[nodiscard]] PresetFiles& files() noexcept { return files_; }
+    [[nodiscard]] UserDefaults& userDefaults() noexcept { return userDefaults_; }
+    [[nodiscard]] const RecentFiles& recentFiles() const noexcept { return recentFiles_; }
+    bool keepRecentFiles() const { return recentFiles_.write(settings_); }
+
     // What the host calls
     /// Writes a change into the current slot and lets it count for learning, unless it comes from
     /// that slot. Takes MIDI links and the channel too.
@@ -131,7 +148,8 @@ public:
     virtual void automate(std::int32_t index, float normalised);
 
 protected:
-    /// The last step of construction: takes the edit snapshot from the first slot and plays it.
+    /// The last step of construction: takes the edit snapshot from the first slot, loads what the
+    /// user wants new instances to start with, and plays the first slot.
     void startPresetSystem();
 
     [[nodiscard]] ProgramBank& editableBank() noexcept { return bank_; }
@@ -150,6 +168,10 @@ private:
     using ChunkBuffer = std::array<std::byte, kChunkBytes>;
 
     void applySlot(std::int32_t slot);
+    void layOverMidiLinks(const MidiLinks& links);
+    LoadResult loadProgram(std::span<const std::byte> stored, OrderDecision decision);
+    LoadResult loadBank(std::span<const std::byte> stored, OrderDecision decision);
+    LoadResult loadMidiSettings(std::span<const std::byte> stored, OrderDecision decision);
     [[nodiscard]] VstInt32 loadChunk(const ChunkView& chunk);
     [[nodiscard]] VstInt32 loadRawChunk(const ChunkView& chunk);
     void countForLearning(std::int32_t tag);
@@ -164,6 +186,9 @@ private:
     std::unique_ptr<ChunkBuffer> chunk_; // handed out to the host; made when it first asks
     MidiMap midiMap_;
     LearnState learnState_;
+    RecentFiles recentFiles_;
+    PresetFiles files_{*this, recentFiles_, diagnostics_};
+    UserDefaults userDefaults_{*this, settings_};
     std::atomic<PresetSystemView*> view_{nullptr}; // set by the user interface, read by any thread
     std::atomic<bool> isProgramLoading_{false};    // set by the selecting thread, read by any
 };

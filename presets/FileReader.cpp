@@ -56,21 +56,22 @@ BankFromFile readBankFile(std::span<const std::byte> file, OrderDecision decisio
     return {LoadResult::Loaded, readBank(*stream, bank, diagnostics)};
 }
 
-LoadResult readProgramFile(std::span<const std::byte> file, OrderDecision decision,
-                           ProgramBank& bank, std::int32_t slot, DiagnosticStream& diagnostics) {
+ProgramFromFile readProgramFile(std::span<const std::byte> file, OrderDecision decision,
+                                ProgramBank& bank, std::int32_t slot,
+                                DiagnosticStream& diagnostics) {
     const FileStart start = startOf(file, decision);
     if (start.result != LoadResult::Loaded)
-        return start.result;
-    if (start.kind == StreamKind::RawProgram)
-        return readRawProgram(file, start.order, bank, slot, diagnostics) ? LoadResult::Loaded
-                                                                          : LoadResult::TooShort;
+        return {start.result};
+    if (start.kind == StreamKind::RawProgram) {
+        const bool isNamed = readRawProgram(file, start.order, bank, slot, diagnostics);
+        return {isNamed ? LoadResult::Loaded : LoadResult::TooShort, isNamed};
+    }
     if (start.kind != StreamKind::Program)
-        return LoadResult::UnknownKind;
+        return {LoadResult::UnknownKind};
     const std::optional<StreamView> stream = openSizedStream(file, start.order);
     if (!stream)
-        return LoadResult::TooShort;
-    readProgram(*stream, bank, slot, diagnostics);
-    return LoadResult::Loaded;
+        return {LoadResult::TooShort};
+    return {LoadResult::Loaded, readProgram(*stream, bank, slot, diagnostics)};
 }
 
 MidiFromFile readMidiFile(std::span<const std::byte> file, OrderDecision decision,

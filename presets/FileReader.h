@@ -22,6 +22,11 @@ struct BankFromFile {
     LoadedBank bank;
 };
 
+struct ProgramFromFile {
+    LoadResult result = LoadResult::TooShort;
+    bool isNamed = false; ///< the slot has a new name
+};
+
 struct MidiFromFile {
     LoadResult result = LoadResult::TooShort;
     MidiLinks links;
@@ -32,9 +37,9 @@ struct MidiFromFile {
                                         ProgramBank& bank, DiagnosticStream& diagnostics);
 
 /// Reads a program into one slot (0 to 139).
-[[nodiscard]] LoadResult readProgramFile(std::span<const std::byte> file, OrderDecision decision,
-                                         ProgramBank& bank, std::int32_t slot,
-                                         DiagnosticStream& diagnostics);
+[[nodiscard]] ProgramFromFile readProgramFile(std::span<const std::byte> file,
+                                              OrderDecision decision, ProgramBank& bank,
+                                              std::int32_t slot, DiagnosticStream& diagnostics);
 
 /// A file whose layout has no channel brings all channels.
 [[nodiscard]] MidiFromFile readMidiFile(std::span<const std::byte> file, OrderDecision decision,
