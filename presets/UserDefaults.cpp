@@ -17,7 +17,7 @@ constexpr std::array<std::string_view, 3> kDefaultValues{"DefaultPreset", "Defau
 constexpr std::array<std::string_view, 2> kMemoryValues{"MemoA", "MemoB"};
 
 constexpr std::string_view kManualValue = "ManualPath";
-constexpr std::size_t kMaxManualPathBytes = (1024 + 1) * 2; // characters and their terminator
+constexpr std::size_t kMaxManualPathBytes = 1024 * 2 + 2; // UTF-16 and its terminator
 
 std::string_view valueOf(FileKind kind) {
     return kDefaultValues[static_cast<std::size_t>(kind)];
