@@ -146,9 +146,9 @@ TEST_F(Chunk, LoadingTellsTheViewAndThenSelectsTheProgram) {
     });
     EXPECT_EQ(
         journal.lines,
-        (Lines{"view channel 0.972222", "line Invalid parameter 0 value -1.000000 on load of MIDI",
+        (Lines{"line Invalid parameter 0 value -1.000000 on load of MIDI", "view channel 0.972222",
                "line Invalid parameter 1 value 1.500000 on load of preset 0 First",
-               "view menu entry 0", "view menu entry 9", "view shows 0", "wait 100",
+               "view menu entry 0", "view menu entry 9", "view shows 0", "time 512", "wait 100",
                "update display", "begin 0", "end 0"}));
     EXPECT_EQ(effect.getParameter(1), 1.0F);
     EXPECT_EQ(effect.getProgram(), 0);
