@@ -9,7 +9,7 @@ namespace pedl {
 
 namespace {
 
-constexpr std::size_t kStepBytes = 64U * 1024U;
+constexpr std::size_t kStepBytes = std::size_t{1} << 16;
 
 FileContents refusal(ReadResult result, FileProblem problem) {
     return {result, {}, problem};

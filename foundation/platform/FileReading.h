@@ -9,7 +9,7 @@
 namespace pedl {
 
 /// A file larger than this is not one of ours: the largest that we write has 274441 bytes.
-constexpr std::size_t kMaxFileBytes = 1024U * 1024U;
+constexpr std::size_t kMaxFileBytes = std::size_t{1} << 20;
 
 enum class ReadResult {
     Read,
