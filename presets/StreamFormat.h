@@ -31,7 +31,8 @@ constexpr std::size_t kKindBytes = 1;
 constexpr std::size_t kStreamStartBytes = kIdBytes + kKindBytes; ///< all that old layouts have
 
 /// Version, parameters, records, current slot, size of the records, channel mark, spare field.
-constexpr std::size_t kHeaderFieldBytes = 5 * kWordBytes + 2 * 2 * kWordBytes;
+constexpr std::size_t kLongWordBytes = 2 * kWordBytes;
+constexpr std::size_t kHeaderFieldBytes = 5 * kWordBytes + 2 * kLongWordBytes;
 constexpr std::size_t kHeaderBytes = kStreamStartBytes + kHeaderFieldBytes;
 static_assert(kHeaderBytes == 41);
 

@@ -44,7 +44,7 @@ void putHeader(ByteWriter& writer, const StreamHeader& header) {
     writer.put(header.currentSlot);
     writer.put(header.recordBytes);
     writer.put(header.channelMark);
-    writer.skip(2 * kWordBytes);
+    writer.skip(kLongWordBytes);
 }
 
 void putRecordHead(ByteWriter& writer, RecordType type, std::size_t payloadBytes,
