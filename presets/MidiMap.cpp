@@ -106,7 +106,8 @@ float MidiMap::linkValue(std::int32_t parameter) const noexcept {
 void MidiMap::setLinkValue(std::int32_t parameter, float normalised) noexcept {
     if (!isParameter(parameter))
         return;
-    entryOf(linkValue_, parameter).store(normalised > 0.0F ? normalised : 0.0F, kRelaxed);
+    // A zero keeps its sign: what a chunk brought is saved with the same bytes.
+    entryOf(linkValue_, parameter).store(normalised >= 0.0F ? normalised : 0.0F, kRelaxed);
     const std::int32_t controller = listPosition(normalised, kLinkPositions);
     if (isController(controller)) {
         entryOf(controllerOfParameter_, parameter).store(controller, kRelaxed);

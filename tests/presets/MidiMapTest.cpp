@@ -1,5 +1,6 @@
 #include "presets/MidiMap.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
@@ -118,12 +119,13 @@ TEST(MidiMap, EveryHundredTwentyNinthOfTheRangeIsAController) {
                           Row{valueOf(127), 127, valueOf(127)}, Row{0.99224F, 127, 0.99224F},
                           Row{0.99226F, kNone, 0.99226F}, Row{1.0F, kNone, 1.0F},
                           Row{kNoneValue, kNone, kNoneValue}, Row{kInfinity, kNone, kInfinity},
-                          Row{-0.5F, 0, 0.0F}, Row{kNaN, 0, 0.0F}}) {
+                          Row{-0.5F, 0, 0.0F}, Row{-0.0F, 0, -0.0F}, Row{kNaN, 0, 0.0F}}) {
         SCOPED_TRACE(row.normalised);
         MidiMap map;
         map.setLinkValue(12, row.normalised);
         EXPECT_EQ(map.controllerOf(12), row.controller);
         EXPECT_EQ(map.linkValue(12), row.kept);
+        EXPECT_EQ(std::signbit(map.linkValue(12)), std::signbit(row.kept));
         EXPECT_EQ(map.drivenBy(row.controller), row.controller == kNone ? kNone : 12);
     }
 }
