@@ -1,6 +1,6 @@
 #include "host/Selection.h"
 
-#include "host/ValueFromText.h"
+#include "foundation/text/ValueFromText.h"
 
 #include <charconv>
 

@@ -1,4 +1,4 @@
-#include "host/NameMatch.h"
+#include "foundation/text/NameMatch.h"
 
 #include <algorithm>
 #include <charconv>
