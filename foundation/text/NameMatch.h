@@ -35,6 +35,12 @@ struct NamedItem {
 Result<int> findByName(std::string_view wanted, std::span<const NamedItem> items,
                        std::string_view kind);
 
+/// The same, or the index itself where `wanted` is a number.
+///
+/// @param holder  who has the items, for the message about a number that is too large
+Result<int> findByNameOrNumber(std::string_view wanted, std::span<const NamedItem> items,
+                               std::string_view kind, std::string_view holder);
+
 /// Insertions, deletions and replacements that turn one text into the other, case aside.
 [[nodiscard]] std::size_t editDistance(std::string_view from, std::string_view to);
 
