@@ -14,16 +14,20 @@ namespace {
 
 constexpr std::int32_t kLinkPositions = kNumControllers + 1; // the last one is none
 
+} // namespace
+
 const ProgramRecord& currentProgram(const Document& document) {
     return document.programs[static_cast<std::size_t>(document.currentSlot)];
 }
-
-} // namespace
 
 std::string_view kindName(DocumentKind kind) noexcept {
     constexpr std::array<std::string_view, 4> kNames{"program", "bank", "MIDI settings",
                                                      "host chunk"};
     return kNames[static_cast<std::size_t>(kind)];
+}
+
+std::string contentsName(DocumentKind kind) {
+    return (kind == DocumentKind::MidiSettings ? "" : "a ") + std::string(kindName(kind));
 }
 
 float linkValueOf(std::int32_t controller) noexcept {
@@ -62,8 +66,7 @@ Result<Document> converted(const Document& document, DocumentKind kind) {
     if (document.kind == DocumentKind::MidiSettings && kind != DocumentKind::Chunk)
         return Problem{"holds MIDI settings: there is no program in it"};
     if (kind == DocumentKind::MidiSettings && !hasLinks(document.kind))
-        return Problem{"holds a " + std::string(kindName(document.kind)) +
-                       ": there are no MIDI links in it"};
+        return Problem{"holds " + contentsName(document.kind) + ": there are no MIDI links in it"};
     Document result = merged(factoryDocument(), document);
     result.kind = kind;
     result.warnings = document.warnings;
@@ -84,8 +87,8 @@ Result<Document> converted(const Document& document, DocumentKind kind) {
 
 Done selectProgram(Document& document, std::string_view nameOrSlot) {
     if (!hasBank(document.kind))
-        return Problem{"there is no choice in " + std::string(kindName(document.kind)) +
-                       " data: only banks and host chunks have several programs"};
+        return Problem{"holds " + contentsName(document.kind) +
+                       ": only banks and host chunks have several programs"};
     std::vector<NamedItem> items;
     items.reserve(document.programs.size());
     for (const ProgramRecord& program : document.programs)

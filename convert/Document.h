@@ -20,6 +20,9 @@ enum class DocumentKind { Program, Bank, MidiSettings, Chunk };
 /// "program", "bank", "MIDI settings", "host chunk".
 [[nodiscard]] std::string_view kindName(DocumentKind kind) noexcept;
 
+/// The same for what a document holds: "a program", "MIDI settings".
+[[nodiscard]] std::string contentsName(DocumentKind kind);
+
 [[nodiscard]] constexpr bool hasBank(DocumentKind kind) noexcept {
     return kind == DocumentKind::Bank || kind == DocumentKind::Chunk;
 }
@@ -59,6 +62,9 @@ struct Document {
     /// What the reader repaired or missed, a line each, printable.
     std::vector<std::string> warnings;
 };
+
+/// The program of the current slot, of a document that has programs.
+[[nodiscard]] const ProgramRecord& currentProgram(const Document& document);
 
 /// What a fresh instance of the plug-in holds, as a chunk.
 [[nodiscard]] Document factoryDocument();

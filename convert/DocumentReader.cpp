@@ -1,5 +1,6 @@
 #include "convert/DocumentReader.h"
 
+#include "convert/TextForm.h"
 #include "foundation/platform/DiagnosticStream.h"
 #include "foundation/platform/FileReading.h"
 #include "foundation/text/PrintableText.h"
@@ -11,7 +12,7 @@
 #include "presets/RecordReader.h"
 #include "presets/StreamReader.h"
 
-#include <algorithm>
+#include <cmath>
 
 namespace pedl {
 
@@ -132,7 +133,7 @@ void keepValuesOfNoLink(const StreamView& stream, DocumentLinks& links) {
             continue;
         const std::uint32_t parameter = record->word(kPayloadParameterOffset);
         const float value = record->number(kPayloadValueOffset);
-        if (parameter < kParameters && value >= 1.0F && value < ordinary)
+        if (parameter < kParameters && value >= 1.0F && std::isfinite(value) && value != ordinary)
             links.linkValue[parameter] = value;
     }
 }
@@ -198,6 +199,9 @@ Result<Document> fromFile(std::span<const std::byte> file, ByteOrder order) {
 Result<Document> documentOf(std::span<const std::byte> contents) {
     if (contents.empty())
         return Problem{"is empty"};
+    const std::string_view text(reinterpret_cast<const char*>(contents.data()), contents.size());
+    if (looksLikeText(text))
+        return text.size() <= kMaxTextBytes ? documentFromText(text) : Problem{kLimit.refusal};
     if (contents.size() > kMaxFileBytes)
         return Problem{"is larger than 1 MiB and no text form"};
     if (const auto chunk = openChunk(contents))
