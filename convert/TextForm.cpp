@@ -63,7 +63,7 @@ std::string hexOf(const ProgramName& name) {
 void writeProgram(LineWriter& lines, const ProgramRecord& program) {
     const std::string name = shownName(program.name);
     lines.item("name", jsonString(name));
-    if (toProgramName(name) != program.name)
+    if (name.size() > kProgramNameLength || toProgramName(name) != program.name)
         lines.item("nameBytes", jsonString(hexOf(program.name)));
     lines.open("parameters", '{');
     for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter) {

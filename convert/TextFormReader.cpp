@@ -314,16 +314,25 @@ private:
                             inQuotes(place.named("name").string()) + "; its number counts");
         if (!place.has("value"))
             return linkTo(number);
-        const Json& json = *place.json.find("value");
-        if (!json.is_number() || !(json.get<float>() >= 0.0F))
-            place.refuse("the value is not a number from 0 on");
+        const float value = linkValue({*place.json.find("value"), place.words});
         DocumentLinks one;
-        one.linkValue[0] = json.get<float>();
+        one.linkValue[0] = value;
         if (one.controllerOf(0) == number)
-            return one.linkValue[0];
-        warn(place, "the value " + exactNumber(*one.linkValue[0]) +
+            return meansNothing(value) ? std::nullopt : one.linkValue[0];
+        warn(place, "the value " + exactNumber(value) +
                         " is not that of the controller; the controller counts");
         return linkTo(number);
+    }
+
+    static float linkValue(const Place& place) {
+        if (!place.json.is_number() || !(place.json.get<float>() >= 0.0F))
+            place.refuse("the value is not a number from 0 on");
+        return place.json.get<float>();
+    }
+    /// Whether this is just what is stored for a parameter that was never linked.
+    [[nodiscard]] bool meansNothing(float value) const {
+        return document_.kind == DocumentKind::MidiSettings ? value >= 1.0F
+                                                            : value == linkValueOf(MidiMap::kNone);
     }
 
     static std::int32_t controller(const Place& place) {
