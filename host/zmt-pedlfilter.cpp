@@ -362,10 +362,10 @@ CLI::App* addDiff(CLI::App& app, Options& options) {
 
 int runCommand(int count, char** words) {
     Options options;
-    CLI::App app(
-        "Plays sound files through ZMT pedlFilter, or another VST 2.4 effect, and shows what "
-        "the plug-in offers.",
-        "zmt-pedlfilter");
+    CLI::App app("Plays sound files through ZMT pedlFilter, or another VST 2.4 effect, shows what "
+                 "the plug-in "
+                 "offers, converts and compares its files.",
+                 "zmt-pedlfilter");
     app.set_version_flag("--version", "zmt-pedlfilter " PEDL_VERSION);
     app.require_subcommand(1);
     app.footer(kExamples);
