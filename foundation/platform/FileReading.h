@@ -36,7 +36,6 @@ constexpr ReadLimit kStoredFileLimit{kMaxFileBytes, "larger than 1 MiB"};
 ///
 /// Only a regular file that is not too large is read at all; opening a pipe does not wait for a
 /// writer. A file that grows meanwhile beyond the limit is too large. Thread: any but audio.
-[[nodiscard]] FileContents readFile(const std::string& path,
-                                    ReadLimit limit = kStoredFileLimit);
+[[nodiscard]] FileContents readFile(const std::string& path, ReadLimit limit = kStoredFileLimit);
 
 } // namespace pedl
