@@ -1,22 +1,17 @@
 #pragma once
 
+#include "fuzz/Require.h"
 #include "fuzz/Surroundings.h"
 #include "plugin/ZMTpedlFilterEffect.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <span>
 #include <vector>
 
 namespace pedl::fuzz {
-
-inline void require(bool isTrue) {
-    if (!isTrue)
-        std::abort();
-}
 
 inline bool isNormalised(float value) {
     return value >= 0.0F && value <= 1.0F; // NaN is not

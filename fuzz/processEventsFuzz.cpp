@@ -4,24 +4,19 @@
 // An input is a row of steps, each a byte that says which and the bytes that it takes.
 
 #include "fuzz/InputBytes.h"
+#include "fuzz/Require.h"
 #include "fuzz/Surroundings.h"
 #include "plugin/ZMTpedlFilterEffect.h"
 #include "presets/FactoryPrograms.h"
 #include "tests/support/EventList.h"
-
-#include <cstdlib>
 
 namespace {
 
 using pedl::MidiMap;
 using pedl::ZMTpedlFilterEffect;
 using pedl::fuzz::InputBytes;
+using pedl::fuzz::require;
 using pedl::test::EventList;
-
-void require(bool isTrue) {
-    if (!isTrue)
-        std::abort();
-}
 
 bool isNormalised(float value) {
     return value >= 0.0F && value <= 1.0F;

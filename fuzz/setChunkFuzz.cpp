@@ -3,23 +3,19 @@
 //
 // An input is the chunk.
 
+#include "fuzz/Require.h"
 #include "fuzz/Surroundings.h"
 #include "plugin/ZMTpedlFilterEffect.h"
 #include "presets/ValueRepair.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <vector>
 
 namespace {
 
 using pedl::MidiMap;
 using pedl::ZMTpedlFilterEffect;
-
-void require(bool isTrue) {
-    if (!isTrue)
-        std::abort();
-}
+using pedl::fuzz::require;
 
 void checkBank(const pedl::ProgramBank& bank) {
     require(pedl::isProgramSlot(bank.currentSlot()));

@@ -1,6 +1,6 @@
-#include "host/ValueFromText.h"
+#include "foundation/text/ValueFromText.h"
 
-#include "host/NameMatch.h"
+#include "foundation/text/NameMatch.h"
 
 #include <algorithm>
 #include <array>
@@ -314,10 +314,11 @@ private:
     std::string whatThereIs() const {
         std::vector<std::string> texts;
         const auto [lowest, highest] = endsOfNumbers();
-        if (isDial())
+        const bool hasRange = isDial();
+        if (hasRange)
             texts.push_back(rangeText(*lowest, *highest));
         for (const Sample& sample : samples_) {
-            if (isDial() && sample.number)
+            if (hasRange && sample.number)
                 continue;
             const std::string text(trimmed(sample.text));
             if (!text.empty() && std::find(texts.begin(), texts.end(), text) == texts.end())
