@@ -3,10 +3,10 @@
 #include "foundation/platform/Clock.h"
 #include "foundation/platform/DiagnosticStream.h"
 #include "foundation/platform/NoSettings.h"
+#include "foundation/text/NameMatch.h"
+#include "foundation/text/ValueFromText.h"
 #include "host/AutomationCurve.h"
 #include "host/HostServices.h"
-#include "host/NameMatch.h"
-#include "host/ValueFromText.h"
 #include "parameters/ParameterCatalogue.h"
 #include "plugin/ZMTpedlFilterEffect.h"
 

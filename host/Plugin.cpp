@@ -1,7 +1,7 @@
 #include "host/Plugin.h"
 
+#include "foundation/text/PrintableText.h"
 #include "foundation/vst24/VendorCalls.h"
-#include "host/PrintableText.h"
 
 #include <array>
 #include <cmath>

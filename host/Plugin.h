@@ -1,9 +1,9 @@
 #pragma once
 
+#include "foundation/text/Result.h"
 #include "foundation/vst24/VstOpcodes.h"
 #include "host/HostServices.h"
 #include "host/PluginLibrary.h"
-#include "host/Result.h"
 
 #include <cstdint>
 #include <filesystem>

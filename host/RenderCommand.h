@@ -1,7 +1,7 @@
 #pragma once
 
+#include "foundation/text/Result.h"
 #include "host/Renderer.h"
-#include "host/Result.h"
 
 #include <filesystem>
 #include <optional>

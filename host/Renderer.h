@@ -1,10 +1,10 @@
 #pragma once
 
+#include "foundation/text/Result.h"
 #include "host/AudioReader.h"
 #include "host/AudioWriter.h"
 #include "host/AutomationCurve.h"
 #include "host/Plugin.h"
-#include "host/Result.h"
 
 #include <cstdint>
 #include <functional>

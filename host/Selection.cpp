@@ -1,6 +1,6 @@
 #include "host/Selection.h"
 
-#include "host/ValueFromText.h"
+#include "foundation/text/ValueFromText.h"
 
 #include <charconv>
 
@@ -78,20 +78,11 @@ Done selectProgram(Plugin& plugin, std::string_view nameOrSlot) {
     for (const std::string& name : names)
         items.push_back({static_cast<int>(items.size()), {name}});
 
-    int slot = 0;
-    if (const std::optional<int> number = indexFrom(nameOrSlot)) {
-        slot = *number;
-        if (static_cast<std::size_t>(slot) >= names.size())
-            return Problem{"there is no program " + std::to_string(slot) + "; the plug-in has " +
-                           std::to_string(names.size()) + ", counted from 0"};
-    } else {
-        const Result<int> found = findByName(nameOrSlot, items, "program");
-        if (!found.ok())
-            return found.problem();
-        slot = found.value();
-    }
-    if (!plugin.selectProgram(slot))
-        return Problem{"the plug-in does not let program " + std::to_string(slot) +
+    const Result<int> found = findByNameOrNumber(nameOrSlot, items, "program", "the plug-in");
+    if (!found.ok())
+        return found.problem();
+    if (!plugin.selectProgram(found.value()))
+        return Problem{"the plug-in does not let program " + std::to_string(found.value()) +
                        " be selected from outside"};
     return done();
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/NameMatch.h"
+#include "foundation/text/NameMatch.h"
+#include "foundation/text/Result.h"
 #include "host/Plugin.h"
-#include "host/Result.h"
 
 #include <string>
 #include <string_view>

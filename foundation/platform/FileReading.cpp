@@ -20,12 +20,12 @@ FileContents failure(const char* call) {
     return refusal(isMissing ? ReadResult::Missing : ReadResult::Unreadable, {call, errno, false});
 }
 
-FileContents tooLarge() {
-    return refusal(ReadResult::TooLarge, {"larger than 1 MiB"});
+FileContents tooLarge(ReadLimit limit) {
+    return refusal(ReadResult::TooLarge, {limit.refusal});
 }
 
 /// Until the end, which the size only promises: it may be cut or grow while it is read.
-FileContents readToEnd(const FileDescriptor& file, std::size_t promisedBytes) {
+FileContents readToEnd(const FileDescriptor& file, std::size_t promisedBytes, ReadLimit limit) {
     FileContents contents{ReadResult::Read, {}, {}};
     std::vector<std::byte>& bytes = contents.bytes;
     bytes.reserve(promisedBytes + 1);
@@ -39,14 +39,14 @@ FileContents readToEnd(const FileDescriptor& file, std::size_t promisedBytes) {
         bytes.resize(before + static_cast<std::size_t>(step));
         if (step == 0)
             return contents;
-        if (bytes.size() > kMaxFileBytes)
-            return tooLarge();
+        if (bytes.size() > limit.bytes)
+            return tooLarge(limit);
     }
 }
 
 } // namespace
 
-FileContents readFile(const std::string& path) {
+FileContents readFile(const std::string& path, ReadLimit limit) {
     constexpr int kWithoutWaiting = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     const FileDescriptor file(uninterrupted([&] { return ::open(path.c_str(), kWithoutWaiting); }));
     if (!file.isOpen())
@@ -56,9 +56,9 @@ FileContents readFile(const std::string& path) {
         return failure("fstat");
     if (!S_ISREG(status.st_mode))
         return refusal(ReadResult::NotAFile, {"not a file"});
-    if (status.st_size > static_cast<off_t>(kMaxFileBytes))
-        return tooLarge();
-    return readToEnd(file, static_cast<std::size_t>(status.st_size));
+    if (status.st_size > static_cast<off_t>(limit.bytes))
+        return tooLarge(limit);
+    return readToEnd(file, static_cast<std::size_t>(status.st_size), limit);
 }
 
 } // namespace pedl

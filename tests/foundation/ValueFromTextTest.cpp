@@ -1,4 +1,4 @@
-#include "host/ValueFromText.h"
+#include "foundation/text/ValueFromText.h"
 
 #include <gtest/gtest.h>
 

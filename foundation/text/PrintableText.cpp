@@ -1,4 +1,4 @@
-#include "host/PrintableText.h"
+#include "foundation/text/PrintableText.h"
 
 namespace pedl {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/Result.h"
+#include "foundation/text/Result.h"
 
 #include <cstddef>
 #include <optional>
@@ -34,6 +34,12 @@ struct NamedItem {
 /// @return the item's index, or a line that names the candidates or the nearest names
 Result<int> findByName(std::string_view wanted, std::span<const NamedItem> items,
                        std::string_view kind);
+
+/// The same, or the index itself where `wanted` is a number.
+///
+/// @param holder  who has the items, for the message about a number that is too large
+Result<int> findByNameOrNumber(std::string_view wanted, std::span<const NamedItem> items,
+                               std::string_view kind, std::string_view holder);
 
 /// Insertions, deletions and replacements that turn one text into the other, case aside.
 [[nodiscard]] std::size_t editDistance(std::string_view from, std::string_view to);

@@ -1,4 +1,4 @@
-#include "host/NameMatch.h"
+#include "foundation/text/NameMatch.h"
 
 #include <algorithm>
 #include <charconv>
@@ -173,6 +173,18 @@ Result<int> findByName(std::string_view wantedText, std::span<const NamedItem> i
     const std::vector<const NamedItem*> offered = nearest(wanted, items);
     return Problem{"no " + std::string(kind) + " is called " + quoted +
                    (offered.empty() ? "" : "; nearest: " + listed(offered))};
+}
+
+Result<int> findByNameOrNumber(std::string_view wanted, std::span<const NamedItem> items,
+                               std::string_view kind, std::string_view holder) {
+    const std::optional<int> number = indexFrom(wanted);
+    if (!number)
+        return findByName(wanted, items, kind);
+    if (static_cast<std::size_t>(*number) < items.size())
+        return *number;
+    return Problem{"there is no " + std::string(kind) + " " + std::to_string(*number) + "; " +
+                   std::string(holder) + " has " + std::to_string(items.size()) +
+                   ", counted from 0"};
 }
 
 std::size_t editDistance(std::string_view fromText, std::string_view toText) {

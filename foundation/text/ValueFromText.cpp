@@ -1,6 +1,6 @@
-#include "host/ValueFromText.h"
+#include "foundation/text/ValueFromText.h"
 
-#include "host/NameMatch.h"
+#include "foundation/text/NameMatch.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
-#include "host/NameMatch.h"
-#include "host/PrintableText.h"
+#include "foundation/text/NameMatch.h"
+#include "foundation/text/PrintableText.h"
 
 #include <gtest/gtest.h>
 
