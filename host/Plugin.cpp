@@ -216,7 +216,7 @@ std::vector<std::string> Plugin::programNames() {
     std::vector<std::string> names;
     const VstInt32 declared = effect_->numPrograms;
     // Our own effect names the slots behind its one program too; of others that is not believed.
-    const VstInt32 most = uniqueId() == kVendorCallId ? kMostHiddenSlots : declared;
+    const VstInt32 most = isOurs() ? kMostHiddenSlots : declared;
     for (VstInt32 slot = 0; slot < most; ++slot) {
         TextBuffer buffer{};
         if (call(effGetProgramNameIndexed, slot, -1, buffer.data()) != 0) {
@@ -236,8 +236,8 @@ std::vector<std::string> Plugin::programNames() {
 }
 
 bool Plugin::selectProgram(VstInt32 slot) {
-    if (uniqueId() == kVendorCallId && call(effVendorSpecific, kVendorCallId, kVendorCallSelectSlot,
-                                            nullptr, static_cast<float>(slot)) == 1)
+    if (isOurs() && call(effVendorSpecific, kVendorCallId, kVendorCallSelectSlot, nullptr,
+                         static_cast<float>(slot)) == 1)
         return true;
     if (slot < 0 || slot >= effect_->numPrograms)
         return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/text/Result.h"
+#include "foundation/vst24/VendorCalls.h"
 #include "foundation/vst24/VstOpcodes.h"
 #include "host/HostServices.h"
 #include "host/PluginLibrary.h"
@@ -51,6 +52,8 @@ public:
 
     // Identity
     [[nodiscard]] VstInt32 uniqueId() const { return effect_->uniqueID; }
+    /// Whether it is ZMT pedlFilter itself.
+    [[nodiscard]] bool isOurs() const { return uniqueId() == kVendorCallId; }
     [[nodiscard]] std::string name();
     [[nodiscard]] std::string vendor();
     [[nodiscard]] std::string product();

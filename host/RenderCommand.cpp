@@ -28,6 +28,8 @@ Done checkOutput(const RenderRequest& request) {
     for (const std::string& text : request.automations)
         if (isSameFile(text.substr(text.find('=') + 1), request.out))
             return Problem{out + ": is a curve that the render reads"};
+    if (request.midi && isSameFile(*request.midi, request.out))
+        return Problem{out + ": is the MIDI file that the render reads"};
     return AudioWriter::checkName(request.out);
 }
 
@@ -52,6 +54,9 @@ Done applySettings(Plugin& plugin, const RenderRequest& request) {
             return Problem{"--set: " + setting.problem().text};
         plugin.setParameter(setting.value().index, setting.value().normalised);
     }
+    for (const std::string& text : request.links)
+        if (const Done linked = linkController(plugin, text); !linked.ok())
+            return Problem{"--link: " + linked.problem().text};
     return done();
 }
 
@@ -67,6 +72,17 @@ Result<std::vector<Automation>> loadCurves(Plugin& plugin, const RenderRequest& 
         automations.push_back({found.value().index, std::move(curve.value())});
     }
     return automations;
+}
+
+Result<std::optional<MidiPlayback>> loadMidi(const RenderRequest& request, double rateHz) {
+    std::optional<MidiPlayback> playback;
+    if (!request.midi)
+        return playback;
+    const Result<MidiFile> file = MidiFile::load(*request.midi);
+    if (!file.ok())
+        return Problem{"--midi: " + file.problem().text};
+    playback.emplace(file.value(), request.tempoBpm, rateHz);
+    return playback;
 }
 
 } // namespace
@@ -97,6 +113,10 @@ Result<RenderReport> render(const RenderRequest& request) {
     if (!curves.ok())
         return curves.problem();
 
+    Result<std::optional<MidiPlayback>> midi = loadMidi(request, rateHz);
+    if (!midi.ok())
+        return midi.problem();
+
     const std::int64_t tailFrames = std::llround(request.tailSeconds * rateHz);
     const std::int64_t lengthFrames = reader.value().lengthFrames() + tailFrames;
     Result<AudioWriter> writer =
@@ -107,6 +127,8 @@ Result<RenderReport> render(const RenderRequest& request) {
     ProgressBar progress;
     Renderer renderer(plugin, reader.value(), writer.value(), request.blockFrames);
     renderer.follow(std::move(curves.value()));
+    if (midi.value())
+        renderer.play(std::move(*midi.value()));
     renderer.addTail(tailFrames);
     renderer.onProgress([&progress](double share) { progress.show(share); });
     Result<RenderReport> report = renderer.run(request.precision);

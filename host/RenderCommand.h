@@ -17,8 +17,10 @@ struct RenderRequest {
     std::filesystem::path plugin;
     std::optional<std::string> program;   // name or slot
     std::vector<std::string> settings;    // "parameter=value"
+    std::vector<std::string> links;       // "parameter=controller"
     std::vector<std::string> automations; // "parameter=curve.csv"
-    double tempoBpm = 120.0;
+    std::optional<std::filesystem::path> midi;
+    double tempoBpm = 120.0; // until the MIDI file's first tempo
     VstInt32 blockFrames = 512;
     Precision precision = Precision::Float;
     double tailSeconds = 0.0;
