@@ -247,6 +247,25 @@ bool Plugin::selectProgram(VstInt32 slot) {
     return true;
 }
 
+std::vector<std::byte> Plugin::chunk() {
+    if (!keepsChunks())
+        return {};
+    void* data = nullptr;
+    const VstIntPtr bytes = call(effGetChunk, 0, 0, &data);
+    if (data == nullptr || bytes <= 0)
+        return {};
+    const auto* const begin = static_cast<const std::byte*>(data);
+    return {begin, begin + bytes};
+}
+
+bool Plugin::setChunk(std::vector<std::byte> chunk) {
+    if (!keepsChunks())
+        return false;
+    // What is answered differs among plug-ins that took it.
+    call(effSetChunk, 0, static_cast<VstIntPtr>(chunk.size()), chunk.data());
+    return true;
+}
+
 void Plugin::setUp(const AudioSetup& setup) {
     suspend();
     services_.sampleRateHz = setup.sampleRateHz;

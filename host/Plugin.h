@@ -86,6 +86,12 @@ public:
     /// @return false where there is no such slot
     [[nodiscard]] bool selectProgram(VstInt32 slot);
 
+    // State
+    /// Everything that a host saves with a song; empty where the plug-in keeps no chunk.
+    [[nodiscard]] std::vector<std::byte> chunk();
+    /// @return false where the plug-in keeps no chunk
+    [[nodiscard]] bool setChunk(std::vector<std::byte> chunk);
+
     // Audio
     /// Takes effect with the next `resume`; the instance is suspended if it runs.
     void setUp(const AudioSetup& setup);
@@ -109,6 +115,7 @@ private:
 
     /// Runs the entry; a reason when what it returned is no usable instance.
     Done start(const std::string& path);
+    [[nodiscard]] bool keepsChunks() const { return (effect_->flags & effFlagsProgramChunks) != 0; }
     std::string text(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0);
     std::string textAtValue(VstInt32 index, float normalised);
 

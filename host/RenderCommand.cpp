@@ -3,6 +3,7 @@
 #include "host/Interrupt.h"
 #include "host/ProgressBar.h"
 #include "host/Selection.h"
+#include "host/StoredFiles.h"
 
 #include <cmath>
 #include <system_error>
@@ -28,8 +29,9 @@ Done checkOutput(const RenderRequest& request) {
     for (const std::string& text : request.automations)
         if (isSameFile(text.substr(text.find('=') + 1), request.out))
             return Problem{out + ": is a curve that the render reads"};
-    if (request.midi && isSameFile(*request.midi, request.out))
-        return Problem{out + ": is the MIDI file that the render reads"};
+    for (const auto& file : {request.bank, request.preset, request.midiSettings, request.midi})
+        if (file && isSameFile(*file, request.out))
+            return Problem{out + ": is a file that the render reads"};
     return AudioWriter::checkName(request.out);
 }
 
@@ -44,10 +46,37 @@ Done checkPlugin(const Plugin& plugin, const RenderRequest& request) {
     return done();
 }
 
-Done applySettings(Plugin& plugin, const RenderRequest& request) {
-    if (request.program)
+/// What `option` names, if anything, into the plug-in.
+Done loadStored(Plugin& plugin, StoredPart part, const char* option,
+                const std::optional<std::filesystem::path>& path,
+                std::vector<std::string>& warnings) {
+    if (!path)
+        return done();
+    const Result<std::vector<std::string>> loaded = loadStoredFile(plugin, part, *path);
+    if (!loaded.ok())
+        return Problem{std::string(option) + ": " + loaded.problem().text};
+    warnings.insert(warnings.end(), loaded.value().begin(), loaded.value().end());
+    return done();
+}
+
+/// Bank, program and links, from files and by name.
+Result<std::vector<std::string>> applyFiles(Plugin& plugin, const RenderRequest& request) {
+    std::vector<std::string> warnings;
+    Done loaded = loadStored(plugin, StoredPart::Bank, "--bank", request.bank, warnings);
+    if (loaded.ok() && request.program)
         if (const Done selected = selectProgram(plugin, *request.program); !selected.ok())
-            return Problem{"--program: " + selected.problem().text};
+            loaded = Problem{"--program: " + selected.problem().text};
+    if (loaded.ok())
+        loaded = loadStored(plugin, StoredPart::Program, "--preset", request.preset, warnings);
+    if (loaded.ok())
+        loaded = loadStored(plugin, StoredPart::MidiSettings, "--midi-settings",
+                            request.midiSettings, warnings);
+    if (!loaded.ok())
+        return loaded.problem();
+    return warnings;
+}
+
+Done applySettings(Plugin& plugin, const RenderRequest& request) {
     for (const std::string& text : request.settings) {
         const Result<Setting> setting = findSetting(plugin, text);
         if (!setting.ok())
@@ -107,6 +136,9 @@ Result<RenderReport> render(const RenderRequest& request) {
     plugin.call(effSetProcessPrecision, 0,
                 request.precision == Precision::Double ? kVstProcessPrecision64
                                                        : kVstProcessPrecision32);
+    Result<std::vector<std::string>> warnings = applyFiles(plugin, request);
+    if (!warnings.ok())
+        return warnings.problem();
     if (const Done applied = applySettings(plugin, request); !applied.ok())
         return applied.problem();
     Result<std::vector<Automation>> curves = loadCurves(plugin, request);
@@ -136,6 +168,7 @@ Result<RenderReport> render(const RenderRequest& request) {
         return report;
     if (const Done committed = writer.value().commit(); !committed.ok())
         return committed.problem();
+    report.value().warnings = std::move(warnings.value());
     return report;
 }
 

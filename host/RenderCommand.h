@@ -15,7 +15,10 @@ struct RenderRequest {
     std::filesystem::path in;
     std::filesystem::path out;
     std::filesystem::path plugin;
-    std::optional<std::string> program;   // name or slot
+    std::optional<std::filesystem::path> bank;
+    std::optional<std::string> program; // name or slot
+    std::optional<std::filesystem::path> preset;
+    std::optional<std::filesystem::path> midiSettings;
     std::vector<std::string> settings;    // "parameter=value"
     std::vector<std::string> links;       // "parameter=controller"
     std::vector<std::string> automations; // "parameter=curve.csv"
@@ -26,8 +29,10 @@ struct RenderRequest {
     double tailSeconds = 0.0;
 };
 
-/// Renders one file. Everything that can be found wrong beforehand is, before OUT is touched; the
-/// plug-in gets its program first, then the settings in their order, then the audio.
+/// Renders one file. Everything that can be found wrong beforehand is, before OUT is touched.
+///
+/// The plug-in gets the bank, the choice of a program, the program and the MIDI links of files,
+/// then the settings and the links in their order, then the audio with curves and MIDI.
 Result<RenderReport> render(const RenderRequest& request);
 
 } // namespace pedl

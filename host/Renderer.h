@@ -34,7 +34,8 @@ struct RenderReport {
     double peak = 0.0;           // largest finite sample, full scale at 1.0
     std::int64_t samplesCut = 0; // beyond full scale in a format that ends there
     std::int64_t samplesNotFinite = 0;
-    std::int64_t framesMissing = 0; // that the file's head promised
+    std::int64_t framesMissing = 0;    // that the file's head promised
+    std::vector<std::string> warnings; // about files that were repaired in reading
 
     [[nodiscard]] double audioSeconds() const { return static_cast<double>(frames) / sampleRateHz; }
 };

@@ -34,7 +34,8 @@ constexpr Range kTailRange{0.0, 3600.0, "seconds"};
 
 /// What stands on the command line, as text.
 struct Options {
-    std::string in, out, plugin, program, midi, tempo = "120", block = "512", tail = "0";
+    std::string in, out, plugin, program, bank, preset, midiSettings, midi,
+        tempo = "120", block = "512", tail = "0";
     std::vector<std::string> settings, links, automations;
     bool isDouble = false;
     bool isJson = false;
@@ -81,6 +82,8 @@ std::string levelText(double peak) {
 }
 
 int report(const Options& options, const RenderReport& done) {
+    for (const std::string& warning : done.warnings)
+        std::fprintf(messages(), "zmt-pedlfilter: warning: %s\n", warning.c_str());
     if (done.framesMissing > 0)
         std::fprintf(messages(), "zmt-pedlfilter: warning: %s: damaged, ends %.2f s early\n",
                      options.in.c_str(),
@@ -112,10 +115,15 @@ int runRender(const Options& options) {
     request.links = options.links;
     request.automations = options.automations;
     request.precision = options.isDouble ? Precision::Double : Precision::Float;
-    if (!options.program.empty())
-        request.program = options.program;
-    if (!options.midi.empty())
-        request.midi = options.midi;
+    const auto give = [](const std::string& text, auto& wanted) {
+        if (!text.empty())
+            wanted = text;
+    };
+    give(options.bank, request.bank);
+    give(options.program, request.program);
+    give(options.preset, request.preset);
+    give(options.midiSettings, request.midiSettings);
+    give(options.midi, request.midi);
 
     const Result<double> tempo = numberWithin("--tempo", options.tempo, kTempoRange);
     const Result<double> tail = numberWithin("--tail", options.tail, kTailRange);
@@ -197,6 +205,9 @@ both the full name ("Filter Cutoff") and its unmistakable beginning will do. VAL
 text that the parameter shows ("1200", "24 dB", "off"; the unit may be left out); a number after an
 index is the normalised value, 0 to 1.
 
+--bank, --program, --preset, --midi-settings, --set and --link take effect in this order, wherever they
+stand, then curves and MIDI. Files are for ZMT pedlFilter alone; `zmt-pedlfilter convert` makes them.
+
 A curve is a text file with lines "seconds,value", values 0 to 1, joined by straight lines; lines
 that begin with # and a first line of words are skipped. It is read at the start of every block, so
 a smaller --block follows it more closely.
@@ -238,7 +249,19 @@ CLI::App* addRender(CLI::App& app, Options& options) {
     command->add_option("OUT", options.out, "Sound file to write; its ending names the format")
         ->required()
         ->type_name("");
+    command
+        ->add_option("--bank", options.bank,
+                     "Bank to load: a bank file, a host chunk or the JSON of one")
+        ->type_name("FILE");
     addProgramOption(*command, options);
+    command
+        ->add_option("--preset", options.preset,
+                     "Program to load into the slot: a program file or the JSON of one")
+        ->type_name("FILE");
+    command
+        ->add_option("--midi-settings", options.midiSettings,
+                     "MIDI links to load: a MIDI-settings file or the JSON of one")
+        ->type_name("FILE");
     command
         ->add_option("--set", options.settings, "Values to set, in this order, after the program")
         ->type_name("PARAMETER=VALUE")
