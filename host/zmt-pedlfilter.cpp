@@ -214,7 +214,7 @@ a smaller --block follows it more closely.
 
 A MIDI file (format 0 or 1) begins with IN. All its channel messages reach the plug-in, each at its
 frame; the tempo, the time signature and the place in the song follow it. Blocks are cut where it
-has something due, so the outcome does not depend on --block. Controllers move what they are linked
+has something due, so what MIDI does is independent of --block. Controllers move what they are linked
 to, by --link for one. Where the file has no tempo yet, --tempo is the tempo.
 
 IN is mono or stereo at 44100 to 192000 Hz, in any format that libsndfile reads. OUT is stereo: 32-bit
