@@ -8,6 +8,8 @@ namespace pedl {
 
 namespace {
 
+constexpr int kHighestController = 119; // above are channel mode messages
+
 /// How messages call a parameter.
 std::string calledAs(Plugin& plugin, VstInt32 index) {
     const std::string name(trimmed(plugin.parameterName(index)));
@@ -69,6 +71,23 @@ Result<Setting> findSetting(Plugin& plugin, std::string_view text) {
     if (!value.ok())
         return Problem{calledAs(plugin, assignment.index) + ": " + value.problem().text};
     return Setting{assignment.index, value.value()};
+}
+
+Done linkController(Plugin& plugin, std::string_view text) {
+    if (!plugin.isOurs())
+        return Problem{"only ZMTpedlFilter.so can be told its links"};
+    const Result<Assignment> found = findAssignment(plugin, text);
+    if (!found.ok())
+        return found.problem();
+    const std::string& wanted = found.value().value;
+    const std::optional<int> controller = indexFrom(wanted);
+    if (!controller || *controller > kHighestController)
+        return Problem{"\"" + wanted + "\" is not a controller from 0 to " +
+                       std::to_string(kHighestController)};
+    // Links lie behind the parameters, in their order; the last of the 129 positions is "none".
+    plugin.setParameter(plugin.numParameters() + found.value().index,
+                        (static_cast<float>(*controller) + 0.5F) / 129.0F);
+    return done();
 }
 
 Done selectProgram(Plugin& plugin, std::string_view nameOrSlot) {

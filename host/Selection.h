@@ -33,6 +33,9 @@ Result<Assignment> findAssignment(Plugin& plugin, std::string_view text);
 /// else is a text that the parameter shows.
 Result<Setting> findSetting(Plugin& plugin, std::string_view text);
 
+/// Links a parameter of our own plug-in to a MIDI controller, 0 to 119: "parameter=controller".
+Done linkController(Plugin& plugin, std::string_view text);
+
 /// Makes the program with this name or slot number current.
 Done selectProgram(Plugin& plugin, std::string_view nameOrSlot);
 

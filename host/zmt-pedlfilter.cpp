@@ -36,8 +36,9 @@ constexpr Range kTailRange{0.0, 3600.0, "seconds"};
 
 /// What stands on the command line, as text.
 struct Options {
-    std::string in, out, plugin, program, tempo = "120", block = "512", tail = "0";
-    std::vector<std::string> settings, automations;
+    std::string in, out, plugin, program, bank, preset, midiSettings, midi,
+        tempo = "120", block = "512", tail = "0";
+    std::vector<std::string> settings, links, automations;
     bool isDouble = false;
     bool isJson = false;
     bool isVerbose = false;
@@ -83,6 +84,8 @@ std::string levelText(double peak) {
 }
 
 int report(const Options& options, const RenderReport& done) {
+    for (const std::string& warning : done.warnings)
+        std::fprintf(messages(), "zmt-pedlfilter: warning: %s\n", warning.c_str());
     if (done.framesMissing > 0)
         std::fprintf(messages(), "zmt-pedlfilter: warning: %s: damaged, ends %.2f s early\n",
                      options.in.c_str(),
@@ -111,10 +114,18 @@ int runRender(const Options& options) {
     request.in = options.in;
     request.out = options.out;
     request.settings = options.settings;
+    request.links = options.links;
     request.automations = options.automations;
     request.precision = options.isDouble ? Precision::Double : Precision::Float;
-    if (!options.program.empty())
-        request.program = options.program;
+    const auto give = [](const std::string& text, auto& wanted) {
+        if (!text.empty())
+            wanted = text;
+    };
+    give(options.bank, request.bank);
+    give(options.program, request.program);
+    give(options.preset, request.preset);
+    give(options.midiSettings, request.midiSettings);
+    give(options.midi, request.midi);
 
     const Result<double> tempo = numberWithin("--tempo", options.tempo, kTempoRange);
     const Result<double> tail = numberWithin("--tail", options.tail, kTailRange);
@@ -212,8 +223,8 @@ template <typename Listing> int runListing(const Options& options, const Listing
     return print(listing(*plugin.value(), path.value().string(), form));
 }
 
-/// After --set and --automate, further PARAMETER=VALUE words belong to the same option. Written out
-/// one by one here: a list option would swallow IN and OUT as well.
+/// After --set, --link and --automate, further PARAMETER=VALUE words belong to the same option.
+/// Written out one by one here: a list option would swallow IN and OUT as well.
 std::vector<std::string> spreadLists(int count, char** words) {
     std::vector<std::string> spread;
     std::string list;
@@ -221,7 +232,7 @@ std::vector<std::string> spreadLists(int count, char** words) {
     for (int i = 1; i < count; ++i) {
         const std::string word = words[i];
         const bool isItem = word.find('=') != std::string::npos && !word.starts_with("-");
-        if (word == "--set" || word == "--automate") {
+        if (word == "--set" || word == "--link" || word == "--automate") {
             list = word;
             hasItem = false;
         } else if (!list.empty() && (isItem || !hasItem)) {
@@ -241,6 +252,7 @@ Examples:
   zmt-pedlfilter render riff.wav out.wav --program "Manual HPF 24dB/oct"
   zmt-pedlfilter render riff.wav out.flac --set "Filter Cutoff=1200" "Filter Slope=24 dB" 20=0.4
   zmt-pedlfilter render pad.wav out.wav --automate "Filter Cutoff=sweep.csv" --block 64 --tail 2
+  zmt-pedlfilter render pad.wav out.wav --midi song.mid --link "Filter Cutoff=74" --set LFOsync=hostBPM
   zmt-pedlfilter params --program 5 --json
   zmt-pedlfilter convert bank.zmb bank.json
   zmt-pedlfilter diff old.zmb bank.json)";
@@ -251,9 +263,17 @@ both the full name ("Filter Cutoff") and its unmistakable beginning will do. VAL
 text that the parameter shows ("1200", "24 dB", "off"; the unit may be left out); a number after an
 index is the normalised value, 0 to 1.
 
+--bank, --program, --preset, --midi-settings, --set and --link take effect in this order, wherever they
+stand, then curves and MIDI. Files are for ZMT pedlFilter alone; `zmt-pedlfilter convert` makes them.
+
 A curve is a text file with lines "seconds,value", values 0 to 1, joined by straight lines; lines
 that begin with # and a first line of words are skipped. It is read at the start of every block, so
 a smaller --block follows it more closely.
+
+A MIDI file (format 0 or 1) begins with IN. All its channel messages reach the plug-in, each at its
+frame; the tempo, the time signature and the place in the song follow it. Blocks are cut where it
+has something due, so what MIDI does is independent of --block. Controllers move what they are linked
+to, by --link for one. Where the file has no tempo yet, --tempo is the tempo.
 
 IN is mono or stereo at 44100 to 192000 Hz, in any format that libsndfile reads. OUT is stereo: 32-bit
 float for .wav (and without an ending), .aiff, .caf, .w64 and .rf64, 24 bits for .flac, Vorbis for
@@ -287,15 +307,38 @@ CLI::App* addRender(CLI::App& app, Options& options) {
     command->add_option("OUT", options.out, "Sound file to write; its ending names the format")
         ->required()
         ->type_name("");
+    command
+        ->add_option("--bank", options.bank,
+                     "Bank to load: a bank file, a host chunk or the JSON of one")
+        ->type_name("FILE");
     addProgramOption(*command, options);
+    command
+        ->add_option("--preset", options.preset,
+                     "Program to load into the slot: a program file or the JSON of one")
+        ->type_name("FILE");
+    command
+        ->add_option("--midi-settings", options.midiSettings,
+                     "MIDI links to load: a MIDI-settings file or the JSON of one")
+        ->type_name("FILE");
     command
         ->add_option("--set", options.settings, "Values to set, in this order, after the program")
         ->type_name("PARAMETER=VALUE")
         ->allow_extra_args(false);
+    command
+        ->add_option("--link", options.links,
+                     "MIDI controllers, 0 to 119, that move parameters of ZMT pedlFilter")
+        ->type_name("PARAMETER=CONTROLLER")
+        ->allow_extra_args(false);
     command->add_option("--automate", options.automations, "Curves for parameters to follow")
         ->type_name("PARAMETER=CURVE.csv")
         ->allow_extra_args(false);
-    command->add_option("--tempo", options.tempo, "Song tempo in beats per minute, 1 to 999 (120)")
+    command
+        ->add_option("--midi", options.midi,
+                     "MIDI file whose messages, tempo and time signature the plug-in gets")
+        ->type_name("FILE.mid");
+    command
+        ->add_option("--tempo", options.tempo,
+                     "Song tempo in beats per minute, 1 to 999, until the MIDI file has one (120)")
         ->type_name("BPM");
     command->add_option("--block", options.block, "Frames in a block, 1 to 65536 (512)")
         ->type_name("N");
