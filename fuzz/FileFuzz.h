@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <span>
 #include <vector>
 
@@ -34,7 +33,7 @@ inline Bank copyOf(const ProgramBank& bank) {
 
 /// Byte by byte: a zero has a sign, too.
 inline bool isSame(const ProgramRecord& a, const ProgramRecord& b) {
-    return std::memcmp(&a, &b, sizeof a) == 0;
+    return std::ranges::equal(std::as_bytes(std::span(&a, 1)), std::as_bytes(std::span(&b, 1)));
 }
 
 /// Loads an input as a file of one kind, as found and inverted, into the same effect, and has it

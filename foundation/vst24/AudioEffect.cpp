@@ -118,7 +118,8 @@ VstIntPtr AudioEffect::dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr val
     case effGetChunk:
         return ptr != nullptr ? getChunk(static_cast<void**>(ptr), index != 0) : 0;
     case effSetChunk:
-        return setChunk(ptr, value >= 0 && value <= kMostInt32 ? static_cast<VstInt32>(value) : kNoSize,
+        return setChunk(ptr,
+                        value >= 0 && value <= kMostInt32 ? static_cast<VstInt32>(value) : kNoSize,
                         index != 0);
     default:
         return 0;
