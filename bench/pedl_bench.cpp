@@ -7,6 +7,7 @@
 #include "bench/BenchSettings.h"
 #include "foundation/platform/Clock.h"
 #include "foundation/platform/DiagnosticStream.h"
+#include "foundation/platform/NoSettings.h"
 #include "plugin/ZMTpedlFilterEffect.h"
 #include "tests/reference/EnginePlayer.h"
 #include "tests/reference/PlainPedlFilter.h"
@@ -184,13 +185,14 @@ double heapMegabytes() {
 void reportInstances() {
     NoWaiting clock;
     NoDiagnostics diagnostics;
+    NoSettings settings;
     std::vector<std::unique_ptr<ZMTpedlFilterEffect>> effects;
     std::printf("an instance of the effect, waits left out (aims: 3 ms, 0.7 MB of its own)\n");
     for (const char* name : {"the first in the process", "the second", "the third"}) {
         const double before = heapMegabytes();
         const double taken = nanosecondsOf([&] {
             effects.push_back(std::make_unique<ZMTpedlFilterEffect>(
-                hostThatKnowsNothing, EffectSurroundings{clock, diagnostics}));
+                hostThatKnowsNothing, EffectSurroundings{clock, diagnostics, settings}));
         });
         std::printf("%-28s %8.3f ms  %6.3f MB\n", name, taken / 1e6, heapMegabytes() - before);
     }

@@ -34,6 +34,13 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release")
     target_compile_options(pedl_options INTERFACE -D_FORTIFY_SOURCE=2)
 endif()
 target_link_options(pedl_options INTERFACE -Wl,-z,relro,-z,now -Wl,--gc-sections)
+# A fuzzer steers by what its inputs reach, so all of our code counts edges, and stops at a finding.
+if(PEDL_FUZZ)
+    target_compile_options(pedl_options INTERFACE
+        -g1 -fno-omit-frame-pointer -fsanitize=fuzzer-no-link,address,undefined
+        -fno-sanitize-recover=all)
+    target_link_options(pedl_options INTERFACE -fsanitize=address,undefined)
+endif()
 
 # pedl_library(NAME SOURCES ... LIBS ...): a static library of one folder.
 function(pedl_library name)
@@ -42,10 +49,12 @@ function(pedl_library name)
     target_link_libraries(${name} PUBLIC pedl_options ${ARG_LIBS})
 endfunction()
 
-# pedl_test(NAME SOURCES ... LIBS ...): one GoogleTest program, its cases listed by CTest.
+# pedl_test(NAME SOURCES ... LIBS ...): one GoogleTest program, its cases listed by CTest. They see no
+# settings of the user who runs them.
 function(pedl_test name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE pedl_options ${ARG_LIBS} GTest::gtest_main)
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
+        PROPERTIES ENVIRONMENT "XDG_CONFIG_HOME=/nonexistent/zmt-pedlfilter-tests")
 endfunction()

@@ -22,9 +22,13 @@ std::string quoted(const std::string& word) {
     return "'" + std::regex_replace(word, std::regex("'"), "'\\''") + "'";
 }
 
+/// The plug-in looks for its user's settings here and finds none: pictures and levels are those of
+/// the factory's programs.
+constexpr const char* kNoSettings = "XDG_CONFIG_HOME=/nonexistent ";
+
 /// Runs a program; returns what it wrote to both of its streams.
 std::string run(const std::vector<std::string>& words) {
-    std::string line;
+    std::string line = kNoSettings;
     for (const std::string& word : words)
         line += quoted(word) + " ";
     FILE* pipe = popen((line + "2>&1").c_str(), "r");

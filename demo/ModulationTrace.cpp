@@ -2,10 +2,11 @@
 
 #include "foundation/platform/Clock.h"
 #include "foundation/platform/DiagnosticStream.h"
+#include "foundation/platform/NoSettings.h"
+#include "foundation/text/NameMatch.h"
+#include "foundation/text/ValueFromText.h"
 #include "host/AutomationCurve.h"
 #include "host/HostServices.h"
-#include "host/NameMatch.h"
-#include "host/ValueFromText.h"
 #include "parameters/ParameterCatalogue.h"
 #include "plugin/ZMTpedlFilterEffect.h"
 
@@ -114,6 +115,7 @@ Run play(const DemoSetting& setting, const std::vector<Automation>& automations,
          const StereoSound& input, std::uint32_t calendarSeconds) {
     StandingClock clock(calendarSeconds);
     SilentStream diagnostics;
+    NoSettings settings;
     HostServices services;
     services.sampleRateHz = input.sampleRateHz;
     services.blockFrames = kBlockFrames;
@@ -122,7 +124,7 @@ Run play(const DemoSetting& setting, const std::vector<Automation>& automations,
         services.transport.tempoBpm = *setting.tempoBpm;
     const HostServices::Active active(services);
 
-    ZMTpedlFilterEffect effect(HostServices::callback, {clock, diagnostics});
+    ZMTpedlFilterEffect effect(HostServices::callback, {clock, diagnostics, settings});
     selectProgram(effect, setting.program);
     for (const std::string& text : setting.sets)
         assign(effect, text);

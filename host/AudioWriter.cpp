@@ -1,6 +1,6 @@
 #include "host/AudioWriter.h"
 
-#include "host/NameMatch.h"
+#include "foundation/text/NameMatch.h"
 
 #include <array>
 #include <sndfile.h>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "foundation/text/Result.h"
 #include "host/OutputFile.h"
-#include "host/Result.h"
 
 #include <cstdint>
 #include <filesystem>

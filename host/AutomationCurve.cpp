@@ -1,6 +1,6 @@
 #include "host/AutomationCurve.h"
 
-#include "host/NameMatch.h"
+#include "foundation/text/NameMatch.h"
 
 #include <algorithm>
 #include <cerrno>

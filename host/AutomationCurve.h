@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/Result.h"
+#include "foundation/text/Result.h"
 
 #include <filesystem>
 #include <istream>

@@ -61,6 +61,12 @@ VstIntPtr answerAnyone(VstInt32 opcode, void* ptr) {
 
 } // namespace
 
+double Transport::barStartAt(double quarters) const {
+    const double quartersPerBar = 4.0 * beatsPerBar / beatUnit;
+    return fromBarQuarters +
+           std::floor((quarters - fromBarQuarters) / quartersPerBar) * quartersPerBar;
+}
+
 VstIntPtr VSTCALLBACK HostServices::callback(AEffect* effect, VstInt32 opcode, VstInt32 index,
                                              VstIntPtr value, void* ptr, float opt) {
     // Inside a call of ours the record is not looked at: in the entry it may not be filled yet.
@@ -131,9 +137,9 @@ const VstTimeInfo* HostServices::timeInfo() {
     constexpr double kSmpteSubframes = 80.0;
 
     const double seconds = static_cast<double>(positionFrames_) / sampleRateHz;
-    const double quartersPerBar = 4.0 * transport.beatsPerBar / transport.beatUnit;
+    const double quarters = transport.quartersAt(seconds);
     const double framesPerClock = sampleRateHz * 60.0 / transport.tempoBpm / kClocksPerQuarter;
-    const double clocks = static_cast<double>(positionFrames_) / framesPerClock;
+    const double clocks = quarters * kClocksPerQuarter;
 
     // Everything is filled, whatever the mask names: a plug-in never finds a stale field.
     time_ = {};
@@ -141,9 +147,9 @@ const VstTimeInfo* HostServices::timeInfo() {
     time_.sampleRate = sampleRateHz;
     time_.nanoSeconds = static_cast<double>(
         std::chrono::nanoseconds(std::chrono::steady_clock::now().time_since_epoch()).count());
-    time_.ppqPos = seconds * transport.tempoBpm / 60.0;
+    time_.ppqPos = quarters;
     time_.tempo = transport.tempoBpm;
-    time_.barStartPos = std::floor(time_.ppqPos / quartersPerBar) * quartersPerBar;
+    time_.barStartPos = transport.barStartAt(quarters);
     time_.timeSigNumerator = transport.beatsPerBar;
     time_.timeSigDenominator = transport.beatUnit;
     time_.smpteFrameRate = kVstSmpte25fps;

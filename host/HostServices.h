@@ -11,12 +11,22 @@
 
 namespace pedl {
 
-/// What the song does while a plug-in runs.
+/// What the song does while a plug-in runs, from a place on. Before that place, which tempo and
+/// bars lead up to it cannot be told: the song is reckoned from it.
 struct Transport {
     double tempoBpm = 120.0;
     VstInt32 beatsPerBar = 4;
     VstInt32 beatUnit = 4; // 4: a quarter note
     bool isPlaying = false;
+
+    double fromSeconds = 0.0;     // the place in time
+    double fromQuarters = 0.0;    // the same place in quarter notes
+    double fromBarQuarters = 0.0; // where a bar began, at or before it
+
+    [[nodiscard]] double quartersAt(double seconds) const {
+        return fromQuarters + (seconds - fromSeconds) * tempoBpm / 60.0;
+    }
+    [[nodiscard]] double barStartAt(double quarters) const;
 };
 
 /// One value that the plug-in reported as moved by its user.

@@ -1,7 +1,7 @@
 #include "host/Listings.h"
 
-#include "host/NameMatch.h"
-#include "host/PrintableText.h"
+#include "foundation/text/NameMatch.h"
+#include "foundation/text/PrintableText.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,7 +1,7 @@
 #include "host/Plugin.h"
 
+#include "foundation/text/PrintableText.h"
 #include "foundation/vst24/VendorCalls.h"
-#include "host/PrintableText.h"
 
 #include <array>
 #include <cmath>
@@ -216,7 +216,7 @@ std::vector<std::string> Plugin::programNames() {
     std::vector<std::string> names;
     const VstInt32 declared = effect_->numPrograms;
     // Our own effect names the slots behind its one program too; of others that is not believed.
-    const VstInt32 most = uniqueId() == kVendorCallId ? kMostHiddenSlots : declared;
+    const VstInt32 most = isOurs() ? kMostHiddenSlots : declared;
     for (VstInt32 slot = 0; slot < most; ++slot) {
         TextBuffer buffer{};
         if (call(effGetProgramNameIndexed, slot, -1, buffer.data()) != 0) {
@@ -236,14 +236,33 @@ std::vector<std::string> Plugin::programNames() {
 }
 
 bool Plugin::selectProgram(VstInt32 slot) {
-    if (uniqueId() == kVendorCallId && call(effVendorSpecific, kVendorCallId, kVendorCallSelectSlot,
-                                            nullptr, static_cast<float>(slot)) == 1)
+    if (isOurs() && call(effVendorSpecific, kVendorCallId, kVendorCallSelectSlot, nullptr,
+                         static_cast<float>(slot)) == 1)
         return true;
     if (slot < 0 || slot >= effect_->numPrograms)
         return false;
     call(effBeginSetProgram);
     call(effSetProgram, 0, slot);
     call(effEndSetProgram);
+    return true;
+}
+
+std::vector<std::byte> Plugin::chunk() {
+    if (!keepsChunks())
+        return {};
+    void* data = nullptr;
+    const VstIntPtr bytes = call(effGetChunk, 0, 0, &data);
+    if (data == nullptr || bytes <= 0)
+        return {};
+    const auto* const begin = static_cast<const std::byte*>(data);
+    return {begin, begin + bytes};
+}
+
+bool Plugin::setChunk(std::vector<std::byte> chunk) {
+    if (!keepsChunks())
+        return false;
+    // What is answered differs among plug-ins that took it.
+    call(effSetChunk, 0, static_cast<VstIntPtr>(chunk.size()), chunk.data());
     return true;
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "foundation/text/Result.h"
+#include "foundation/vst24/VendorCalls.h"
 #include "foundation/vst24/VstOpcodes.h"
 #include "host/HostServices.h"
 #include "host/PluginLibrary.h"
-#include "host/Result.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -51,6 +52,8 @@ public:
 
     // Identity
     [[nodiscard]] VstInt32 uniqueId() const { return effect_->uniqueID; }
+    /// Whether it is ZMT pedlFilter itself.
+    [[nodiscard]] bool isOurs() const { return uniqueId() == kVendorCallId; }
     [[nodiscard]] std::string name();
     [[nodiscard]] std::string vendor();
     [[nodiscard]] std::string product();
@@ -83,6 +86,12 @@ public:
     /// @return false where there is no such slot
     [[nodiscard]] bool selectProgram(VstInt32 slot);
 
+    // State
+    /// Everything that a host saves with a song; empty where the plug-in keeps no chunk.
+    [[nodiscard]] std::vector<std::byte> chunk();
+    /// @return false where the plug-in keeps no chunk
+    [[nodiscard]] bool setChunk(std::vector<std::byte> chunk);
+
     // Audio
     /// Takes effect with the next `resume`; the instance is suspended if it runs.
     void setUp(const AudioSetup& setup);
@@ -106,6 +115,7 @@ private:
 
     /// Runs the entry; a reason when what it returned is no usable instance.
     Done start(const std::string& path);
+    [[nodiscard]] bool keepsChunks() const { return (effect_->flags & effFlagsProgramChunks) != 0; }
     std::string text(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0);
     std::string textAtValue(VstInt32 index, float normalised);
 

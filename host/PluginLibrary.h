@@ -1,7 +1,7 @@
 #pragma once
 
+#include "foundation/text/Result.h"
 #include "foundation/vst24/AEffect.h"
-#include "host/Result.h"
 
 #include <filesystem>
 #include <memory>

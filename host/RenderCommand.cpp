@@ -3,6 +3,7 @@
 #include "host/Interrupt.h"
 #include "host/ProgressBar.h"
 #include "host/Selection.h"
+#include "host/StoredFiles.h"
 
 #include <cmath>
 #include <system_error>
@@ -28,6 +29,9 @@ Done checkOutput(const RenderRequest& request) {
     for (const std::string& text : request.automations)
         if (isSameFile(text.substr(text.find('=') + 1), request.out))
             return Problem{out + ": is a curve that the render reads"};
+    for (const auto& file : {request.bank, request.preset, request.midiSettings, request.midi})
+        if (file && isSameFile(*file, request.out))
+            return Problem{out + ": is a file that the render reads"};
     return AudioWriter::checkName(request.out);
 }
 
@@ -42,16 +46,46 @@ Done checkPlugin(const Plugin& plugin, const RenderRequest& request) {
     return done();
 }
 
-Done applySettings(Plugin& plugin, const RenderRequest& request) {
-    if (request.program)
+/// What `option` names, if anything, into the plug-in.
+Done loadStored(Plugin& plugin, StoredPart part, const char* option,
+                const std::optional<std::filesystem::path>& path,
+                std::vector<std::string>& warnings) {
+    if (!path)
+        return done();
+    const Result<std::vector<std::string>> loaded = loadStoredFile(plugin, part, *path);
+    if (!loaded.ok())
+        return Problem{std::string(option) + ": " + loaded.problem().text};
+    warnings.insert(warnings.end(), loaded.value().begin(), loaded.value().end());
+    return done();
+}
+
+/// Bank, program and links, from files and by name.
+Result<std::vector<std::string>> applyFiles(Plugin& plugin, const RenderRequest& request) {
+    std::vector<std::string> warnings;
+    Done loaded = loadStored(plugin, StoredPart::Bank, "--bank", request.bank, warnings);
+    if (loaded.ok() && request.program)
         if (const Done selected = selectProgram(plugin, *request.program); !selected.ok())
-            return Problem{"--program: " + selected.problem().text};
+            loaded = Problem{"--program: " + selected.problem().text};
+    if (loaded.ok())
+        loaded = loadStored(plugin, StoredPart::Program, "--preset", request.preset, warnings);
+    if (loaded.ok())
+        loaded = loadStored(plugin, StoredPart::MidiSettings, "--midi-settings",
+                            request.midiSettings, warnings);
+    if (!loaded.ok())
+        return loaded.problem();
+    return warnings;
+}
+
+Done applySettings(Plugin& plugin, const RenderRequest& request) {
     for (const std::string& text : request.settings) {
         const Result<Setting> setting = findSetting(plugin, text);
         if (!setting.ok())
             return Problem{"--set: " + setting.problem().text};
         plugin.setParameter(setting.value().index, setting.value().normalised);
     }
+    for (const std::string& text : request.links)
+        if (const Done linked = linkController(plugin, text); !linked.ok())
+            return Problem{"--link: " + linked.problem().text};
     return done();
 }
 
@@ -67,6 +101,17 @@ Result<std::vector<Automation>> loadCurves(Plugin& plugin, const RenderRequest& 
         automations.push_back({found.value().index, std::move(curve.value())});
     }
     return automations;
+}
+
+Result<std::optional<MidiPlayback>> loadMidi(const RenderRequest& request, double rateHz) {
+    std::optional<MidiPlayback> playback;
+    if (!request.midi)
+        return playback;
+    const Result<MidiFile> file = MidiFile::load(*request.midi);
+    if (!file.ok())
+        return Problem{"--midi: " + file.problem().text};
+    playback.emplace(file.value(), request.tempoBpm, rateHz);
+    return playback;
 }
 
 } // namespace
@@ -91,11 +136,18 @@ Result<RenderReport> render(const RenderRequest& request) {
     plugin.call(effSetProcessPrecision, 0,
                 request.precision == Precision::Double ? kVstProcessPrecision64
                                                        : kVstProcessPrecision32);
+    Result<std::vector<std::string>> warnings = applyFiles(plugin, request);
+    if (!warnings.ok())
+        return warnings.problem();
     if (const Done applied = applySettings(plugin, request); !applied.ok())
         return applied.problem();
     Result<std::vector<Automation>> curves = loadCurves(plugin, request);
     if (!curves.ok())
         return curves.problem();
+
+    Result<std::optional<MidiPlayback>> midi = loadMidi(request, rateHz);
+    if (!midi.ok())
+        return midi.problem();
 
     const std::int64_t tailFrames = std::llround(request.tailSeconds * rateHz);
     const std::int64_t lengthFrames = reader.value().lengthFrames() + tailFrames;
@@ -107,6 +159,8 @@ Result<RenderReport> render(const RenderRequest& request) {
     ProgressBar progress;
     Renderer renderer(plugin, reader.value(), writer.value(), request.blockFrames);
     renderer.follow(std::move(curves.value()));
+    if (midi.value())
+        renderer.play(std::move(*midi.value()));
     renderer.addTail(tailFrames);
     renderer.onProgress([&progress](double share) { progress.show(share); });
     Result<RenderReport> report = renderer.run(request.precision);
@@ -114,6 +168,7 @@ Result<RenderReport> render(const RenderRequest& request) {
         return report;
     if (const Done committed = writer.value().commit(); !committed.ok())
         return committed.problem();
+    report.value().warnings = std::move(warnings.value());
     return report;
 }
 

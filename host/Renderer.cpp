@@ -8,14 +8,6 @@
 
 namespace pedl {
 
-namespace {
-
-using SteadyClock = std::chrono::steady_clock;
-
-double secondsSince(SteadyClock::time_point start) {
-    return std::chrono::duration<double>(SteadyClock::now() - start).count();
-}
-
 /// The buffers of one block, one channel after the other, and the pointers plug-ins take.
 template <typename Sample> class Channels {
 public:
@@ -24,16 +16,31 @@ public:
         for (int channel = 0; channel < count; ++channel)
             pointers_.push_back(samples_.data() + static_cast<std::ptrdiff_t>(channel) * frames);
         pointers_.push_back(nullptr); // never an empty list, even without channels
+        shifted_ = pointers_;
     }
 
-    Sample* const* pointers() const { return pointers_.data(); }
+    /// To the samples of all channels from `frame` on; good until the next call.
+    Sample* const* from(VstInt32 frame) const {
+        for (int channel = 0; channel < count(); ++channel)
+            shifted_[static_cast<std::size_t>(channel)] = (*this)[channel] + frame;
+        return shifted_.data();
+    }
     Sample* operator[](int channel) const { return pointers_[static_cast<std::size_t>(channel)]; }
     int count() const { return static_cast<int>(pointers_.size()) - 1; }
 
 private:
     std::vector<Sample> samples_;
     std::vector<Sample*> pointers_;
+    mutable std::vector<Sample*> shifted_;
 };
+
+namespace {
+
+using SteadyClock = std::chrono::steady_clock;
+
+double secondsSince(SteadyClock::time_point start) {
+    return std::chrono::duration<double>(SteadyClock::now() - start).count();
+}
 
 /// Spreads interleaved frames over the plug-in's inputs; further inputs keep their silence.
 template <typename Sample>
@@ -102,6 +109,8 @@ template <typename Sample> Result<RenderReport> Renderer::runAs() {
     plugin_.services().processLevel = kVstProcessLevelOffline;
     plugin_.services().jumpTo(0);
     applyCurves(); // before the switch-on, so that nothing glides from another value at the start
+    if (midi_)
+        midi_->playTo(plugin_);
     plugin_.resume();
 
     const SteadyClock::time_point start = SteadyClock::now();
@@ -125,8 +134,7 @@ template <typename Sample> Result<RenderReport> Renderer::runAs() {
 
         fillInputs(fromFile, channels, frames, inputs);
         const SteadyClock::time_point entered = SteadyClock::now();
-        applyCurves();
-        plugin_.process(inputs.pointers(), outputs.pointers(), frames);
+        process(inputs, outputs, frames);
         report.pluginSeconds += secondsSince(entered);
         interleave(outputs, frames, toFile);
 
@@ -144,6 +152,22 @@ template <typename Sample> Result<RenderReport> Renderer::runAs() {
     if (const Done read = reader_.state(); !read.ok())
         return read.problem();
     return report;
+}
+
+/// One block of the file, which MIDI cuts into several for the plug-in.
+template <typename Sample>
+void Renderer::process(const Channels<Sample>& inputs, const Channels<Sample>& outputs,
+                       VstInt32 frames) {
+    applyCurves();
+    for (VstInt32 done = 0; done < frames;) {
+        VstInt32 part = frames - done;
+        if (midi_) {
+            midi_->playTo(plugin_);
+            part = midi_->framesToNext(plugin_.services().positionFrames(), part);
+        }
+        plugin_.process(inputs.from(done), outputs.from(done), part);
+        done += part;
+    }
 }
 
 void Renderer::applyCurves() {

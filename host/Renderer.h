@@ -1,19 +1,23 @@
 #pragma once
 
+#include "foundation/text/Result.h"
 #include "host/AudioReader.h"
 #include "host/AudioWriter.h"
 #include "host/AutomationCurve.h"
+#include "host/MidiPlayback.h"
 #include "host/Plugin.h"
-#include "host/Result.h"
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace pedl {
 
 enum class Precision { Float, Double };
+
+template <typename Sample> class Channels;
 
 /// A curve and the parameter that follows it.
 struct Automation {
@@ -30,7 +34,8 @@ struct RenderReport {
     double peak = 0.0;           // largest finite sample, full scale at 1.0
     std::int64_t samplesCut = 0; // beyond full scale in a format that ends there
     std::int64_t samplesNotFinite = 0;
-    std::int64_t framesMissing = 0; // that the file's head promised
+    std::int64_t framesMissing = 0;    // that the file's head promised
+    std::vector<std::string> warnings; // about files that were repaired in reading
 
     [[nodiscard]] double audioSeconds() const { return static_cast<double>(frames) / sampleRateHz; }
 };
@@ -38,7 +43,8 @@ struct RenderReport {
 /// Runs a whole file through a plug-in, block by block: memory does not grow with the file.
 ///
 /// Every block has the set size, but for the last of the audio and the last of the tail. Curves
-/// are read at the first frame of each block, so a smaller block follows them more closely. A mono
+/// are read at the first frame of each block, so a smaller block follows them more closely. A MIDI
+/// file cuts a block where it has something due: the plug-in gets the parts as blocks. A mono
 /// file goes into both inputs, a stereo file into a plug-in with one input as the mean; further
 /// inputs are silent. The first two outputs are written, the only one to both sides.
 class Renderer {
@@ -47,6 +53,7 @@ public:
     Renderer(Plugin& plugin, AudioReader& reader, AudioWriter& writer, VstInt32 blockFrames);
 
     void follow(std::vector<Automation> automation) { automation_ = std::move(automation); }
+    void play(MidiPlayback midi) { midi_ = std::move(midi); }
     void addTail(std::int64_t frames) { tailFrames_ = frames; }
     /// @param share  of the whole length, 0 to 1; called after each block
     void onProgress(std::function<void(double share)> listener) { listener_ = std::move(listener); }
@@ -58,6 +65,8 @@ public:
 private:
     template <typename Sample> Result<RenderReport> runAs();
     void applyCurves();
+    template <typename Sample>
+    void process(const Channels<Sample>& inputs, const Channels<Sample>& outputs, VstInt32 frames);
 
     Plugin& plugin_;
     AudioReader& reader_;
@@ -66,6 +75,7 @@ private:
     std::int64_t tailFrames_ = 0;
     std::vector<Automation> automation_;
     std::vector<float> applied_; // last value of each curve, -1 before the first
+    std::optional<MidiPlayback> midi_;
     std::function<void(double)> listener_;
 };
 

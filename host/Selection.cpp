@@ -1,12 +1,14 @@
 #include "host/Selection.h"
 
-#include "host/ValueFromText.h"
+#include "foundation/text/ValueFromText.h"
 
 #include <charconv>
 
 namespace pedl {
 
 namespace {
+
+constexpr int kHighestController = 119; // above are channel mode messages
 
 /// How messages call a parameter.
 std::string calledAs(Plugin& plugin, VstInt32 index) {
@@ -71,6 +73,23 @@ Result<Setting> findSetting(Plugin& plugin, std::string_view text) {
     return Setting{assignment.index, value.value()};
 }
 
+Done linkController(Plugin& plugin, std::string_view text) {
+    if (!plugin.isOurs())
+        return Problem{"only ZMTpedlFilter.so can be told its links"};
+    const Result<Assignment> found = findAssignment(plugin, text);
+    if (!found.ok())
+        return found.problem();
+    const std::string& wanted = found.value().value;
+    const std::optional<int> controller = indexFrom(wanted);
+    if (!controller || *controller > kHighestController)
+        return Problem{"\"" + wanted + "\" is not a controller from 0 to " +
+                       std::to_string(kHighestController)};
+    // Links lie behind the parameters, in their order; the last of the 129 positions is "none".
+    plugin.setParameter(plugin.numParameters() + found.value().index,
+                        (static_cast<float>(*controller) + 0.5F) / 129.0F);
+    return done();
+}
+
 Done selectProgram(Plugin& plugin, std::string_view nameOrSlot) {
     const std::vector<std::string> names = plugin.programNames();
     std::vector<NamedItem> items;
@@ -78,20 +97,11 @@ Done selectProgram(Plugin& plugin, std::string_view nameOrSlot) {
     for (const std::string& name : names)
         items.push_back({static_cast<int>(items.size()), {name}});
 
-    int slot = 0;
-    if (const std::optional<int> number = indexFrom(nameOrSlot)) {
-        slot = *number;
-        if (static_cast<std::size_t>(slot) >= names.size())
-            return Problem{"there is no program " + std::to_string(slot) + "; the plug-in has " +
-                           std::to_string(names.size()) + ", counted from 0"};
-    } else {
-        const Result<int> found = findByName(nameOrSlot, items, "program");
-        if (!found.ok())
-            return found.problem();
-        slot = found.value();
-    }
-    if (!plugin.selectProgram(slot))
-        return Problem{"the plug-in does not let program " + std::to_string(slot) +
+    const Result<int> found = findByNameOrNumber(nameOrSlot, items, "program", "the plug-in");
+    if (!found.ok())
+        return found.problem();
+    if (!plugin.selectProgram(found.value()))
+        return Problem{"the plug-in does not let program " + std::to_string(found.value()) +
                        " be selected from outside"};
     return done();
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/NameMatch.h"
+#include "foundation/text/NameMatch.h"
+#include "foundation/text/Result.h"
 #include "host/Plugin.h"
-#include "host/Result.h"
 
 #include <string>
 #include <string_view>
@@ -32,6 +32,9 @@ Result<Assignment> findAssignment(Plugin& plugin, std::string_view text);
 /// What "parameter=value" asks for. A number after an index is the normalised value; everything
 /// else is a text that the parameter shows.
 Result<Setting> findSetting(Plugin& plugin, std::string_view text);
+
+/// Links a parameter of our own plug-in to a MIDI controller, 0 to 119: "parameter=controller".
+Done linkController(Plugin& plugin, std::string_view text);
 
 /// Makes the program with this name or slot number current.
 Done selectProgram(Plugin& plugin, std::string_view nameOrSlot);

@@ -113,4 +113,8 @@ constexpr std::int32_t kMidiChannel = 149;
     return index >= 0 && index < kNumParams;
 }
 
+[[nodiscard]] constexpr bool isMidiLink(std::int32_t index) noexcept {
+    return index >= kFirstMidiLink && index <= kLastMidiLink;
+}
+
 } // namespace pedl

@@ -5,6 +5,7 @@
 #include "parameters/DisplayRequest.h"
 #include "parameters/ParameterCatalogue.h"
 #include "presets/FactoryPrograms.h"
+#include "presets/StreamFormat.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,7 +23,6 @@ constexpr auto kRelaxed = std::memory_order_relaxed;
 constexpr std::string_view kProductName = "ZMT pedlFilter";
 constexpr std::string_view kVendorName = "zmt-sonics.example";
 constexpr VstInt32 kVendorVersion = 1000;
-constexpr VstInt32 kUniqueId = CCONST('Z', 'M', 'p', 'F');
 constexpr VstInt32 kChannels = 2;
 
 /// The relative controls send this instead of a step when they are to go back to unity.
@@ -142,19 +142,20 @@ constexpr std::array<ZMTpedlFilterEffect::ControlRow, kNumParams>
 // Construction and destruction
 
 ZMTpedlFilterEffect::ZMTpedlFilterEffect(audioMasterCallback host, EffectSurroundings surroundings)
-    : CPresetSystemEffect(host, surroundings.clock), diagnostics_(surroundings.diagnostics),
+    : CPresetSystemEffect(host, surroundings.clock, surroundings.diagnostics,
+                          surroundings.settings),
       engine_(surroundings.clock.calendarSeconds()) {
     AudioEffect::setNumInputs(kChannels);
     AudioEffect::setNumOutputs(kChannels);
     AudioEffect::canProcessReplacing(true);
     AudioEffect::canDoubleReplacing(true);
-    AudioEffect::setUniqueID(kUniqueId);
+    AudioEffect::setUniqueID(kPluginId);
     AudioEffect::setInitialDelay(0);
     ZMTpedlFilterEffect::initialiseFactoryPrograms();
     holdStartValues();
     startPresetSystem();
     selectProgram(0); // whatever the start sequence left behind, the first program plays
-    diagnostics_.line("ZMT pedlFilter:start effect");
+    diagnostics().line("ZMT pedlFilter:start effect");
     engine_.reset();
     ZMTpedlFilterEffect::resume();
     engine_.reset();
@@ -163,7 +164,7 @@ ZMTpedlFilterEffect::ZMTpedlFilterEffect(audioMasterCallback host, EffectSurroun
 ZMTpedlFilterEffect::~ZMTpedlFilterEffect() {
     setEditor(nullptr); // the base would delete it, yet a host may still be closing its window
     setView(nullptr);
-    diagnostics_.line("ZMT pedlFilter:stop effect");
+    diagnostics().line("ZMT pedlFilter:stop effect");
 }
 
 void ZMTpedlFilterEffect::initialiseFactoryPrograms() {

@@ -3,6 +3,7 @@
 #include "engine/ModFilterEngine.h"
 #include "foundation/platform/Clock.h"
 #include "foundation/platform/DiagnosticStream.h"
+#include "foundation/platform/SettingsStore.h"
 #include "parameters/ParameterIndex.h"
 #include "plugin/HostTime.h"
 #include "plugin/MixKnob.h"
@@ -20,6 +21,7 @@ namespace pedl {
 struct EffectSurroundings {
     Clock& clock;
     DiagnosticStream& diagnostics;
+    SettingsStore& settings;
 };
 
 /// The effect as hosts see it: identity, parameters, audio.
@@ -136,7 +138,6 @@ private:
     void updateTempoSync() noexcept;
     [[nodiscard]] std::optional<HostTime> askHostTime();
 
-    DiagnosticStream& diagnostics_;
     ModFilterEngine engine_;
     TempoSync tempoSync_;
     MixKnob mixKnob_;

@@ -1,5 +1,6 @@
 // The library's entry: the one place that knows every part.
 
+#include "foundation/platform/FileSettingsStore.h"
 #include "foundation/platform/StandardErrorStream.h"
 #include "foundation/platform/SystemClock.h"
 #include "plugin/ZMTpedlFilterEffect.h"
@@ -11,13 +12,14 @@ namespace {
 struct SystemSurroundings {
     pedl::SystemClock systemClock;
     pedl::StandardErrorStream standardError;
+    pedl::FileSettingsStore userSettings{pedl::userSettingsFolder(), standardError};
 };
 
 /// One instance with all it needs; the host deletes it by closing the effect.
 class PluginInstance final : private SystemSurroundings, public pedl::ZMTpedlFilterEffect {
 public:
     explicit PluginInstance(audioMasterCallback host)
-        : ZMTpedlFilterEffect(host, {systemClock, standardError}) {}
+        : ZMTpedlFilterEffect(host, {systemClock, standardError, userSettings}) {}
 };
 
 } // namespace

@@ -1,12 +1,30 @@
 #pragma once
 
 #include "foundation/platform/Clock.h"
+#include "foundation/platform/DiagnosticStream.h"
+#include "foundation/platform/SettingsStore.h"
 #include "foundation/vst24/AudioEffectX.h"
+#include "presets/LearnState.h"
+#include "presets/MidiLinks.h"
+#include "presets/MidiMap.h"
+#include "presets/PresetFiles.h"
 #include "presets/PresetSystemView.h"
 #include "presets/ProgramBank.h"
+#include "presets/RecentFiles.h"
+#include "presets/RecordReader.h"
+#include "presets/StoredState.h"
+#include "presets/StreamFormat.h"
+#include "presets/StreamReader.h"
+#include "presets/StreamWriter.h"
+#include "presets/UserDefaults.h"
 
+#include <array>
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
 
 namespace pedl {
 
@@ -18,9 +36,11 @@ namespace pedl {
 ///
 /// Thread: `setParameter` and `getParameter` any, real time; everything else the host's main or
 /// user-interface thread.
-class CPresetSystemEffect : public AudioEffectX {
+class CPresetSystemEffect : public AudioEffectX, public StoredState {
 public:
-    CPresetSystemEffect(audioMasterCallback host, Clock& clock);
+    /// The three outlive the effect.
+    CPresetSystemEffect(audioMasterCallback host, Clock& clock, DiagnosticStream& diagnostics,
+                        SettingsStore& settings);
 
     /// Whom to tell of changes; null for nobody. The view must stay alive until it is taken away.
     void setView(PresetSystemView* view) noexcept;
@@ -42,13 +62,67 @@ public:
 
     [[nodiscard]] const ProgramBank& bank() const noexcept { return bank_; }
 
+    // MIDI links. Thread: any, real time
+
+    [[nodiscard]] MidiMap& midiMap() noexcept { return midiMap_; }
+    [[nodiscard]] const MidiMap& midiMap() const noexcept { return midiMap_; }
+
+    /// From here on the parameter that was changed last is linked to the controller that moves
+    /// next, which ends learning.
+    void startLearn() noexcept { learnState_.startLearn(); }
+    void stopLearn() noexcept;
+    void setLearnTarget(std::int32_t parameter) noexcept { learnState_.setTarget(parameter); }
+
+    /// From here on the parameter that is changed next loses its link, which ends forgetting.
+    void startForget() noexcept { learnState_.startForget(); }
+    void stopForget() noexcept;
+
+    /// Whether changes of parameters count for learning and forgetting: an open view has only those
+    /// counted that the user makes in it. They count again after every `resume`.
+    void enableLearnHooks(bool isEnabled) noexcept { learnState_.enableHooks(isEnabled); }
+
+    [[nodiscard]] const LearnState& learnState() const noexcept { return learnState_; }
+
+    // Stored data. Thread: any but audio; the caller of `showLoaded` waits 100 ms
+
+    /// The MIDI links as the host would read them.
+    [[nodiscard]] HeldMidiLinks heldMidiLinks();
+
+    /// Puts stored links in the place of all others.
+    void replaceMidiLinks(const MidiLinks& links);
+
+    /// Tells the view of a bank that was read, and plays its current program.
+    void showLoaded(const LoadedBank& loaded);
+
+    [[nodiscard]] std::vector<std::byte> stored(FileKind kind) override;
+    LoadResult load(FileKind kind, std::span<const std::byte> stored,
+                    OrderDecision decision) override;
+
+    // What the user keeps. Thread: user interface
+
+    [[nodiscard]] PresetFiles& files() noexcept { return files_; }
+    [[nodiscard]] UserDefaults& userDefaults() noexcept { return userDefaults_; }
+    [[nodiscard]] const RecentFiles& recentFiles() const noexcept { return recentFiles_; }
+    bool keepRecentFiles() const { return recentFiles_.write(settings_); }
+
     // What the host calls
-    /// Writes a change into the current slot, unless it comes from there.
+    /// Writes a change into the current slot and lets it count for learning, unless it comes from
+    /// that slot. Takes MIDI links and the channel too.
     void setParameter(VstInt32 index, float normalised) override;
     float getParameter(VstInt32 index) override;
     void setProgramName(char* name) override;
     void getProgramName(char* name) override;
     bool getProgramNameIndexed(VstInt32 category, VstInt32 index, char* text) override;
+    /// The whole state: bank, current slot and MIDI links. 0 where there is no memory for it.
+    ///
+    /// @param isPreset  not looked at: a host that asks for one program gets the whole bank
+    VstInt32 getChunk(void** data, bool isPreset) override;
+    /// @return 0, or -1 and nothing changed for data that are no chunk of ours; a chunk that ends
+    ///         early gives what was whole
+    VstInt32 setChunk(void* data, VstInt32 byteSize, bool isPreset) override;
+    void resume() override;
+    /// Lets linked controllers move their parameters. Thread: audio, real time.
+    VstInt32 processEvents(VstEvents* events) override;
 
     // Hooks
 
@@ -74,7 +148,8 @@ public:
     virtual void automate(std::int32_t index, float normalised);
 
 protected:
-    /// The last step of construction: takes the edit snapshot from the first slot and plays it.
+    /// The last step of construction: takes the edit snapshot from the first slot, loads what the
+    /// user wants new instances to start with, and plays the first slot.
     void startPresetSystem();
 
     [[nodiscard]] ProgramBank& editableBank() noexcept { return bank_; }
@@ -87,12 +162,33 @@ protected:
     void tellSuspended() noexcept;
 
     [[nodiscard]] Clock& clock() const noexcept { return clock_; }
+    [[nodiscard]] DiagnosticStream& diagnostics() const noexcept { return diagnostics_; }
 
 private:
+    using ChunkBuffer = std::array<std::byte, kChunkBytes>;
+
     void applySlot(std::int32_t slot);
+    void layOverMidiLinks(const MidiLinks& links);
+    LoadResult loadProgram(std::span<const std::byte> stored, OrderDecision decision);
+    LoadResult loadBank(std::span<const std::byte> stored, OrderDecision decision);
+    LoadResult loadMidiSettings(std::span<const std::byte> stored, OrderDecision decision);
+    [[nodiscard]] VstInt32 loadChunk(const ChunkView& chunk);
+    [[nodiscard]] VstInt32 loadRawChunk(const ChunkView& chunk);
+    void countForLearning(std::int32_t tag);
+    void takeControlChange(std::uint8_t status, std::int32_t controller, std::int32_t position);
+    void tellMidiChannel() noexcept;
+    void tellMidiActivity() noexcept;
 
     Clock& clock_;
+    DiagnosticStream& diagnostics_;
+    SettingsStore& settings_;
     ProgramBank bank_;
+    std::unique_ptr<ChunkBuffer> chunk_; // handed out to the host; made when it first asks
+    MidiMap midiMap_;
+    LearnState learnState_;
+    RecentFiles recentFiles_;
+    PresetFiles files_{*this, recentFiles_, diagnostics_};
+    UserDefaults userDefaults_{*this, settings_};
     std::atomic<PresetSystemView*> view_{nullptr}; // set by the user interface, read by any thread
     std::atomic<bool> isProgramLoading_{false};    // set by the selecting thread, read by any
 };

@@ -20,8 +20,28 @@ public:
     /// The current program has a new name. Thread: never audio.
     virtual void programNameChanged(std::string_view name) noexcept = 0;
 
+    /// A slot has another name than its entry in the view's program menu. Thread: never audio.
+    virtual void programMenuEntryChanged(std::int32_t slot) noexcept = 0;
+
+    /// A loaded bank makes this slot current: menu and name display show it. Thread: never audio.
+    virtual void programShown(std::int32_t slot) noexcept = 0;
+
     /// The host has stopped the audio; meters may come to rest. Thread: never audio.
     virtual void processingSuspended() noexcept = 0;
+
+    // MIDI. Each of these comes on the audio thread too: real time.
+
+    /// @param normalised  the new channel as `getParameter(kMidiChannel)` now has it
+    virtual void midiChannelChanged(float normalised) noexcept = 0;
+
+    /// A controller of the received channel has moved.
+    virtual void midiActivity() noexcept = 0;
+
+    /// MIDI learn is off: a link was made, or the user called it off.
+    virtual void learnEnded() noexcept = 0;
+
+    /// MIDI forget is off: a link was taken away, or the user called it off.
+    virtual void forgetEnded() noexcept = 0;
 };
 
 } // namespace pedl

@@ -46,13 +46,17 @@ void ProgramBank::setValueInEverySlot(std::int32_t parameter, float normalised) 
 
 ProgramName ProgramBank::name(std::int32_t slot) const noexcept {
     ProgramName name{};
-    for (std::size_t i = 0; i < kProgramNameLength; ++i)
+    for (std::size_t i = 0; i < kProgramNameBytes; ++i)
         name[i] = at(slot).name[i].load(kRelaxed);
-    return name;
+    return terminated(name); // bytes of two names, when another thread was writing
 }
 
 void ProgramBank::setName(std::int32_t slot, std::string_view text) noexcept {
-    const ProgramName name = toProgramName(text);
+    setStoredName(slot, toProgramName(text));
+}
+
+void ProgramBank::setStoredName(std::int32_t slot, const ProgramName& stored) noexcept {
+    const ProgramName name = terminated(stored);
     for (std::size_t i = 0; i < kProgramNameBytes; ++i)
         at(slot).name[i].store(name[i], kRelaxed);
 }
@@ -65,7 +69,7 @@ ProgramRecord ProgramBank::record(std::int32_t slot) const noexcept {
 }
 
 void ProgramBank::setRecord(std::int32_t slot, const ProgramRecord& record) noexcept {
-    setName(slot, nameText(record.name));
+    setStoredName(slot, record.name);
     for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter)
         setValue(slot, parameter, record.normalised[position(parameter)]);
 }

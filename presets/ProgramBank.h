@@ -37,6 +37,9 @@ public:
     [[nodiscard]] ProgramName name(std::int32_t slot) const noexcept;
     void setName(std::int32_t slot, std::string_view text) noexcept;
 
+    /// Takes all 24 bytes as they were stored; a name that does not end is cut at 23 characters.
+    void setStoredName(std::int32_t slot, const ProgramName& name) noexcept;
+
     [[nodiscard]] ProgramRecord record(std::int32_t slot) const noexcept;
     void setRecord(std::int32_t slot, const ProgramRecord& record) noexcept;
 

@@ -16,7 +16,7 @@ using ProgramName = std::array<char, kProgramNameBytes>;
 
 /// One program as memory, host chunks and files hold it, byte for byte.
 struct ProgramRecord {
-    ProgramName name{};                         ///< zero-padded, the last byte always zero
+    ProgramName name{}; ///< ends with a zero; behind that lies what was stored, mostly zeros
     std::array<float, kNumParams> normalised{}; ///< in parameter order, 0..1
 };
 static_assert(sizeof(ProgramRecord) == kProgramRecordBytes && kProgramRecordBytes == 248);
@@ -25,6 +25,13 @@ static_assert(sizeof(ProgramRecord) == kProgramRecordBytes && kProgramRecordByte
 [[nodiscard]] constexpr ProgramName toProgramName(std::string_view text) noexcept {
     ProgramName name{};
     text.substr(0, kProgramNameLength).copy(name.data(), kProgramNameLength);
+    return name;
+}
+
+/// A stored name as it is, but for one that does not end: it is cut at 23 characters.
+[[nodiscard]] constexpr ProgramName terminated(ProgramName name) noexcept {
+    if (std::string_view(name.data(), name.size()).find('\0') == std::string_view::npos)
+        name.back() = '\0';
     return name;
 }
 

@@ -52,6 +52,7 @@ VstIntPtr AudioEffect::dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr val
                                   float opt) {
     auto* const text = static_cast<char*>(ptr);
     constexpr VstIntPtr kMostInt32 = std::numeric_limits<VstInt32>::max();
+    constexpr VstInt32 kNoSize = -1;
 
     switch (opcode) {
     case effOpen:
@@ -117,9 +118,9 @@ VstIntPtr AudioEffect::dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr val
     case effGetChunk:
         return ptr != nullptr ? getChunk(static_cast<void**>(ptr), index != 0) : 0;
     case effSetChunk:
-        if (ptr == nullptr || value < 0 || value > kMostInt32)
-            return 0;
-        return setChunk(ptr, static_cast<VstInt32>(value), index != 0);
+        return setChunk(ptr,
+                        value >= 0 && value <= kMostInt32 ? static_cast<VstInt32>(value) : kNoSize,
+                        index != 0);
     default:
         return 0;
     }

@@ -62,7 +62,8 @@ public:
     virtual void setProgramName(char* /*name*/) {}
     virtual void getProgramName(char* name) { *name = '\0'; }
 
-    // State; memory given out stays valid until the next `getChunk` or the end of the instance
+    // State; memory given out stays valid until the next `getChunk` or the end of the instance.
+    // `setChunk` decides what to answer to data that are null or of a negative size.
     virtual VstInt32 getChunk(void** /*data*/, bool /*isPreset*/ = false) { return 0; }
     virtual VstInt32 setChunk(void* /*data*/, VstInt32 /*byteSize*/, bool /*isPreset*/ = false) {
         return 0;

@@ -10,6 +10,7 @@ constexpr VstInt32 kMaxFrames = 1024;
 constexpr VstInt32 kParameters = 56;
 constexpr VstInt32 kTagEnd = 165;      // a little beyond the last control tag
 constexpr VstInt32 kSyncParameter = 7; // free, own tempo, the host's tempo
+constexpr VstInt32 kMidiChannel = 149;
 constexpr int kSettings = 24;
 
 } // namespace
@@ -44,6 +45,7 @@ void AudioThreadWalk::setEveryParameterAndTag() noexcept {
     // Bypass and the modulation switch would hide most of the path: on in a few rounds only.
     effect_->setParameter(effect_, 0, nextRandom() < 0.2F ? 1.0F : 0.0F);
     effect_->setParameter(effect_, 53, nextRandom() < 0.2F ? 1.0F : 0.0F);
+    effect_->setParameter(effect_, kMidiChannel, 1.0F); // all: controllers move what they drive
 }
 
 void AudioThreadWalk::readEveryParameterAndTag() noexcept {

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <random>
 #include <thread>
+#include <vector>
 
 namespace pedl::test {
 
@@ -82,6 +83,31 @@ TEST(Threads, TwoInstancesPlayWhileAThirdThreadTurnsTheirKnobs) {
     secondAudio.join();
     EXPECT_TRUE(isFinite[0]);
     EXPECT_TRUE(isFinite[1]);
+}
+
+TEST(Threads, StateIsSavedAndRestoredOnAThreadOfItsOwn) {
+    RecordingHost host;
+    const PluginLibrary library(PEDL_PLUGIN_PATH);
+    const RunningEffect effect(library, 48000.0F, kBlockFrames);
+    std::atomic<bool> isPlaying{true};
+    std::thread audio([&] {
+        EXPECT_TRUE(playFinite(effect.get(), 1));
+        isPlaying = false;
+    });
+    std::thread state([&] {
+        while (isPlaying) {
+            void* data = nullptr;
+            const VstIntPtr size = dispatch(effect.get(), effGetChunk, 0, 0, &data);
+            const auto* const bytes = static_cast<const char*>(data);
+            std::vector<char> chunk(bytes, bytes + size); // the host's own, as it must be
+            EXPECT_EQ(dispatch(effect.get(), effSetChunk, 0, size, chunk.data()), 0);
+        }
+    });
+    std::mt19937 random(5);
+    while (isPlaying)
+        turnAndReadEverything(effect.get(), random);
+    audio.join();
+    state.join();
 }
 
 TEST(Threads, InstancesComeAndGoWhileAnotherPlays) {

@@ -44,5 +44,16 @@ TEST(HostServices, TheSongsPlaceFollowsFromTempoAndFrames) {
     EXPECT_EQ(time.flags & kVstTransportChanged, 0);
 }
 
+TEST(HostServices, AChangedTempoAndBarAreReckonedFromTheirPlaceOn) {
+    HostServices host;
+    host.sampleRateHz = 48000.0;
+    // 7 quarters have gone by in 4 s; there a bar of 6/8 begins, in the tempo of 60.
+    host.transport = {60.0, 6, 8, true, 4.0, 7.0, 7.0};
+    host.advance(48000 * 8);
+    EXPECT_DOUBLE_EQ(timeOf(host).ppqPos, 11.0);
+    EXPECT_DOUBLE_EQ(timeOf(host).barStartPos, 10.0);
+    EXPECT_EQ(timeOf(host).timeSigDenominator, 8);
+}
+
 } // namespace
 } // namespace pedl

@@ -38,7 +38,7 @@ class Effect : public testing::Test {
 protected:
     Journal journal;
     std::unique_ptr<ZMTpedlFilterEffect> owned = std::make_unique<ZMTpedlFilterEffect>(
-        &Journal::host, EffectSurroundings{journal.clock, journal.diagnostics});
+        &Journal::host, EffectSurroundings{journal.clock, journal.diagnostics, journal.settings});
     ZMTpedlFilterEffect& effect = *owned;
 
     std::string displayOf(VstInt32 index, std::optional<float> requested = std::nullopt) {

@@ -2,6 +2,7 @@
 
 #include "presets/FactoryPrograms.h"
 #include "tests/presets/Journal.h"
+#include "tests/presets/PlainEffect.h"
 
 #include <cmath>
 #include <cstring>
@@ -12,34 +13,8 @@ namespace pedl {
 namespace {
 
 using test::Journal;
+using test::PlainEffect;
 using Lines = std::vector<std::string>;
-
-/// The smallest effect on top of the preset system: it notes what reaches its parameters.
-class PlainEffect final : public CPresetSystemEffect {
-public:
-    explicit PlainEffect(Journal& journal)
-        : CPresetSystemEffect(&Journal::host, journal.clock), journal_(journal) {
-        initialiseFactoryPrograms();
-    }
-
-    using CPresetSystemEffect::editableBank;
-    using CPresetSystemEffect::startPresetSystem;
-
-    void setParameter(VstInt32 index, float normalised) override {
-        journal_.note("set ", index, " ", normalised);
-        CPresetSystemEffect::setParameter(index, normalised);
-    }
-    void processReplacing(float**, float**, VstInt32) override {}
-    void initialiseFactoryPrograms() override { writeFactoryPrograms(editableBank()); }
-    void getLongParameterName(std::int32_t, char* text) override { *text = '\0'; }
-    std::int32_t learnTarget(std::int32_t tag) override { return tag; }
-    bool isNotLearnable(std::int32_t index) const override { return !isParameter(index); }
-    float effectiveDryWetLevel(std::int32_t) const override { return 0.0F; }
-    void applyDryWetSource(std::int32_t) override {}
-
-private:
-    Journal& journal_;
-};
 
 class PresetSystem : public testing::Test {
 protected:

@@ -6,6 +6,7 @@
 #include "foundation/vst24/VstOpcodes.h"
 #include "foundation/vst24/VstStructures.h"
 #include "presets/PresetSystemView.h"
+#include "tests/support/MemorySettings.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -63,6 +64,8 @@ public:
         Journal& journal;
     } diagnostics{*this};
 
+    MemorySettings settings; ///< the user has stored nothing yet
+
     struct JournalView final : PresetSystemView {
         explicit JournalView(Journal& owner) : journal(owner) {}
         void parameterChanged(std::int32_t index, float normalised) noexcept override {
@@ -71,7 +74,19 @@ public:
         void programNameChanged(std::string_view name) noexcept override {
             journal.note("view name ", name);
         }
+        void programMenuEntryChanged(std::int32_t slot) noexcept override {
+            journal.note("view menu entry ", slot);
+        }
+        void programShown(std::int32_t slot) noexcept override {
+            journal.note("view shows ", slot);
+        }
         void processingSuspended() noexcept override { journal.note("view suspended"); }
+        void midiChannelChanged(float normalised) noexcept override {
+            journal.note("view channel ", normalised);
+        }
+        void midiActivity() noexcept override { journal.note("view activity"); }
+        void learnEnded() noexcept override { journal.note("view learn ended"); }
+        void forgetEnded() noexcept override { journal.note("view forget ended"); }
         Journal& journal;
     } view{*this};
 

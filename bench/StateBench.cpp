@@ -1,0 +1,67 @@
+// What it costs a host to save and to restore the whole state. The wait after a program is selected
+// is left out: it is the caller's time, not work.
+
+#include "foundation/platform/Clock.h"
+#include "foundation/platform/DiagnosticStream.h"
+#include "foundation/platform/NoSettings.h"
+#include "foundation/vst24/VstOpcodes.h"
+#include "plugin/ZMTpedlFilterEffect.h"
+
+#include <benchmark/benchmark.h>
+#include <cstddef>
+#include <vector>
+
+namespace {
+
+struct ClockWithoutWaiting final : pedl::Clock {
+    [[nodiscard]] std::uint32_t tickMs() const override { return 0; }
+    void sleepMs(std::uint32_t) override {}
+    [[nodiscard]] std::uint32_t calendarSeconds() const override { return 1; }
+};
+
+struct SilentStream final : pedl::DiagnosticStream {
+    void line(std::string_view) override {}
+};
+
+VstIntPtr host(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
+    return opcode == audioMasterVersion ? 2400 : 0;
+}
+
+/// One instance, and its fresh chunk in the host's own memory.
+struct Project {
+    Project() {
+        void* data = nullptr;
+        const VstInt32 size = effect.getChunk(&data, false);
+        const auto* const bytes = static_cast<const std::byte*>(data);
+        chunk.assign(bytes, bytes + size);
+    }
+
+    ClockWithoutWaiting clock;
+    SilentStream diagnostics;
+    pedl::NoSettings settings;
+    pedl::ZMTpedlFilterEffect effect{&host, {clock, diagnostics, settings}};
+    std::vector<std::byte> chunk;
+};
+
+void getChunk(benchmark::State& state) {
+    Project project;
+    for ([[maybe_unused]] auto round : state) {
+        void* data = nullptr;
+        benchmark::DoNotOptimize(project.effect.getChunk(&data, false));
+        benchmark::DoNotOptimize(data);
+    }
+}
+
+void setChunk(benchmark::State& state) {
+    Project project;
+    const auto size = static_cast<VstInt32>(project.chunk.size());
+    for ([[maybe_unused]] auto round : state)
+        benchmark::DoNotOptimize(project.effect.setChunk(project.chunk.data(), size, false));
+}
+
+BENCHMARK(getChunk)->Unit(benchmark::kMicrosecond);
+BENCHMARK(setChunk)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,73 @@
+#include "convert/Conversion.h"
+
+#include "convert/DocumentReader.h"
+#include "convert/DocumentWriter.h"
+#include "convert/TextForm.h"
+#include "foundation/text/NameMatch.h"
+#include "presets/PresetFiles.h"
+
+#include <filesystem>
+#include <span>
+#include <string_view>
+#include <utility>
+
+namespace pedl {
+
+namespace {
+
+/// What a name asks for.
+struct Form {
+    bool isText = false;
+    std::optional<DocumentKind> kind; // nothing: that of what was read
+};
+
+std::optional<Form> formOf(const std::string& out) {
+    if (out == kStandardOutput)
+        return Form{true, std::nullopt};
+    const std::string ending = lowerCase(std::filesystem::path(out).extension().string());
+    if (ending == ".json")
+        return Form{true, std::nullopt};
+    if (ending == ".chunk")
+        return Form{false, DocumentKind::Chunk};
+    using Pair = std::pair<FileKind, DocumentKind>;
+    for (const auto& [file, document] :
+         {Pair{FileKind::Program, DocumentKind::Program}, Pair{FileKind::Bank, DocumentKind::Bank},
+          Pair{FileKind::MidiSettings, DocumentKind::MidiSettings}})
+        if (ending == '.' + std::string(fileType(file).extension))
+            return Form{false, document};
+    return std::nullopt;
+}
+
+std::vector<std::byte> bytesOf(std::string_view text) {
+    const auto bytes = std::as_bytes(std::span(text));
+    return {bytes.begin(), bytes.end()};
+}
+
+} // namespace
+
+Result<Conversion> convert(const ConversionRequest& request) {
+    const std::optional<Form> form = formOf(request.out);
+    if (!form)
+        return Problem{request.out + ": the ending names no form; .zmt is a program, .zmb a bank, "
+                                     ".zmm MIDI settings, .chunk a host chunk, .json text"};
+    Result<Document> read = readDocument(request.in);
+    if (!read.ok())
+        return read.problem();
+    Document& document = read.value();
+    DocumentKind kind = form->kind.value_or(document.kind);
+    if (request.program) {
+        if (kind == DocumentKind::MidiSettings)
+            return Problem{"--program: " + request.out + " holds no program"};
+        if (const Done selected = selectProgram(document, *request.program); !selected.ok())
+            return Problem{"--program: " + request.in + ": " + selected.problem().text};
+        if (form->isText)
+            kind = DocumentKind::Program;
+    }
+    const Result<Document> made = converted(document, kind);
+    if (!made.ok())
+        return Problem{request.in + ": " + made.problem().text};
+    return Conversion{form->isText ? bytesOf(textForm(made.value())) : storedForm(made.value()),
+                      kind, form->isText, made.value().warnings};
+}
+
+} // namespace pedl

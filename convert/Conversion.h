@@ -1,0 +1,38 @@
+#pragma once
+
+#include "convert/Document.h"
+#include "foundation/text/Result.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pedl {
+
+/// Stands for standard output in place of a file's name; it takes the text form.
+constexpr const char* kStandardOutput = "-";
+
+struct ConversionRequest {
+    std::string in;
+    std::string out;                    ///< its ending names the kind and the form
+    std::optional<std::string> program; ///< name or slot
+};
+
+/// What is to be written under the name of `out`.
+struct Conversion {
+    std::vector<std::byte> bytes;
+    DocumentKind kind = DocumentKind::Chunk;
+    bool isText = false;
+    std::vector<std::string> warnings; ///< about what was read, a line each
+};
+
+/// Reads one file and makes what the other is to hold; writes nothing.
+///
+/// With a program named, it is the one that a program file or a text form gets, and the current
+/// one of a bank or a host chunk.
+///
+/// @return a line that begins with the path that it is about
+Result<Conversion> convert(const ConversionRequest& request);
+
+} // namespace pedl

@@ -1,0 +1,103 @@
+#include "convert/Document.h"
+
+#include "foundation/text/NameMatch.h"
+#include "foundation/text/PrintableText.h"
+#include "parameters/ListPosition.h"
+#include "presets/FactoryPrograms.h"
+#include "presets/ProgramBank.h"
+
+#include <algorithm>
+
+namespace pedl {
+
+namespace {
+
+constexpr std::int32_t kLinkPositions = kNumControllers + 1; // the last one is none
+
+} // namespace
+
+const ProgramRecord& currentProgram(const Document& document) {
+    return document.programs[static_cast<std::size_t>(document.currentSlot)];
+}
+
+std::string_view kindName(DocumentKind kind) noexcept {
+    constexpr std::array<std::string_view, 4> kNames{"program", "bank", "MIDI settings",
+                                                     "host chunk"};
+    return kNames[static_cast<std::size_t>(kind)];
+}
+
+std::string contentsName(DocumentKind kind) {
+    return (kind == DocumentKind::MidiSettings ? "" : "a ") + std::string(kindName(kind));
+}
+
+float linkValueOf(std::int32_t controller) noexcept {
+    return listValue(controller, kLinkPositions);
+}
+
+std::int32_t DocumentLinks::controllerOf(std::int32_t parameter) const noexcept {
+    const std::optional<float>& value = linkValue[static_cast<std::size_t>(parameter)];
+    const std::int32_t position = value ? listPosition(*value, kLinkPositions) : kNumControllers;
+    return isController(position) ? position : MidiMap::kNone;
+}
+
+Document factoryDocument() {
+    Document document;
+    document.programs.reserve(kNumPrograms);
+    for (std::int32_t slot = 0; slot < kNumPrograms; ++slot)
+        document.programs.push_back(factoryProgram(slot));
+    return document;
+}
+
+Document merged(Document base, const Document& document) {
+    if (hasBank(document.kind)) {
+        base.programs = document.programs;
+        base.currentSlot = document.currentSlot;
+    } else if (document.kind == DocumentKind::Program) {
+        base.programs[static_cast<std::size_t>(base.currentSlot)] = currentProgram(document);
+    }
+    if (hasLinks(document.kind))
+        base.links = document.links;
+    return base;
+}
+
+Result<Document> converted(const Document& document, DocumentKind kind) {
+    if (kind == document.kind)
+        return document;
+    if (document.kind == DocumentKind::MidiSettings && kind != DocumentKind::Chunk)
+        return Problem{"holds MIDI settings: there is no program in it"};
+    if (kind == DocumentKind::MidiSettings && !hasLinks(document.kind))
+        return Problem{"holds " + contentsName(document.kind) + ": there are no MIDI links in it"};
+    Document result = merged(factoryDocument(), document);
+    result.kind = kind;
+    result.warnings = document.warnings;
+    if (kind == DocumentKind::Program) {
+        result.programs = {currentProgram(document)};
+        result.currentSlot = 0;
+    } else if (kind == DocumentKind::MidiSettings) {
+        result.programs.clear();
+        result.currentSlot = 0;
+    }
+    if (!hasLinks(kind) && !document.links.isPristine()) {
+        result.links = {};
+        result.warnings.push_back("the MIDI links and the channel are left out: a " +
+                                  std::string(kindName(kind)) + " has none");
+    }
+    return result;
+}
+
+Done selectProgram(Document& document, std::string_view nameOrSlot) {
+    if (!hasBank(document.kind))
+        return Problem{"holds " + contentsName(document.kind) +
+                       ": only banks and host chunks have several programs"};
+    std::vector<NamedItem> items;
+    items.reserve(document.programs.size());
+    for (const ProgramRecord& program : document.programs)
+        items.push_back({static_cast<int>(items.size()), {printableText(nameText(program.name))}});
+    const Result<int> found = findByNameOrNumber(nameOrSlot, items, "program", "the bank");
+    if (!found.ok())
+        return found.problem();
+    document.currentSlot = found.value();
+    return done();
+}
+
+} // namespace pedl

@@ -1,0 +1,16 @@
+#include "foundation/platform/FileProblem.h"
+
+#include <cstring>
+
+namespace pedl {
+
+std::string FileProblem::text() const {
+    if (number == 0)
+        return call;
+    // Not strerror: its text may belong to another thread's error, or to the host's locale.
+    const char* const description = ::strerrordesc_np(number);
+    return std::string(call) + ": " +
+           (description != nullptr ? description : "error " + std::to_string(number));
+}
+
+} // namespace pedl

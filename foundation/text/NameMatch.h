@@ -1,0 +1,56 @@
+#pragma once
+
+#include "foundation/text/Result.h"
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pedl {
+
+/// Something the user can name: a parameter or a program. Empty names do not count.
+struct NamedItem {
+    int index = 0;
+    std::vector<std::string> names;
+};
+
+/// Finds what the user means by `wanted`. Case and blanks make no difference, except where one item
+/// alone has the name letter for letter: that one is meant.
+///
+/// Tried in this order, and the first that finds anything decides:
+/// 1. a name that is exactly `wanted`;
+/// 2. a name of 7 or more characters with which `wanted` begins: plug-ins cut their names to 8, and
+///    a blank or the terminator can take one more;
+/// 3. a name that begins with `wanted`.
+///
+/// Cut names can be alike ("Filter S" stands for slope and for saturate). Then the item decides
+/// whose other name abbreviates `wanted` at most length: "FltrSlp" keeps to the order of the
+/// letters of "Filter Slope", "FltrSat" does not.
+///
+/// @param kind  what is looked for, in the singular, for the message
+/// @return the item's index, or a line that names the candidates or the nearest names
+Result<int> findByName(std::string_view wanted, std::span<const NamedItem> items,
+                       std::string_view kind);
+
+/// The same, or the index itself where `wanted` is a number.
+///
+/// @param holder  who has the items, for the message about a number that is too large
+Result<int> findByNameOrNumber(std::string_view wanted, std::span<const NamedItem> items,
+                               std::string_view kind, std::string_view holder);
+
+/// Insertions, deletions and replacements that turn one text into the other, case aside.
+[[nodiscard]] std::size_t editDistance(std::string_view from, std::string_view to);
+
+/// The whole text as a number from 0, or nothing: a parameter's index or a program's slot.
+[[nodiscard]] std::optional<int> indexFrom(std::string_view text);
+
+/// `text` in lower-case letters; characters beyond ASCII stay as they are.
+[[nodiscard]] std::string lowerCase(std::string_view text);
+
+/// `text` without blanks and tabs at either end.
+[[nodiscard]] std::string_view trimmed(std::string_view text);
+
+} // namespace pedl

@@ -1,0 +1,21 @@
+#include "host/FileCommands.h"
+
+#include "foundation/platform/FileReplacement.h"
+
+namespace pedl {
+
+std::string textOf(const Conversion& conversion) {
+    return {reinterpret_cast<const char*>(conversion.bytes.data()), conversion.bytes.size()};
+}
+
+Result<std::string> writeConversion(const Conversion& conversion, const std::string& out) {
+    const auto problem = replaceFile(out, conversion.bytes, kForEveryone);
+    if (problem && !problem->isDone)
+        return Problem{out + ": cannot be written: " +
+                       (problem->number != 0 ? systemText(problem->number) : problem->text())};
+    return out + ": " + std::string(kindName(conversion.kind)) +
+           (conversion.isText ? " as text, " : ", ") + std::to_string(conversion.bytes.size()) +
+           " bytes" + (problem ? ", which may not outlive a loss of power" : "") + '\n';
+}
+
+} // namespace pedl

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "convert/Conversion.h"
+#include "convert/Difference.h"
+#include "convert/DocumentReader.h"
+#include "foundation/text/Result.h"
+
+#include <string>
+
+namespace pedl {
+
+/// The bytes of a text form.
+[[nodiscard]] std::string textOf(const Conversion& conversion);
+
+/// Replaces the file at `out` whole, or leaves it as it is.
+///
+/// @return the line that tells what was written
+Result<std::string> writeConversion(const Conversion& conversion, const std::string& out);
+
+} // namespace pedl

@@ -1,0 +1,59 @@
+#include "foundation/text/NameMatch.h"
+#include "foundation/text/PrintableText.h"
+
+#include <gtest/gtest.h>
+
+namespace pedl {
+namespace {
+
+const std::vector<NamedItem> kParameters{
+    {0, {"Gain", "Gain"}},        {1, {"LFOfreq", "LFOfreq"}},  {2, {"LfoFreq", "LFO-Frq"}},
+    {3, {"FltrSlp", "Filter S"}}, {4, {"FltrSat", "Filter S"}}, {5, {"FltrCut", "Filter C"}},
+    {6, {"Attack", "EFattack"}},  {7, {"AtkExtn", "EFattack"}}, {8, {"", ""}},
+    {9, {"Dry", "Dry"}},          {10, {"DryStat", "DryStat"}}};
+
+TEST(NameMatch, FindsWhatAUserWouldType) {
+    using Row = std::pair<const char*, int>;
+    for (const auto& [typed, index] : {
+             Row{"gain", 0},             // case aside
+             Row{"LFOfreq", 1},          // letter for letter, though another differs in case alone
+             Row{"LfoFreq", 2},          //
+             Row{"Filter Cutoff", 5},    // the plug-in's name is cut
+             Row{"filter slope", 3},     // cut names are alike: the short name decides
+             Row{"Filter Saturate", 4},  //
+             Row{"EFattackExtended", 7}, // both short names abbreviate it, the longer one counts
+             Row{"Dry", 9},              // exact before longer ones that begin so
+             Row{"drys", 10},            // an unmistakable beginning
+             Row{" FltrCut ", 5},
+         }) {
+        const Result<int> found = findByName(typed, kParameters, "parameter");
+        ASSERT_TRUE(found.ok()) << typed << ": " << found.problem().text;
+        EXPECT_EQ(found.value(), index) << typed;
+    }
+}
+
+TEST(NameMatch, NamesWhatCouldBeMeantByAnUnclearOrUnknownName) {
+    using Row = std::pair<const char*, const char*>;
+    for (const auto& [typed, problem] : {
+             Row{"Filter", "\"Filter\" can be more than one parameter: 3 (FltrSlp, Filter S), "
+                           "4 (FltrSat, Filter S), 5 (FltrCut, Filter C)"},
+             Row{"Gian", "no parameter is called \"Gian\"; nearest: 0 (Gain)"},
+             Row{"Filtr Cutoff",
+                 "no parameter is called \"Filtr Cutoff\"; nearest: 5 (FltrCut, Filter C), "
+                 "3 (FltrSlp, Filter S), 4 (FltrSat, Filter S)"},
+             Row{"Zzyzx Road", "no parameter is called \"Zzyzx Road\""},
+             Row{"  ", "the name of a parameter is missing"},
+         })
+        EXPECT_EQ(findByName(typed, kParameters, "parameter").problem().text, problem);
+}
+
+TEST(PrintableText, MakesAnyBytesFitForATerminal) {
+    EXPECT_EQ(printableText("1:2 "), "1:2 ") << "blanks at the end belong to the text";
+    EXPECT_EQ(printableText("G\xC3\xA4nge"), "G\xC3\xA4nge");
+    EXPECT_EQ(printableText("G\xE4nge"), "G\xC3\xA4nge") << "Latin-1";
+    EXPECT_EQ(printableText("a\x1B[2Jb\n"), "a [2Jb ");
+    EXPECT_EQ(printableText("\xED\xA0\x80"), "\xC3\xAD\xC2\xA0 ") << "half of a surrogate pair";
+}
+
+} // namespace
+} // namespace pedl
