@@ -5,6 +5,7 @@
 #include "vstgui/lib/platform/common/pixmansurface.h"
 #include "vstgui/lib/platform/linux/brokenpipeguard.h"
 #include "vstgui/lib/platform/linux/x11menu.h"
+#include "vstgui/lib/platform/linux/x11monitors.h"
 
 namespace VSTGUI {
 
@@ -83,11 +84,19 @@ std::unique_ptr<PixmanSurface> X11Frame::makeSurface(CCoord width, CCoord height
     return canvas_.makeSurface(width, height, pixelsPerUnit);
 }
 
-CRect X11Frame::screenAround() const {
-    if (!isUsable())
+CRect X11Frame::monitorAround() const {
+    CPoint corner;
+    CRect own;
+    if (!getGlobalPosition(corner))
         return {};
+    const BrokenPipeGuard guard;
+    getSize(own);
     const double scale = getScaleFactor();
-    return {0, 0, screen().width_in_pixels / scale, screen().height_in_pixels / scale};
+    const CPoint middle = corner + own.getCenter();
+    CRect area =
+        VSTGUI::monitorAround(*connection_, screen(), CPoint(middle.x * scale, middle.y * scale));
+    area(area.left / scale, area.top / scale, area.right / scale, area.bottom / scale);
+    return area.offset(-corner.x, -corner.y);
 }
 
 // What the frame asks for
