@@ -148,6 +148,19 @@ void HostProgram::takeFocus() {
     sync();
 }
 
+void HostProgram::sayEmbedding(void* editorWindow, uint32_t message, uint32_t data) {
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = static_cast<xcb_window_t>(reinterpret_cast<uintptr_t>(editorWindow));
+    event.type = atom("_XEMBED");
+    event.data.data32[1] = message;
+    event.data.data32[3] = data;
+    xcb_send_event(connection_, 0, event.window, XCB_EVENT_MASK_NO_EVENT,
+                   reinterpret_cast<const char*>(&event));
+    sync();
+}
+
 std::string HostProgram::takeKeys() {
     serve();
     return std::exchange(keys_, {});
@@ -260,6 +273,10 @@ void HostProgram::take(const xcb_generic_event_t& event) {
                        static_cast<std::size_t>(xcb_get_property_value_length(property.get())));
         break;
     }
+    case XCB_CLIENT_MESSAGE:
+        if (eventAs<xcb_client_message_event_t>(event).data.data32[1] == 3)
+            keys_ += (keys_.empty() ? "" : ", ") + std::string("focus wanted");
+        break;
     case XCB_SELECTION_REQUEST:
         provide(eventAs<xcb_selection_request_event_t>(event));
         break;

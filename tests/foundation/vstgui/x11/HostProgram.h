@@ -39,7 +39,11 @@ public:
     void withHeld(xcb_keysym_t modifier, xcb_keysym_t symbol);
     void takeFocus();
 
-    /// What the window was told since the last call: "press Space, release Space".
+    /// Says something of the XEmbed protocol to the editor's window.
+    void sayEmbedding(void* editorWindow, uint32_t message, uint32_t data = 0);
+
+    /// What the window was told since the last call: "press Space, release Space,
+    /// focus wanted".
     std::string takeKeys();
     /// A second window over a part of the first.
     xcb_window_t cover(int x, int y, int width, int height);

@@ -178,5 +178,31 @@ TEST(X11Keyboard, AKeyThatTheHostSentIsNotSentBack) {
     EXPECT_EQ(w.host.takeKeys(), "");
 }
 
+TEST(X11Keyboard, AHostThatEmbedsIsAskedForTheFocusAndSaysWhoHasIt) {
+    PEDL_NEEDS_DISPLAY();
+    EditorInHost w;
+    auto* const view = new KeyView;
+    w.editor.theFrame().addView(view);
+    w.host.click(10, 10);
+    w.settle();
+    w.host.takeFocus();
+    w.settle();
+    EXPECT_EQ(w.host.takeKeys(), "") << "most hosts do not speak the protocol";
+    EXPECT_EQ(w.editor.theFrame().getFocusView(), nullptr);
+
+    void* const window = w.editor.window().getPlatformRepresentation();
+    w.host.sayEmbedding(window, 0, w.host.windowId()); // embedded
+    w.settle();
+    w.host.click(10, 10);
+    w.settle();
+    EXPECT_EQ(w.host.takeKeys(), "focus wanted");
+    w.host.sayEmbedding(window, 5); // the focus is elsewhere
+    w.settle();
+    EXPECT_EQ(w.editor.theFrame().getFocusView(), nullptr);
+    w.host.sayEmbedding(window, 4);
+    w.settle();
+    EXPECT_EQ(w.editor.theFrame().getFocusView(), view);
+}
+
 } // namespace
 } // namespace VSTGUI

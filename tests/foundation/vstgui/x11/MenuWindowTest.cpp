@@ -1,6 +1,8 @@
 #include "tests/foundation/vstgui/x11/EditorInHost.h"
 
 #include <cstdlib>
+#include <sys/uio.h>
+#include <xcb/xcbext.h>
 #include <xkbcommon/xkbcommon.h>
 
 #include "vstgui/lib/controls/coptionmenu.h"
@@ -153,6 +155,47 @@ TEST(X11Menu, StaysOnTheScreenAndScrollsWhereThatIsTooSmall) {
     w.settle();
     EXPECT_GT(w.opened()->list()->firstVisibleRow(), 0);
     EXPECT_FALSE(w.opened()->list()->entryArea(kEntries - 1).isEmpty());
+}
+
+/// Makes a monitor of a part of the screen, as a desk with several has them: RandR's request 43.
+void addMonitor(HostProgram& host, const char* name, int16_t x, uint16_t width) {
+    static xcb_extension_t randr = {"RANDR", 0};
+    struct {
+        uint8_t majorOpcode, minorOpcode;
+        uint16_t length;
+        xcb_window_t window;
+        xcb_atom_t name;
+        uint8_t isPrimary, isAutomatic;
+        uint16_t outputs;
+        int16_t x, y;
+        uint16_t width, height;
+        uint32_t widthMm, heightMm;
+    } request{0, 0, 0, 0, host.atom(name), 0, 0, 0, x, 0, width, 800, 100, 100};
+    request.window = xcb_setup_roots_iterator(xcb_get_setup(host.xcb())).data->root;
+    xcb_get_extension_data(host.xcb(), &randr);
+    const xcb_protocol_request_t kind{1, &randr, 43, 1};
+    iovec parts[3];
+    parts[2] = {&request, sizeof(request)};
+    xcb_send_request(host.xcb(), 0, parts + 2, &kind);
+    host.sync();
+}
+
+TEST(X11Menu, StaysOnTheMonitorOfItsEditor) {
+    const auto server = XServer::start();
+    if (!server)
+        GTEST_SKIP() << "Xvfb is not installed";
+    server->use();
+    {
+        MenuInHost w;
+        addMonitor(w.host, "left", 0, 800);
+        addMonitor(w.host, "right", 800, 480);
+        w.open();
+        const auto place = owned(xcb_get_geometry_reply(
+            w.host.xcb(), xcb_get_geometry(w.host.xcb(), w.topWindow()), nullptr));
+        EXPECT_GE(place->x, 0);
+        EXPECT_LE(place->x + place->width, 800);
+    }
+    sharedXServer();
 }
 
 } // namespace

@@ -74,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(, X11Paint,
                                          Kind{"Pieces", {"-extension", "MIT-SHM"}, 24}),
                          [](const auto& kind) { return kind.param.story; });
 
-TEST(X11Idle, WithNothingToDoNothingIsDrawnOrSent) {
+TEST(X11Idle, AnEmptyTurnDrawsAndSendsNothing) {
     PEDL_NEEDS_DISPLAY();
     EditorInHost w;
     auto* const patch = new Patch(CRect(0, 0, 100, 100), CColor(1, 2, 3, 255));

@@ -49,8 +49,8 @@ public:
 
     X11Connection& connection() { return *connection_; }
     const xcb_screen_t& screen() const { return window_->screen(); }
-    /// The screen, logical pixels.
-    CRect screenAround() const;
+    /// The monitor on which the window's middle is, in the frame's space; empty without a window.
+    CRect monitorAround() const;
     /// Whether there still is a window.
     bool isUsable() const { return window_ && !isDestroyed_ && connection_->isAlive(); }
     /// Not owned; takes itself away.

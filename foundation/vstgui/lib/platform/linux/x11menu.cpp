@@ -29,11 +29,7 @@ X11Menu::~X11Menu() {
 }
 
 CRect X11Menu::screenArea() const {
-    CRect area = x11_.screenAround();
-    CPoint corner;
-    if (x11_.getGlobalPosition(corner))
-        area.offset(-corner.x, -corner.y);
-    return area;
+    return x11_.monitorAround();
 }
 
 bool X11Menu::show(const CRect& place) {
