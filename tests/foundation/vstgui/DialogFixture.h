@@ -18,6 +18,7 @@
 #include <string>
 #include <vector>
 
+#include "vstgui/lib/cvstguitimer.h"
 #include "vstgui/lib/platform/linux/childprogram.h"
 #include "vstgui/lib/platform/linux/filedialogs.h"
 #include "vstgui/lib/platform/offscreen/manualclock.h"
@@ -62,7 +63,12 @@ protected:
     ~DialogFixture() override {
         dialog.reset();
         EXPECT_EQ(openFiles(), openFilesBefore_) << "files are left open";
-        EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child is left";
+        EXPECT_TRUE(waitFor([&] {
+            clock.advance(100); // the programs that the system held back
+            CVSTGUITimer::fireDueTimers();
+            siginfo_t child;
+            return waitid(P_ALL, 0, &child, WEXITED | WNOHANG | WNOWAIT) != 0;
+        })) << "a child is left";
         EXPECT_FALSE(contentsOf("/proc/self/maps").find("libsystemd") != std::string::npos);
         for (const auto& [name, value] : environmentBefore_)
             value ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());

@@ -13,7 +13,8 @@
 #include <cerrno>
 #include <cstring>
 #include <string_view>
-#include <utility>
+
+#include "vstgui/lib/cvstguitimer.h"
 
 namespace VSTGUI {
 
@@ -26,10 +27,12 @@ constexpr std::size_t kBytesPerLook = 1 << 16;
 
 /// How long a program may take to go after it was asked to, and after it was told to. Both
 /// together pass unnoticed in the user interface.
-constexpr int kAskedMs = 15;
-constexpr int kToldMs = 15;
+constexpr double kAskedMs = 15;
+constexpr double kToldMs = 20;
 /// The same for all that are left when the library goes.
-constexpr int kLibraryEndMs = 50;
+constexpr double kLibraryEndMs = 50;
+/// How often they are looked at before.
+constexpr int32_t kLeaverMs = 50;
 
 // clang-format off
 /// What a host, or the bundle that it comes in, sets for itself and what breaks a program of the
@@ -124,9 +127,15 @@ Life lifeOf(pid_t process) {
     return info.si_pid == 0 ? Life::Runs : Life::Ended;
 }
 
-Life lifeWithin(pid_t process, int limitMs) {
+double nowMs() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) * 1e-6;
+}
+
+Life lifeWithin(pid_t process, double limitMs) {
     Life life = lifeOf(process);
-    for (int ms = 0; ms < limitMs && life == Life::Runs; ++ms) {
+    for (const double end = nowMs() + limitMs; life == Life::Runs && nowMs() < end;) {
         constexpr timespec kOneMs{0, 1'000'000};
         nanosleep(&kOneMs, nullptr);
         life = lifeOf(process);
@@ -134,28 +143,54 @@ Life lifeWithin(pid_t process, int limitMs) {
     return life;
 }
 
-/// Processes that did not go in time although they were told to: the system holds them back.
-struct Leaver {
-    pid_t process;
-    Leaver* next;
-};
-Leaver* firstLeaver = nullptr;
-
-void reapLeavers(int limitMs) {
-    for (Leaver** link = &firstLeaver; *link;) {
-        Leaver* const leaver = *link;
-        if (lifeWithin(leaver->process, limitMs) == Life::Runs) {
-            link = &leaver->next;
-            continue;
-        }
-        waitpid(leaver->process, nullptr, WNOHANG);
-        *link = leaver->next;
-        delete leaver;
+/// A process that did not go in time although it was told to: the system holds it back. Reaped
+/// from the pump, and where no editor is open any more at the library's end.
+class Leaver : public CBaseObject {
+public:
+    explicit Leaver(pid_t process)
+        : process_(process), timer_(new CVSTGUITimer(this, kLeaverMs)), next_(first) {
+        first = this;
+        timer_->start();
     }
-}
+    ~Leaver() override {
+        Leaver** link = &first;
+        while (*link != this)
+            link = &(*link)->next_;
+        *link = next_;
+        timer_->forget();
+    }
+    CMessageResult notify(CBaseObject* /*timer*/, IdStringPtr /*message*/) override {
+        reapWithin(0);
+        return kMessageNotified;
+    }
+    static void reapAllWithin(double limitMs) {
+        const double end = nowMs() + limitMs;
+        for (Leaver* leaver = first; leaver;) {
+            Leaver* const next = leaver->next_;
+            leaver->reapWithin(end - nowMs());
+            leaver = next;
+        }
+    }
 
-[[gnu::destructor]] void reapLeaversAtLibraryEnd() {
-    reapLeavers(kLibraryEndMs);
+private:
+    void reapWithin(double limitMs) {
+        if (lifeWithin(process_, limitMs) == Life::Runs)
+            return;
+        waitpid(process_, nullptr, WNOHANG);
+        forget();
+    }
+
+    static Leaver* first;
+
+    pid_t process_;
+    CVSTGUITimer* timer_;
+    Leaver* next_;
+};
+
+Leaver* Leaver::first = nullptr;
+
+[[gnu::destructor]] void reapAllAtLibraryEnd() {
+    Leaver::reapAllWithin(kLibraryEndMs);
 }
 
 void endGroup(pid_t process) {
@@ -166,7 +201,7 @@ void endGroup(pid_t process) {
         return;
     kill(-process, SIGKILL); // whom it has started too: they may have stayed
     if (lifeWithin(process, kToldMs) == Life::Runs)
-        firstLeaver = new Leaver{process, firstLeaver};
+        new Leaver(process); // until it has gone
     else
         waitpid(process, nullptr, WNOHANG);
 }
@@ -189,7 +224,6 @@ std::vector<std::string> environmentOfChild() {
 }
 
 std::unique_ptr<ChildProgram> ChildProgram::start(const std::vector<std::string>& arguments) {
-    reapLeavers(0);
     std::array<int, 2> ends{};
     if (!openPipe(ends))
         return nullptr;

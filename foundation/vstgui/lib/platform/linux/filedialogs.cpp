@@ -7,10 +7,13 @@
 #include <cstring>
 #include <string_view>
 
+#include "vstgui/lib/cframe.h"
 #include "vstgui/lib/platform/common/framefilelist.h"
 #include "vstgui/lib/platform/common/textline.h"
 #include "vstgui/lib/platform/linux/portalfiledialog.h"
 #include "vstgui/lib/platform/linux/programfiledialog.h"
+#include "vstgui/lib/platform/linux/x11frame.h"
+#include "vstgui/lib/platform/linux/x11toplevel.h"
 
 namespace VSTGUI {
 
@@ -24,6 +27,15 @@ bool exists(const std::string& path) {
     return lstat(path.c_str(), &status) == 0;
 }
 
+/// The host's window: what lies inside it the window manager does not know.
+uintptr_t windowAround(const FileDialogRequest& request) {
+    IPlatformFrame* const platformFrame =
+        request.frame ? request.frame->getPlatformFrame() : nullptr;
+    if (auto* const frame = dynamic_cast<X11Frame*>(platformFrame))
+        return topLevelAround(frame->connection(), static_cast<xcb_window_t>(request.window));
+    return request.window;
+}
+
 /// What the dialogs of the system have in common: a request in order, and a last look at the name
 /// to save under.
 class SystemFileDialog : public FileDialogBackend {
@@ -34,6 +46,7 @@ public:
         if (request.window == 0)
             return false;
         request_ = request;
+        request_.window = windowAround(request);
         request_.title = oneLine(request.title);
         request_.directory = startDirectory(request.directory);
         if (!request_.saveName.empty())
