@@ -1,0 +1,238 @@
+#include "host/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <utility>
+
+namespace pedl {
+
+namespace {
+
+/// After --set, --link and --automate, further PARAMETER=VALUE words belong to the same option.
+/// Written out one by one here: a list option would swallow IN and OUT as well.
+std::vector<std::string> spreadLists(int count, char** words) {
+    std::vector<std::string> spread;
+    std::string list;
+    bool hasItem = false;
+    for (int i = 1; i < count; ++i) {
+        const std::string word = words[i];
+        const bool isItem = word.find('=') != std::string::npos && !word.starts_with("-");
+        if (word == "--set" || word == "--link" || word == "--automate") {
+            list = word;
+            hasItem = false;
+        } else if (!list.empty() && (isItem || !hasItem)) {
+            if (hasItem)
+                spread.push_back(list);
+            hasItem = true;
+        } else {
+            list.clear();
+        }
+        spread.push_back(word);
+    }
+    return spread;
+}
+
+constexpr const char* kExamples = R"(
+Examples:
+  zmt-pedlfilter render riff.wav out.wav --program "Manual HPF 24dB/oct"
+  zmt-pedlfilter render riff.wav out.flac --set "Filter Cutoff=1200" "Filter Slope=24 dB" 20=0.4
+  zmt-pedlfilter render pad.wav out.wav --automate "Filter Cutoff=sweep.csv" --block 64 --tail 2
+  zmt-pedlfilter render pad.wav out.wav --midi song.mid --link "Filter Cutoff=74" --set LFOsync=hostBPM
+  zmt-pedlfilter params --program 5 --json
+  zmt-pedlfilter convert bank.zmb bank.json
+  zmt-pedlfilter diff old.zmb bank.json)";
+
+constexpr const char* kRenderNotes = R"(
+PARAMETER is an index from `zmt-pedlfilter params`, or a name: upper and lower case are alike, and
+both the full name ("Filter Cutoff") and its unmistakable beginning will do. VALUE after a name is a
+text that the parameter shows ("1200", "24 dB", "off"; the unit may be left out); a number after an
+index is the normalised value, 0 to 1.
+
+--bank, --program, --preset, --midi-settings, --set and --link take effect in this order, wherever they
+stand, then curves and MIDI. Files are for ZMT pedlFilter alone; `zmt-pedlfilter convert` makes them.
+
+A curve is a text file with lines "seconds,value", values 0 to 1, joined by straight lines; lines
+that begin with # and a first line of words are skipped. It is read at the start of every block, so
+a smaller --block follows it more closely.
+
+A MIDI file (format 0 or 1) begins with IN. All its channel messages reach the plug-in, each at its
+frame; the tempo, the time signature and the place in the song follow it. Blocks are cut where it
+has something due, so what MIDI does is independent of --block. Controllers move what they are linked
+to, by --link for one. Where the file has no tempo yet, --tempo is the tempo.
+
+IN is mono or stereo at 44100 to 192000 Hz, in any format that libsndfile reads. OUT is stereo: 32-bit
+float for .wav (and without an ending), .aiff, .caf, .w64 and .rf64, 24 bits for .flac, Vorbis for
+.ogg. OUT appears whole or not at all; an existing file is replaced only by a finished render.)";
+
+void addPluginOption(CLI::App& command, CommandLine& line) {
+    command
+        .add_option("--plugin", line.plugin, "VST 2.4 library to load instead of ZMTpedlFilter.so")
+        ->type_name("PATH");
+    command.add_flag("--verbose", line.isVerbose,
+                     "Let through what the plug-in writes to standard error");
+}
+
+CLI::App* addListing(CLI::App& app, const char* name, const char* description, CommandLine& line) {
+    CLI::App* const command = app.add_subcommand(name, description);
+    addPluginOption(*command, line);
+    command->add_flag("--json", line.isJson, "Write JSON instead of columns");
+    return command;
+}
+
+void addProgramOption(CLI::App& command, CommandLine& line) {
+    command
+        .add_option("--program", line.program, "Program to select first, by name or slot from 0")
+        ->type_name("NAME|SLOT");
+}
+
+CLI::App* addRender(CLI::App& app, CommandLine& line) {
+    CLI::App* const command = app.add_subcommand("render", "Process a sound file into another");
+    command->add_option("IN", line.in, "Sound file to read")->required()->type_name("");
+    command->add_option("OUT", line.out, "Sound file to write; its ending names the format")
+        ->required()
+        ->type_name("");
+    command
+        ->add_option("--bank", line.bank,
+                     "Bank to load: a bank file, a host chunk or the JSON of one")
+        ->type_name("FILE");
+    addProgramOption(*command, line);
+    command
+        ->add_option("--preset", line.preset,
+                     "Program to load into the slot: a program file or the JSON of one")
+        ->type_name("FILE");
+    command
+        ->add_option("--midi-settings", line.midiSettings,
+                     "MIDI links to load: a MIDI-settings file or the JSON of one")
+        ->type_name("FILE");
+    command->add_option("--set", line.settings, "Values to set, in this order, after the program")
+        ->type_name("PARAMETER=VALUE")
+        ->allow_extra_args(false);
+    command
+        ->add_option("--link", line.links,
+                     "MIDI controllers, 0 to 119, that move parameters of ZMT pedlFilter")
+        ->type_name("PARAMETER=CONTROLLER")
+        ->allow_extra_args(false);
+    command->add_option("--automate", line.automations, "Curves for parameters to follow")
+        ->type_name("PARAMETER=CURVE.csv")
+        ->allow_extra_args(false);
+    command
+        ->add_option("--midi", line.midi,
+                     "MIDI file whose messages, tempo and time signature the plug-in gets")
+        ->type_name("FILE.mid");
+    command
+        ->add_option("--tempo", line.tempo,
+                     "Song tempo in beats per minute, 1 to 999, until the MIDI file has one (120)")
+        ->type_name("BPM");
+    command->add_option("--block", line.block, "Frames in a block, 1 to 65536 (512)")
+        ->type_name("N");
+    command->add_option("--tail", line.tail, "Silence to process after the end, up to 3600 s (0)")
+        ->type_name("SECONDS");
+    command->add_flag("--double", line.isDouble, "Process 64-bit instead of 32-bit samples");
+    addPluginOption(*command, line);
+    command->footer(kRenderNotes);
+    return command;
+}
+
+constexpr const char* kConvertNotes = R"(
+What IN is shows in its contents, whatever it is called: a program, bank or MIDI-settings file, old
+ones and those of big-endian machines too, a host chunk, or the text form of one of them. The ending
+of OUT says what it becomes:
+
+  .zmt    program        the current one, or that of --program
+  .zmb    bank           a program goes into slot 0, the other slots hold the factory programs
+  .zmm    MIDI settings  the links and the channel of a host chunk; banks and programs have none
+  .chunk  host chunk     what IN lacks is as in a fresh instance: programs, links or both
+  .json   text form      of IN as it is, or of the one program of --program; "-" writes it to
+                         standard output
+
+MIDI settings hold no programs, so they become .zmm, .chunk or .json only. A bank file that is made
+of a host chunk leaves its MIDI links out, with a warning. With a bank or a host chunk as OUT,
+--program makes that program the current one.
+
+In the text form a parameter is {"value": 0 to 1, "text": what the plug-in shows}. The value counts:
+a text that is not the value's is warned about. Without a value the text is looked up as --set does
+it. What is missing is the factory's. OUT is replaced whole or not at all and may be IN itself, which
+puts its texts right.)";
+
+constexpr const char* kDiffNotes = R"(
+A and B are anything that convert reads. A program is compared with the current one of a bank. Each
+line names slot, program and parameter, with both texts; values with the same text are given as
+numbers.
+
+Exit status: 0 when there is no difference, 1 when there is, 2 when a file cannot be read, nothing
+can be compared or the command line is wrong.)";
+
+CLI::App* addConvert(CLI::App& app, CommandLine& line) {
+    CLI::App* const command = app.add_subcommand(
+        "convert", "Turn stored programs, banks, MIDI settings and host chunks into one another, "
+                   "or into text and back");
+    command->add_option("IN", line.in, "File to read")->required()->type_name("");
+    command->add_option("OUT", line.out, "File to write; its ending names the form")
+        ->required()
+        ->type_name("");
+    command->add_option("--program", line.program, "Program to take, by name or slot from 0")
+        ->type_name("NAME|SLOT");
+    command->footer(kConvertNotes);
+    return command;
+}
+
+CLI::App* addDiff(CLI::App& app, CommandLine& line) {
+    CLI::App* const command =
+        app.add_subcommand("diff", "Show what differs between two stored files");
+    command->add_option("A", line.in, "File to begin with")->required()->type_name("");
+    command->add_option("B", line.out, "File to compare it with")->required()->type_name("");
+    command->footer(kDiffNotes);
+    return command;
+}
+
+/// One of them, to be asked whether it was named.
+struct SubCommand {
+    const CLI::App* command;
+    Action action;
+};
+
+std::vector<SubCommand> addSubCommands(CLI::App& app, CommandLine& line) {
+    std::vector<SubCommand> all; // in the order of the help
+    all.push_back({addRender(app, line), Action::Render});
+    all.push_back({addListing(app, "programs", "List the programs by slot and name", line),
+                   Action::Programs});
+    CLI::App* const parameters =
+        addListing(app, "params", "List the parameters with their names, values and texts", line);
+    addProgramOption(*parameters, line);
+    all.push_back({parameters, Action::Parameters});
+    all.push_back({addListing(app, "info", "Show everything that the plug-in declares", line),
+                   Action::Information});
+    all.push_back({addConvert(app, line), Action::Convert});
+    all.push_back({addDiff(app, line), Action::Diff});
+    return all;
+}
+
+} // namespace
+
+std::variant<CommandLine, int> readCommandLine(int count, char** words) {
+    CommandLine line;
+    CLI::App app("Plays sound files through ZMT pedlFilter, or another VST 2.4 effect, shows what "
+                 "the plug-in offers, converts and compares its files.",
+                 "zmt-pedlfilter");
+    app.set_version_flag("--version", "zmt-pedlfilter " PEDL_VERSION);
+    app.require_subcommand(1);
+    app.footer(kExamples);
+    app.failure_message([](const CLI::App*, const CLI::Error& error) {
+        return std::string("zmt-pedlfilter: ") + error.what() + " (--help tells more)\n";
+    });
+    const std::vector<SubCommand> subCommands = addSubCommands(app, line);
+    try {
+        std::vector<std::string> arguments = spreadLists(count, words);
+        std::reverse(arguments.begin(), arguments.end()); // the parser takes them from the back
+        app.parse(std::move(arguments));
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : kWrongUse;
+    }
+    for (const SubCommand& named : subCommands)
+        if (named.command->parsed())
+            line.action = named.action;
+    return line;
+}
+
+} // namespace pedl

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace pedl {
+
+/// The sub-commands of zmt-pedlfilter.
+enum class Action { Render, Programs, Parameters, Information, Convert, Diff };
+
+/// The status of a program that was used wrongly.
+constexpr int kWrongUse = 2;
+
+/// What stands on the command line, as text; nothing of it is looked at yet.
+struct CommandLine {
+    Action action = Action::Render;
+    std::string in, out, plugin, program, bank, preset, midiSettings, midi,
+        tempo = "120", block = "512", tail = "0";
+    std::vector<std::string> settings, links, automations;
+    bool isDouble = false;
+    bool isJson = false;
+    bool isVerbose = false;
+};
+
+/// Reads the command line; says what is wrong with it, or the help that was asked for.
+///
+/// @return what is to be done, or the exit status where nothing is
+std::variant<CommandLine, int> readCommandLine(int count, char** words);
+
+} // namespace pedl
