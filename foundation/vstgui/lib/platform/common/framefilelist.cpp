@@ -55,18 +55,6 @@ bool exists(const std::string& path) {
     return lstat(path.c_str(), &status) == 0;
 }
 
-/// Absolute, without a slash at its end; the user's own directory when there is no such one.
-std::string startDirectory(const std::string& wanted) {
-    if (char* resolved = wanted.empty() ? nullptr : realpath(wanted.c_str(), nullptr)) {
-        std::string path = resolved;
-        free(resolved);
-        if (isDirectory(path))
-            return path;
-    }
-    const char* home = getenv("HOME");
-    return home && home[0] == '/' && isDirectory(home) ? home : "/";
-}
-
 /// A file's name may hold anything: what it shows is one line.
 std::string shown(const std::string& name) {
     TextLine line(name.size());
@@ -571,6 +559,17 @@ FrameFileList::~FrameFileList() {
 }
 
 } // namespace
+
+std::string startDirectory(const std::string& wanted) {
+    if (char* resolved = wanted.empty() ? nullptr : realpath(wanted.c_str(), nullptr)) {
+        const std::string path = resolved;
+        free(resolved);
+        if (isDirectory(path))
+            return path;
+    }
+    const char* home = getenv("HOME");
+    return home && home[0] == '/' && isDirectory(home) ? home : "/";
+}
 
 std::vector<FileListEntry> readFileList(const FileDialogRequest& request, const std::string& path) {
     DIR* directory = opendir(path.c_str());

@@ -15,6 +15,10 @@ namespace VSTGUI {
 /// second press.
 std::unique_ptr<FileDialogBackend> createFrameFileList();
 
+/// Where a dialog begins: `wanted`, absolute and without a slash at its end; the user's own
+/// directory when there is no such one.
+std::string startDirectory(const std::string& wanted);
+
 /// A line of a directory's listing.
 struct FileListEntry {
     std::string name;
