@@ -7,9 +7,10 @@ namespace VSTGUI {
 
 /// While it lives, writing to a server that is gone does not end the host.
 ///
-/// The connection's library writes without asking to be spared SIGPIPE, whose default is the end of
-/// the process. This holds the signal back for the calling thread alone and takes away the one that
-/// came meanwhile; what the host set for the process stays as it is. Nests.
+/// The connection's library looks whether the server is there before it writes, but a server that
+/// goes just then brings SIGPIPE, whose default is the end of the process. This holds it back for
+/// the calling thread alone and takes away the one that came meanwhile; what the host set for the
+/// process stays as it is. Nests.
 class BrokenPipeGuard {
 public:
     BrokenPipeGuard() {
