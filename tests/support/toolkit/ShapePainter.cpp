@@ -12,6 +12,11 @@ Ink mixed(Ink a, Ink b, double share) {
             std::lerp(a.blue, b.blue, share), std::lerp(a.alpha, b.alpha, share)};
 }
 
+/// Not `hypot`, which asks for a newer C library than a plug-in may need.
+double length(double x, double y) {
+    return std::sqrt(x * x + y * y);
+}
+
 } // namespace
 
 ShapePainter::ShapePainter(int width, int height, int scale)
@@ -21,7 +26,7 @@ ShapePainter::ShapePainter(int width, int height, int scale)
 void ShapePainter::disc(double x, double y, double radius, Ink ink) {
     fill(
         x - radius, y - radius, x + radius, y + radius,
-        [=](double px, double py) { return std::hypot(px - x, py - y) - radius; },
+        [=](double px, double py) { return length(px - x, py - y) - radius; },
         [=](double) { return ink; });
 }
 
@@ -30,7 +35,7 @@ void ShapePainter::ring(double x, double y, double radius, double lineWidth, Ink
     fill(
         x - reach, y - reach, x + reach, y + reach,
         [=](double px, double py) {
-            return std::abs(std::hypot(px - x, py - y) - radius) - lineWidth / 2;
+            return std::abs(length(px - x, py - y) - radius) - lineWidth / 2;
         },
         [=](double) { return ink; });
 }
@@ -45,7 +50,7 @@ void ShapePainter::line(double fromX, double fromY, double toX, double toY, doub
         [=](double px, double py) {
             const double along =
                 std::clamp(((px - fromX) * dx + (py - fromY) * dy) / lengthSquared, 0.0, 1.0);
-            return std::hypot(px - fromX - along * dx, py - fromY - along * dy) - lineWidth / 2;
+            return length(px - fromX - along * dx, py - fromY - along * dy) - lineWidth / 2;
         },
         [=](double) { return ink; });
 }
@@ -60,8 +65,8 @@ void ShapePainter::box(double left, double top, double right, double bottom, dou
         [=](double px, double py) {
             const double dx = std::abs(px - middleX) - halfWidth;
             const double dy = std::abs(py - middleY) - halfHeight;
-            return std::hypot(std::max(dx, 0.0), std::max(dy, 0.0)) +
-                   std::min(std::max(dx, dy), 0.0) - cornerRadius;
+            return length(std::max(dx, 0.0), std::max(dy, 0.0)) + std::min(std::max(dx, dy), 0.0) -
+                   cornerRadius;
         },
         [=](double py) {
             return mixed(upper, lower, std::clamp((py - top) / (bottom - top), 0.0, 1.0));
