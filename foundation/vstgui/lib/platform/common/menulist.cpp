@@ -151,7 +151,8 @@ void MenuList::mouseMoved(const CPoint& where, Button button) {
     hasSeenMouse_ = true;
     lastMouse_ = where;
     const CPoint moved = where - firstMouse_;
-    hasMoved_ |= std::hypot(moved.x, moved.y) > kClickPixels;
+    // Not `hypot`, which asks for a newer C library.
+    hasMoved_ |= moved.x * moved.x + moved.y * moved.y > kClickPixels * kClickPixels;
     if (!hasMoved_)
         return; // it lies where it opened the menu: that is no choice yet
     if (button == Button::Held)
