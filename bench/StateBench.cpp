@@ -9,6 +9,10 @@
 
 #include <benchmark/benchmark.h>
 #include <cstddef>
+#include <filesystem>
+#include <malloc.h>
+#include <memory>
+#include <string>
 #include <vector>
 
 namespace {
@@ -59,8 +63,35 @@ void setChunk(benchmark::State& state) {
         benchmark::DoNotOptimize(project.effect.setChunk(project.chunk.data(), size, false));
 }
 
+/// From the path to the selected program. The file is in the system's cache, as one that was just
+/// picked in a dialog is.
+void loadBankFile(benchmark::State& state) {
+    Project project;
+    const std::string path = std::filesystem::temp_directory_path() / "pedl-state-bench.zmb";
+    if (project.effect.files().save(pedl::FileKind::Bank, path))
+        state.SkipWithError("no bank file to load");
+    for ([[maybe_unused]] auto round : state)
+        benchmark::DoNotOptimize(project.effect.files().load(pedl::FileKind::Bank, path));
+    std::filesystem::remove(path);
+}
+
+/// What the heap holds more with each further instance, its chunk included: a host saves sooner or
+/// later.
+void heldByAnInstance(benchmark::State& state) {
+    const Project first; // brings the tables that all share
+    std::size_t held = 0;
+    for ([[maybe_unused]] auto round : state) {
+        const std::size_t before = mallinfo2().uordblks + mallinfo2().hblkhd;
+        const auto next = std::make_unique<Project>();
+        held = mallinfo2().uordblks + mallinfo2().hblkhd - before - next->chunk.capacity();
+    }
+    state.counters["bytes"] = static_cast<double>(held);
+}
+
 BENCHMARK(getChunk)->Unit(benchmark::kMicrosecond);
 BENCHMARK(setChunk)->Unit(benchmark::kMicrosecond);
+BENCHMARK(loadBankFile)->Unit(benchmark::kMicrosecond);
+BENCHMARK(heldByAnInstance)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 
