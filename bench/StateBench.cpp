@@ -1,9 +1,9 @@
 // What it costs a host to save and to restore the whole state. The wait after a program is selected
 // is left out: it is the caller's time, not work.
 
-#include "foundation/platform/Clock.h"
-#include "foundation/platform/DiagnosticStream.h"
+#include "foundation/platform/NoDiagnostics.h"
 #include "foundation/platform/NoSettings.h"
+#include "foundation/platform/StandingClock.h"
 #include "foundation/vst24/VstOpcodes.h"
 #include "plugin/ZMTpedlFilterEffect.h"
 
@@ -16,16 +16,6 @@
 #include <vector>
 
 namespace {
-
-struct ClockWithoutWaiting final : pedl::Clock {
-    [[nodiscard]] std::uint32_t tickMs() const override { return 0; }
-    void sleepMs(std::uint32_t) override {}
-    [[nodiscard]] std::uint32_t calendarSeconds() const override { return 1; }
-};
-
-struct SilentStream final : pedl::DiagnosticStream {
-    void line(std::string_view) override {}
-};
 
 VstIntPtr host(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
     return opcode == audioMasterVersion ? 2400 : 0;
@@ -40,8 +30,8 @@ struct Project {
         chunk.assign(bytes, bytes + size);
     }
 
-    ClockWithoutWaiting clock;
-    SilentStream diagnostics;
+    pedl::StandingClock clock;
+    pedl::NoDiagnostics diagnostics;
     pedl::NoSettings settings;
     pedl::ZMTpedlFilterEffect effect{&host, {clock, diagnostics, settings}};
     std::vector<std::byte> chunk;

@@ -5,9 +5,9 @@
 // count instructions.
 
 #include "bench/BenchSettings.h"
-#include "foundation/platform/Clock.h"
-#include "foundation/platform/DiagnosticStream.h"
+#include "foundation/platform/NoDiagnostics.h"
 #include "foundation/platform/NoSettings.h"
+#include "foundation/platform/StandingClock.h"
 #include "plugin/ZMTpedlFilterEffect.h"
 #include "tests/reference/EnginePlayer.h"
 #include "tests/reference/PlainPedlFilter.h"
@@ -159,18 +159,6 @@ void reportStretches() {
     }
 }
 
-class NoWaiting final : public Clock {
-public:
-    [[nodiscard]] std::uint32_t tickMs() const override { return 0; }
-    void sleepMs(std::uint32_t) override {}
-    [[nodiscard]] std::uint32_t calendarSeconds() const override { return 1; }
-};
-
-class NoDiagnostics final : public DiagnosticStream {
-public:
-    void line(std::string_view) override {}
-};
-
 VstIntPtr hostThatKnowsNothing(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
     return opcode == audioMasterVersion ? 2400 : 0;
 }
@@ -183,7 +171,7 @@ double heapMegabytes() {
 /// The whole effect, its stated waits left out. To be called first: the tables that all instances
 /// share are built with the first one.
 void reportInstances() {
-    NoWaiting clock;
+    StandingClock clock;
     NoDiagnostics diagnostics;
     NoSettings settings;
     std::vector<std::unique_ptr<ZMTpedlFilterEffect>> effects;

@@ -1,7 +1,7 @@
 #include "convert/DocumentWriter.h"
 
 #include "convert/DocumentReader.h"
-#include "foundation/platform/DiagnosticStream.h"
+#include "foundation/platform/NoDiagnostics.h"
 #include "parameters/ListPosition.h"
 #include "presets/MidiNames.h"
 #include "presets/ProgramBank.h"
@@ -13,11 +13,6 @@
 namespace pedl {
 
 namespace {
-
-/// Values of a document are in range, so that the writers have nothing to report.
-struct NoDiagnostics final : DiagnosticStream {
-    void line(std::string_view) override {}
-};
 
 /// @param none  the value of a parameter without a link
 HeldMidiLinks heldLinks(const DocumentLinks& links, float none) {
@@ -38,7 +33,7 @@ void fill(ProgramBank& bank, const Document& document) {
 } // namespace
 
 std::vector<std::byte> storedForm(const Document& document) {
-    NoDiagnostics silent;
+    NoDiagnostics silent; // a document's values are in range: there is nothing to report
     ProgramBank bank;
     fill(bank, document);
     switch (document.kind) {

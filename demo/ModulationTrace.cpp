@@ -1,8 +1,8 @@
 #include "demo/ModulationTrace.h"
 
-#include "foundation/platform/Clock.h"
-#include "foundation/platform/DiagnosticStream.h"
+#include "foundation/platform/NoDiagnostics.h"
 #include "foundation/platform/NoSettings.h"
+#include "foundation/platform/StandingClock.h"
 #include "foundation/text/NameMatch.h"
 #include "foundation/text/ValueFromText.h"
 #include "host/AutomationCurve.h"
@@ -23,26 +23,6 @@ namespace {
 
 /// What the command's reading of its file and ours may differ by: nothing that is heard.
 constexpr float kSameSound = 1e-5F;
-
-/// A clock that stands still at one second of the calendar: nobody waits, and random waves are
-/// those of that second.
-class StandingClock : public Clock {
-public:
-    explicit StandingClock(std::uint32_t seconds) : seconds_(seconds) {}
-
-    [[nodiscard]] std::uint32_t tickMs() const override { return 0; }
-    void sleepMs(std::uint32_t) override {}
-    [[nodiscard]] std::uint32_t calendarSeconds() const override { return seconds_; }
-
-private:
-    std::uint32_t seconds_;
-};
-
-/// The command has said what there is to say.
-class SilentStream : public DiagnosticStream {
-public:
-    void line(std::string_view) override {}
-};
 
 template <typename Value> Value valueOf(Result<Value> result) {
     if (!result.ok())
@@ -114,7 +94,7 @@ ModulationPoint pointAt(double seconds, const ModulationState& state) {
 Run play(const DemoSetting& setting, const std::vector<Automation>& automations,
          const StereoSound& input, std::uint32_t calendarSeconds) {
     StandingClock clock(calendarSeconds);
-    SilentStream diagnostics;
+    NoDiagnostics diagnostics;
     NoSettings settings;
     HostServices services;
     services.sampleRateHz = input.sampleRateHz;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "foundation/platform/Clock.h"
-#include "foundation/platform/DiagnosticStream.h"
+#include "foundation/platform/NoDiagnostics.h"
 #include "foundation/platform/NoSettings.h"
+#include "foundation/platform/StandingClock.h"
 #include "foundation/vst24/VstOpcodes.h"
 #include "plugin/ZMTpedlFilterEffect.h"
 
@@ -19,16 +19,8 @@ public:
     }
 
 private:
-    struct StillClock final : Clock {
-        [[nodiscard]] std::uint32_t tickMs() const override { return 0; }
-        void sleepMs(std::uint32_t) override {}
-        [[nodiscard]] std::uint32_t calendarSeconds() const override { return 1; }
-    } clock_;
-
-    struct SilentStream final : DiagnosticStream {
-        void line(std::string_view) override {}
-    } diagnostics_;
-
+    StandingClock clock_;
+    NoDiagnostics diagnostics_;
     NoSettings settings_;
 };
 

@@ -37,9 +37,8 @@ Result<std::vector<std::string>> loadStoredFile(Plugin& plugin, StoredPart part,
         return document.problem();
     const DocumentKind kind = document.value().kind;
     if (!holds(kind, part))
-        return Problem{path.string() + ": holds " +
-                       (kind == DocumentKind::MidiSettings ? "" : "a ") +
-                       std::string(kindName(kind)) + "; give it to " + optionFor(kind)};
+        return Problem{path.string() + ": holds " + contentsName(kind) + "; give it to " +
+                       optionFor(kind)};
     if (!plugin.setChunk(chunkWith(document.value(), plugin.chunk())))
         return Problem{path.string() + ": the plug-in refused it"};
 

@@ -42,8 +42,6 @@ bool isControlChange(std::uint8_t status) {
 constexpr VstInt32 kChunkTaken = 0;
 constexpr VstInt32 kChunkRefused = -1;
 
-constexpr float kAllChannelsValue = 1.0F;
-
 } // namespace
 
 CPresetSystemEffect::CPresetSystemEffect(audioMasterCallback host, Clock& clock,

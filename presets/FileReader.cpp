@@ -11,8 +11,6 @@ namespace pedl {
 
 namespace {
 
-constexpr float kAllChannels = 1.0F; // normalised
-
 /// What the first five bytes say.
 struct FileStart {
     LoadResult result = LoadResult::Loaded;
@@ -81,7 +79,7 @@ MidiFromFile readMidiFile(std::span<const std::byte> file, OrderDecision decisio
         return {start.result, {}};
     if (start.kind == StreamKind::RawMidi) {
         MidiLinks links = readRawMidi(file, start.order);
-        links.channelValue = kAllChannels;
+        links.channelValue = kAllChannelsValue;
         return {LoadResult::Loaded, links, false};
     }
     const std::optional<StreamView> stream = openSizedStream(file, start.order);
@@ -93,7 +91,7 @@ MidiFromFile readMidiFile(std::span<const std::byte> file, OrderDecision decisio
         return {LoadResult::UnknownKind, {}};
     MidiLinks links = readMidiLinks(*stream, diagnostics);
     if (start.kind == StreamKind::MidiWithoutChannel)
-        links.channelValue = kAllChannels;
+        links.channelValue = kAllChannelsValue;
     return {LoadResult::Loaded, links};
 }
 
