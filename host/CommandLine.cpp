@@ -65,6 +65,17 @@ IN is mono or stereo at 44100 to 192000 Hz, in any format that libsndfile reads.
 float for .wav (and without an ending), .aiff, .caf, .w64 and .rf64, 24 bits for .flac, Vorbis for
 .ogg. OUT appears whole or not at all; an existing file is replaced only by a finished render.)";
 
+/// An option that takes one text or, with a list, may be given again and again.
+template <typename Target>
+void addTextOption(CLI::App& command, const char* name, Target& target, const char* type,
+                   const char* description) {
+    command.add_option(name, target, description)->type_name(type)->allow_extra_args(false);
+}
+
+void addFile(CLI::App& command, const char* name, std::string& target, const char* description) {
+    command.add_option(name, target, description)->required()->type_name("");
+}
+
 void addPluginOption(CLI::App& command, CommandLine& line) {
     command
         .add_option("--plugin", line.plugin, "VST 2.4 library to load instead of ZMTpedlFilter.so")
@@ -81,53 +92,35 @@ CLI::App* addListing(CLI::App& app, const char* name, const char* description, C
 }
 
 void addProgramOption(CLI::App& command, CommandLine& line) {
-    command
-        .add_option("--program", line.program, "Program to select first, by name or slot from 0")
-        ->type_name("NAME|SLOT");
+    addTextOption(command, "--program", line.program, "NAME|SLOT",
+                  "Program to select first, by name or slot from 0");
 }
 
 CLI::App* addRender(CLI::App& app, CommandLine& line) {
     CLI::App* const command = app.add_subcommand("render", "Process a sound file into another");
-    command->add_option("IN", line.in, "Sound file to read")->required()->type_name("");
-    command->add_option("OUT", line.out, "Sound file to write; its ending names the format")
-        ->required()
-        ->type_name("");
-    command
-        ->add_option("--bank", line.bank,
-                     "Bank to load: a bank file, a host chunk or the JSON of one")
-        ->type_name("FILE");
+    const auto add = [command](const char* name, auto& target, const char* type,
+                               const char* description) {
+        addTextOption(*command, name, target, type, description);
+    };
+    addFile(*command, "IN", line.in, "Sound file to read");
+    addFile(*command, "OUT", line.out, "Sound file to write; its ending names the format");
+    add("--bank", line.bank, "FILE", "Bank to load: a bank file, a host chunk or the JSON of one");
     addProgramOption(*command, line);
-    command
-        ->add_option("--preset", line.preset,
-                     "Program to load into the slot: a program file or the JSON of one")
-        ->type_name("FILE");
-    command
-        ->add_option("--midi-settings", line.midiSettings,
-                     "MIDI links to load: a MIDI-settings file or the JSON of one")
-        ->type_name("FILE");
-    command->add_option("--set", line.settings, "Values to set, in this order, after the program")
-        ->type_name("PARAMETER=VALUE")
-        ->allow_extra_args(false);
-    command
-        ->add_option("--link", line.links,
-                     "MIDI controllers, 0 to 119, that move parameters of ZMT pedlFilter")
-        ->type_name("PARAMETER=CONTROLLER")
-        ->allow_extra_args(false);
-    command->add_option("--automate", line.automations, "Curves for parameters to follow")
-        ->type_name("PARAMETER=CURVE.csv")
-        ->allow_extra_args(false);
-    command
-        ->add_option("--midi", line.midi,
-                     "MIDI file whose messages, tempo and time signature the plug-in gets")
-        ->type_name("FILE.mid");
-    command
-        ->add_option("--tempo", line.tempo,
-                     "Song tempo in beats per minute, 1 to 999, until the MIDI file has one (120)")
-        ->type_name("BPM");
-    command->add_option("--block", line.block, "Frames in a block, 1 to 65536 (512)")
-        ->type_name("N");
-    command->add_option("--tail", line.tail, "Silence to process after the end, up to 3600 s (0)")
-        ->type_name("SECONDS");
+    add("--preset", line.preset, "FILE",
+        "Program to load into the slot: a program file or the JSON of one");
+    add("--midi-settings", line.midiSettings, "FILE",
+        "MIDI links to load: a MIDI-settings file or the JSON of one");
+    add("--set", line.settings, "PARAMETER=VALUE",
+        "Values to set, in this order, after the program");
+    add("--link", line.links, "PARAMETER=CONTROLLER",
+        "MIDI controllers, 0 to 119, that move parameters of ZMT pedlFilter");
+    add("--automate", line.automations, "PARAMETER=CURVE.csv", "Curves for parameters to follow");
+    add("--midi", line.midi, "FILE.mid",
+        "MIDI file whose messages, tempo and time signature the plug-in gets");
+    add("--tempo", line.tempo, "BPM",
+        "Song tempo in beats per minute, 1 to 999, until the MIDI file has one (120)");
+    add("--block", line.block, "N", "Frames in a block, 1 to 65536 (512)");
+    add("--tail", line.tail, "SECONDS", "Silence to process after the end, up to 3600 s (0)");
     command->add_flag("--double", line.isDouble, "Process 64-bit instead of 32-bit samples");
     addPluginOption(*command, line);
     command->footer(kRenderNotes);
@@ -167,12 +160,10 @@ CLI::App* addConvert(CLI::App& app, CommandLine& line) {
     CLI::App* const command = app.add_subcommand(
         "convert", "Turn stored programs, banks, MIDI settings and host chunks into one another, "
                    "or into text and back");
-    command->add_option("IN", line.in, "File to read")->required()->type_name("");
-    command->add_option("OUT", line.out, "File to write; its ending names the form")
-        ->required()
-        ->type_name("");
-    command->add_option("--program", line.program, "Program to take, by name or slot from 0")
-        ->type_name("NAME|SLOT");
+    addFile(*command, "IN", line.in, "File to read");
+    addFile(*command, "OUT", line.out, "File to write; its ending names the form");
+    addTextOption(*command, "--program", line.program, "NAME|SLOT",
+                  "Program to take, by name or slot from 0");
     command->footer(kConvertNotes);
     return command;
 }
@@ -180,8 +171,8 @@ CLI::App* addConvert(CLI::App& app, CommandLine& line) {
 CLI::App* addDiff(CLI::App& app, CommandLine& line) {
     CLI::App* const command =
         app.add_subcommand("diff", "Show what differs between two stored files");
-    command->add_option("A", line.in, "File to begin with")->required()->type_name("");
-    command->add_option("B", line.out, "File to compare it with")->required()->type_name("");
+    addFile(*command, "A", line.in, "File to begin with");
+    addFile(*command, "B", line.out, "File to compare it with");
     command->footer(kDiffNotes);
     return command;
 }
