@@ -2,21 +2,12 @@
 
 #include "convert/DocumentWriter.h"
 #include "tests/convert/Documents.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ShellCommand.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdlib>
-#include <sys/wait.h>
-
 namespace pedl {
 namespace {
-
-struct Outcome {
-    int status = 0;
-    std::string out, error;
-};
 
 class FileCommandsTest : public testing::Test {
 protected:
@@ -32,22 +23,17 @@ protected:
         test::writeText(folder_ / "kept.zmb", "precious");
     }
 
-    Outcome run(const std::string& arguments) {
-        const std::string line = "cd '" + folder_.path() + "' && '" PEDL_COMMAND "' " + arguments +
-                                 " >'" + streams_ / "out" + "' 2>'" + streams_ / "error" + "'";
-        const int status = std::system(line.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, test::readText(streams_ / "out"),
-                test::readText(streams_ / "error")};
+    test::Outcome run(const std::string& arguments) {
+        return test::runInShell(folder_, "'" PEDL_COMMAND "' " + arguments);
     }
 
     test::TemporaryFolder folder_;
-    test::TemporaryFolder streams_;
 };
 
 TEST_F(FileCommandsTest, EveryKindGoesThroughTextAndBackWithoutADifference) {
     for (const std::string ending : {"zmt", "zmb", "zmm", "chunk"}) {
         ASSERT_EQ(run("convert a." + ending + " text.JSON").status, 0);
-        const Outcome back = run("convert text.JSON back." + ending);
+        const test::Outcome back = run("convert text.JSON back." + ending);
         EXPECT_EQ(back.status, 0);
         EXPECT_EQ(back.error, "");
         EXPECT_TRUE(back.out.starts_with("back." + ending + ": ")) << back.out;
@@ -64,43 +50,30 @@ TEST_F(FileCommandsTest, AProgramIsChosenByNameOrSlot) {
     EXPECT_EQ(run("convert f.chunk p.zmt --program 'auto w'").status, 0);
     EXPECT_NE(run("convert p.zmt -").out.find("\"name\": \"Auto Wah\""), std::string::npos);
     EXPECT_EQ(run("convert f.chunk g.chunk --program 119").status, 0);
-    const Outcome diff = run("diff f.chunk g.chunk");
+    const test::Outcome diff = run("diff f.chunk g.chunk");
     EXPECT_EQ(diff.status, 1);
     EXPECT_EQ(diff.out, "current program: 0 \"Default\" -> 119 \"Manual HPF 24dB/oct\"\n");
 }
 
 TEST_F(FileCommandsTest, WhatCannotBeDoneIsOneLineAndLeavesEverythingAsItWas) {
-    const std::vector<std::string> before = folder_.names();
-    struct Row {
-        const char* arguments;
-        int status;
-        const char* says;
+    const std::vector<test::Refusal> refusals{
+        {"convert gone.zmb kept.zmb", 1, "gone.zmb: No such file or directory"},
+        {"convert bad.json kept.zmb", 1, "bad.json: line 1, column 2"},
+        {"convert . kept.zmb", 1, ".: is not a file"},
+        {"convert kept.zmb x.json", 1, "kept.zmb: is no program, bank, MIDI settings"},
+        {"convert a.zmm kept.zmb", 1, "a.zmm: holds MIDI settings: there is no program"},
+        {"convert a.zmb x.zmm", 1, "a.zmb: holds a bank: there are no MIDI links in it"},
+        {"convert a.zmb x.wav", 1, "x.wav: the ending names no form"},
+        {"convert a.zmb gone/x.zmb", 1, "gone/x.zmb: cannot be written: No such file"},
+        {"convert a.zmb kept.zmb --program 140", 1, "there is no program 140"},
+        {"convert a.zmt kept.zmb --program 0", 1, "a.zmt: holds a program: only banks"},
+        {"convert a.zmb", 2, "OUT is required"},
+        {"diff a.zmb gone.zmb", 2, "gone.zmb: No such file"},
+        {"diff a.zmb a.zmm", 2, "nothing to compare"},
+        {"diff a.zmb", 2, "B is required"},
     };
-    for (const Row& row : {
-             Row{"convert gone.zmb kept.zmb", 1, "gone.zmb: No such file or directory"},
-             Row{"convert bad.json kept.zmb", 1, "bad.json: line 1, column 2"},
-             Row{"convert . kept.zmb", 1, ".: is not a file"},
-             Row{"convert kept.zmb x.json", 1, "kept.zmb: is no program, bank, MIDI settings"},
-             Row{"convert a.zmm kept.zmb", 1, "a.zmm: holds MIDI settings: there is no program"},
-             Row{"convert a.zmb x.zmm", 1, "a.zmb: holds a bank: there are no MIDI links in it"},
-             Row{"convert a.zmb x.wav", 1, "x.wav: the ending names no form"},
-             Row{"convert a.zmb gone/x.zmb", 1, "gone/x.zmb: cannot be written: No such file"},
-             Row{"convert a.zmb kept.zmb --program 140", 1, "there is no program 140"},
-             Row{"convert a.zmt kept.zmb --program 0", 1, "a.zmt: holds a program: only banks"},
-             Row{"convert a.zmb", 2, "OUT is required"},
-             Row{"diff a.zmb gone.zmb", 2, "gone.zmb: No such file"},
-             Row{"diff a.zmb a.zmm", 2, "nothing to compare"},
-             Row{"diff a.zmb", 2, "B is required"},
-         }) {
-        SCOPED_TRACE(row.arguments);
-        const Outcome outcome = run(row.arguments);
-        EXPECT_EQ(outcome.status, row.status);
-        EXPECT_NE(outcome.error.find(row.says), std::string::npos) << outcome.error;
-        EXPECT_LE(std::count(outcome.error.begin(), outcome.error.end(), '\n'), 1);
-        EXPECT_EQ(outcome.out, "");
-        EXPECT_EQ(folder_.names(), before);
-        EXPECT_EQ(test::readText(folder_ / "kept.zmb"), "precious");
-    }
+    expectRefusals(folder_, refusals, [this](const char* arguments) { return run(arguments); });
+    EXPECT_EQ(test::readText(folder_ / "kept.zmb"), "precious");
 }
 
 TEST_F(FileCommandsTest, RepairsAreWarnedAboutAndLongListsCut) {
@@ -109,7 +82,7 @@ TEST_F(FileCommandsTest, RepairsAreWarnedAboutAndLongListsCut) {
          ++slot) // the first value of each, 1.0 to -1.0 and the like
         bank[41 + 1960 * slot + 168 + 27] = '\xBF';
     test::writeText(folder_ / "damaged.zmb", bank);
-    const Outcome outcome = run("convert damaged.zmb whole.json");
+    const test::Outcome outcome = run("convert damaged.zmb whole.json");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_NE(outcome.error.find("warning: damaged.zmb: Invalid parameter 0 value -"),
               std::string::npos);

@@ -51,6 +51,21 @@ void turnAndReadEverything(AEffect* effect, std::mt19937& random) {
              text.data());
 }
 
+/// One instance that plays on a thread of its own, for as long as the test has something for it to
+/// meet; joined at the end of scope.
+struct PlayingEffect {
+    ~PlayingEffect() { audio.join(); }
+
+    RecordingHost host;
+    const PluginLibrary library{PEDL_PLUGIN_PATH};
+    const RunningEffect effect{library, 48000.0F, kBlockFrames};
+    std::atomic<bool> isPlaying{true};
+    std::thread audio{[this] {
+        EXPECT_TRUE(playFinite(effect.get(), 1));
+        isPlaying = false;
+    }};
+};
+
 } // namespace
 
 TEST(Threads, TwoInstancesPlayWhileAThirdThreadTurnsTheirKnobs) {
@@ -86,44 +101,28 @@ TEST(Threads, TwoInstancesPlayWhileAThirdThreadTurnsTheirKnobs) {
 }
 
 TEST(Threads, StateIsSavedAndRestoredOnAThreadOfItsOwn) {
-    RecordingHost host;
-    const PluginLibrary library(PEDL_PLUGIN_PATH);
-    const RunningEffect effect(library, 48000.0F, kBlockFrames);
-    std::atomic<bool> isPlaying{true};
-    std::thread audio([&] {
-        EXPECT_TRUE(playFinite(effect.get(), 1));
-        isPlaying = false;
-    });
+    PlayingEffect playing;
     std::thread state([&] {
-        while (isPlaying) {
+        while (playing.isPlaying) {
             void* data = nullptr;
-            const VstIntPtr size = dispatch(effect.get(), effGetChunk, 0, 0, &data);
+            const VstIntPtr size = dispatch(playing.effect.get(), effGetChunk, 0, 0, &data);
             const auto* const bytes = static_cast<const char*>(data);
             std::vector<char> chunk(bytes, bytes + size); // the host's own, as it must be
-            EXPECT_EQ(dispatch(effect.get(), effSetChunk, 0, size, chunk.data()), 0);
+            EXPECT_EQ(dispatch(playing.effect.get(), effSetChunk, 0, size, chunk.data()), 0);
         }
     });
     std::mt19937 random(5);
-    while (isPlaying)
-        turnAndReadEverything(effect.get(), random);
-    audio.join();
+    while (playing.isPlaying)
+        turnAndReadEverything(playing.effect.get(), random);
     state.join();
 }
 
 TEST(Threads, InstancesComeAndGoWhileAnotherPlays) {
-    RecordingHost host;
-    const PluginLibrary library(PEDL_PLUGIN_PATH);
-    const RunningEffect effect(library, 48000.0F, kBlockFrames);
-    std::atomic<bool> isPlaying{true};
-    std::thread audio([&] {
-        EXPECT_TRUE(playFinite(effect.get(), 1));
-        isPlaying = false;
-    });
+    PlayingEffect playing;
     // Other rates: tables that instances share are built beside the one that plays.
-    for (int round = 0; round < 10 && isPlaying; ++round)
+    for (int round = 0; round < 10 && playing.isPlaying; ++round)
         for (const float sampleRateHz : {44100.0F, 96000.0F, 192000.0F})
-            const RunningEffect passing(library, sampleRateHz, kBlockFrames);
-    audio.join();
+            const RunningEffect passing(playing.library, sampleRateHz, kBlockFrames);
 }
 
 TEST(Threads, MetersAreReadWhileTheEngineProcesses) {

@@ -1,7 +1,7 @@
 #include "host/MidiFile.h"
 
 #include "tests/host/MidiBytes.h"
-#include "tests/host/SoundFiles.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -115,12 +115,12 @@ TEST(MidiFile, ADamagedFileIsRefusedWithTheReason) {
 }
 
 TEST(MidiFile, OnlyARegularFileIsOpened) {
-    const TestFolder folder;
+    const test::TemporaryFolder folder;
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
     for (const auto& path : {folder.path(), folder / "pipe", folder / "gone"}) {
         const Result<MidiFile> file = MidiFile::load(path);
         ASSERT_FALSE(file.ok());
-        EXPECT_TRUE(file.problem().text.starts_with(path.string() + ": ")) << file.problem().text;
+        EXPECT_TRUE(file.problem().text.starts_with(path + ": ")) << file.problem().text;
     }
 }
 

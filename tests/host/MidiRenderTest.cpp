@@ -1,10 +1,7 @@
 // MIDI files played to a plug-in: which frame hears what.
 
-#include "host/RenderCommand.h"
 #include "tests/host/MidiBytes.h"
-#include "tests/host/SoundFiles.h"
-
-#include <gtest/gtest.h>
+#include "tests/host/RenderTest.h"
 
 namespace pedl {
 namespace {
@@ -15,30 +12,16 @@ constexpr std::uint32_t kTicksPerQuarter = 480;
 constexpr std::uint32_t k125Bpm = 480000; // a tick has 48 frames at 48000 Hz
 constexpr int kFramesPerTick = 48;
 
-class MidiRenderTest : public testing::Test {
+class MidiRenderTest : public RenderTest {
 protected:
-    MidiRenderTest() {
-        request_.in = folder_ / "in.wav";
-        request_.out = folder_ / "out.wav";
-        request_.plugin = PEDL_PLUGIN;
-        // A saw: every filter setting sounds different.
-        writeSound(request_.in, 2, 48000, 24000,
-                   [](long frame, int) { return static_cast<double>(frame % 100) / 200.0 - 0.25; });
-    }
+    MidiRenderTest() : RenderTest(PEDL_PLUGIN) { writeSaw(24000); }
 
     void useMidi(const std::string& bytes) {
-        writeBytes(folder_ / "song.mid", bytes);
+        writeText(folder_ / "song.mid", bytes);
         request_.midi = folder_ / "song.mid";
     }
 
-    std::vector<double> rendered() {
-        const Result<RenderReport> report = render(request_);
-        EXPECT_TRUE(report.ok()) << (report.ok() ? "" : report.problem().text);
-        return report.ok() ? readSound(request_.out).samples : std::vector<double>{};
-    }
-
-    TestFolder folder_;
-    RenderRequest request_;
+    std::vector<double> renderedSamples() { return rendered().samples; }
 };
 
 TEST_F(MidiRenderTest, ARampOfAControllerSoundsLikeItsCurveWhateverTheBlockSize) {
@@ -56,17 +39,17 @@ TEST_F(MidiRenderTest, ARampOfAControllerSoundsLikeItsCurveWhateverTheBlockSize)
                       static_cast<double>(static_cast<float>(value) / 127.0F));
         curve += line;
     }
-    writeBytes(folder_ / "curve.csv", curve);
-    request_.automations = {"Filter Cutoff=" + (folder_ / "curve.csv").string()};
+    test::writeText(folder_ / "curve.csv", curve);
+    request_.automations = {"Filter Cutoff=" + folder_ / "curve.csv"};
     request_.blockFrames = kFramesPerStep;
-    const std::vector<double> byCurve = rendered();
+    const std::vector<double> byCurve = renderedSamples();
 
     request_.automations.clear();
     request_.links = {"Filter Cutoff=74"};
     useMidi(midiFile(0, kTicksPerQuarter, {track}));
     for (const VstInt32 block : {1, 64, 512, 4096}) {
         request_.blockFrames = block;
-        EXPECT_EQ(rendered(), byCurve) << block;
+        EXPECT_EQ(renderedSamples(), byCurve) << block;
     }
 }
 
@@ -86,7 +69,7 @@ TEST_F(MidiRenderTest, TheTempoChangesAtItsFrameAndTheSongGoesOnFromThere) {
             SCOPED_TRACE(testing::Message() << row.story << ", block " << block);
             useMidi(midiFile(0, row.division, {tempo(20, 1000000) + tempo(20, 250000)}));
             request_.blockFrames = block;
-            const std::vector<double> out = rendered();
+            const std::vector<double> out = renderedSamples();
             const bool isMusical = row.division == kTicksPerQuarter;
             // A tick of the same file lasts longer in the slower tempo, a millisecond does not.
             const std::size_t second = kChange + (isMusical ? 2000 : kChange);
@@ -106,9 +89,9 @@ TEST_F(MidiRenderTest, ASynchronisedLfoFollowsTheTempoFromItsFrameOn) {
     request_.settings = {"LFOsync=hostBPM", "32=1", "33=0.9"};
     const std::string start = tempo(0, k125Bpm);
     useMidi(midiFile(0, kTicksPerQuarter, {start}));
-    const std::vector<double> steady = rendered();
+    const std::vector<double> steady = renderedSamples();
     useMidi(midiFile(0, kTicksPerQuarter, {start + tempo(100, k125Bpm / 4)}));
-    const std::vector<double> faster = rendered();
+    const std::vector<double> faster = renderedSamples();
     const auto [first, unused] = std::mismatch(steady.begin(), steady.end(), faster.begin());
     const auto frame = (first - steady.begin()) / 2;
     EXPECT_GE(frame, 100 * kFramesPerTick);
@@ -116,7 +99,7 @@ TEST_F(MidiRenderTest, ASynchronisedLfoFollowsTheTempoFromItsFrameOn) {
 }
 
 TEST_F(MidiRenderTest, WhatCannotBeLinkedIsRefusedBeforeOutIsTouched) {
-    writeBytes(request_.out, "precious");
+    test::writeText(request_.out, "precious");
     for (const char* link : {"Filter Cutoff=120", "Filter Cutoff=on", "Filter Cutoff", "99=1"}) {
         request_.links = {link};
         const Result<RenderReport> report = render(request_);
@@ -129,7 +112,7 @@ TEST_F(MidiRenderTest, WhatCannotBeLinkedIsRefusedBeforeOutIsTouched) {
     request_.links.clear();
     useMidi("no MIDI");
     EXPECT_FALSE(render(request_).ok());
-    EXPECT_EQ(readBytes(request_.out), "precious");
+    EXPECT_EQ(test::readText(request_.out), "precious");
 }
 
 } // namespace

@@ -1,9 +1,6 @@
 // Whole files through the stub plug-in, whose output is known sample by sample.
 
-#include "host/RenderCommand.h"
-#include "tests/host/SoundFiles.h"
-
-#include <gtest/gtest.h>
+#include "tests/host/RenderTest.h"
 
 #include <fstream>
 #include <sndfile.h>
@@ -17,23 +14,9 @@ double marked(long frame, int channel) {
     return static_cast<double>(frame) / 4096.0 * (channel == 0 ? 1.0 : -1.0);
 }
 
-class RendererTest : public testing::Test {
+class RendererTest : public test::RenderTest {
 protected:
-    RendererTest() {
-        request_.in = folder_ / "in.wav";
-        request_.out = folder_ / "out.wav";
-        request_.plugin = PEDL_STUB_PLUGIN;
-        request_.blockFrames = 64;
-    }
-
-    Sound rendered() {
-        const Result<RenderReport> report = render(request_);
-        EXPECT_TRUE(report.ok()) << (report.ok() ? "" : report.problem().text);
-        return report.ok() ? readSound(request_.out) : Sound{2, 0, 0, {}};
-    }
-
-    TestFolder folder_;
-    RenderRequest request_;
+    RendererTest() : RenderTest(PEDL_STUB_PLUGIN) { request_.blockFrames = 64; }
 };
 
 TEST_F(RendererTest, EverySampleArrivesOnceWhateverTheBlockSize) {
@@ -79,8 +62,8 @@ TEST_F(RendererTest, ThePlugInHearsTheTempoAndTheSongMovesByBlocks) {
 
 TEST_F(RendererTest, ACurveIsReadAtEachBlocksStart) {
     writeSound(request_.in, 1, 48000, 480, [](long, int) { return 1.0; });
-    writeBytes(folder_ / "curve.csv", "seconds,value\n0,0\n0.01,1\n"); // 0.01 s: 480 frames
-    request_.automations = {"Gain=" + (folder_ / "curve.csv").string()};
+    test::writeText(folder_ / "curve.csv", "seconds,value\n0,0\n0.01,1\n"); // 0.01 s: 480 frames
+    request_.automations = {"Gain=" + folder_ / "curve.csv"};
     request_.blockFrames = 48;
     const Sound out = rendered();
     for (const std::size_t frame : {0U, 47U, 48U, 95U, 479U})
@@ -109,10 +92,10 @@ TEST_F(RendererTest, TheEndingNamesTheFormatWhatWasCutIsCountedAndTheBytesAreThe
         EXPECT_EQ(readSound(request_.out).format, row.format);
         EXPECT_EQ(report.value().samplesCut, row.cut);
         EXPECT_DOUBLE_EQ(report.value().peak, 1.5);
-        const std::string first = readBytes(request_.out);
+        const std::string first = test::readText(request_.out);
         rendered();
         if (row.format != (SF_FORMAT_OGG | SF_FORMAT_VORBIS)) { // its stream has a random number
-            EXPECT_EQ(readBytes(request_.out), first);
+            EXPECT_EQ(test::readText(request_.out), first);
         }
     }
     request_.settings = {"5=1"}; // the stub's left side is then NaN

@@ -2,30 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <sndfile.h>
 
 namespace pedl {
-
-TestFolder::TestFolder() {
-    std::string name = testing::TempDir() + "pedl-host-XXXXXX";
-    path_ = mkdtemp(name.data());
-}
-
-TestFolder::~TestFolder() {
-    std::filesystem::remove_all(path_);
-}
-
-std::vector<std::string> TestFolder::entries() const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(path_))
-        names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
 
 void writeSound(const std::filesystem::path& path, int channels, int sampleRateHz, long frames,
                 const std::function<double(long frame, int channel)>& value) {
@@ -52,15 +31,6 @@ Sound readSound(const std::filesystem::path& path) {
     sf_readf_double(file, sound.samples.data(), info.frames);
     sf_close(file);
     return sound;
-}
-
-std::string readBytes(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-void writeBytes(const std::filesystem::path& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
 }
 
 } // namespace pedl

@@ -1,26 +1,18 @@
 // Stored files given to a render: the sound is that of the values they hold.
 
 #include "convert/DocumentWriter.h"
-#include "host/RenderCommand.h"
 #include "tests/host/MidiBytes.h"
-#include "tests/host/SoundFiles.h"
-
-#include <gtest/gtest.h>
+#include "tests/host/RenderTest.h"
 
 namespace pedl {
 namespace {
 
 constexpr float kCutoff = 0.3F;
 
-class StoredFilesTest : public testing::Test {
+class StoredFilesTest : public test::RenderTest {
 protected:
-    StoredFilesTest() {
-        request_.in = folder_ / "in.wav";
-        request_.out = folder_ / "out.wav";
-        request_.plugin = PEDL_PLUGIN;
-        writeSound(request_.in, 2, 48000, 4800,
-                   [](long frame, int) { return static_cast<double>(frame % 100) / 200.0 - 0.25; });
-
+    StoredFilesTest() : RenderTest(PEDL_PLUGIN) {
+        writeSaw(4800);
         Document chunk = factoryDocument();
         chunk.currentSlot = 3;
         chunk.programs[3].normalised[kFilterCutoffFreq] = kCutoff;
@@ -30,16 +22,12 @@ protected:
                                          {DocumentKind::Program, "program"},
                                          {DocumentKind::MidiSettings, "links"}}) {
             const std::vector<std::byte> bytes = storedForm(converted(chunk, kind).value());
-            writeBytes(folder_ / name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+            test::writeText(folder_ / name,
+                            {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
         }
-        writeBytes(folder_ / "junk", "junk");
-        writeBytes(folder_ / "song.mid", test::midiFile(0, 96, {test::controller(2, 74, 100)}));
-    }
-
-    Sound rendered(const RenderRequest& request) {
-        const Result<RenderReport> report = render(request);
-        EXPECT_TRUE(report.ok()) << (report.ok() ? "" : report.problem().text);
-        return report.ok() ? readSound(request.out) : Sound{2, 0, 0, {}};
+        test::writeText(folder_ / "junk", "junk");
+        test::writeText(folder_ / "song.mid",
+                        test::midiFile(0, 96, {test::controller(2, 74, 100)}));
     }
 
     /// The factory's first program, selected as a file's is, with these settings.
@@ -49,9 +37,6 @@ protected:
         request.settings = std::move(settings);
         return rendered(request);
     }
-
-    TestFolder folder_;
-    RenderRequest request_;
 };
 
 const std::string kSetCutoff = std::to_string(kFilterCutoffFreq) + "=0.3";
@@ -94,7 +79,7 @@ TEST_F(StoredFilesTest, LinksComeFromAChunkFromMidiSettingsOrByHand) {
 }
 
 TEST_F(StoredFilesTest, TheWrongFileIsRefusedBeforeOutIsTouched) {
-    writeBytes(request_.out, "precious");
+    test::writeText(request_.out, "precious");
     struct Row {
         const char *option, *file, *says;
     };
@@ -124,7 +109,7 @@ TEST_F(StoredFilesTest, TheWrongFileIsRefusedBeforeOutIsTouched) {
         ASSERT_FALSE(report.ok());
         EXPECT_NE(report.problem().text.find("only ZMTpedlFilter.so"), std::string::npos);
     }
-    EXPECT_EQ(readBytes(request_.out), "precious");
+    EXPECT_EQ(test::readText(request_.out), "precious");
 }
 
 } // namespace
