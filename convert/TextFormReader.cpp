@@ -1,4 +1,4 @@
-#include "convert/BoundedJson.h"
+#include "convert/JsonPlace.h"
 #include "convert/TextForm.h"
 #include "foundation/text/ValueFromText.h"
 #include "presets/FactoryPrograms.h"
@@ -6,77 +6,11 @@
 
 #include <algorithm>
 #include <bitset>
-#include <cmath>
-#include <initializer_list>
 #include <utility>
 
 namespace pedl {
 
 namespace {
-
-/// Ends the reading; caught where it began.
-struct Refusal {
-    std::string text;
-};
-
-/// A value of the text with the words for its place.
-struct Place {
-    const Json& json;
-    std::string words; // `program 3 "Organ", Filter Cutoff`; empty for the whole
-
-    [[noreturn]] void refuse(const std::string& what) const {
-        throw Refusal{words.empty() ? what : words + ": " + what};
-    }
-
-    [[nodiscard]] Place named(std::string_view key, const std::string& as) const {
-        return {*json.find(key), words.empty() ? as : words + ", " + as};
-    }
-    [[nodiscard]] Place named(std::string_view key) const { return named(key, std::string(key)); }
-    [[nodiscard]] bool has(std::string_view key) const { return json.contains(key); }
-
-    /// Refuses all but an object with these members.
-    void expectMembers(std::initializer_list<std::string_view> known) const {
-        expectObject();
-        for (const auto& [key, ignored] : json.items())
-            if (std::ranges::find(known, key) == known.end())
-                refuse("knows no " + inQuotes(key) + ", only " + listed(known));
-    }
-    void expectObject() const {
-        if (!json.is_object())
-            refuse("is not an object in { }");
-    }
-
-    [[nodiscard]] const std::string& string() const {
-        if (!json.is_string())
-            refuse("is not a text in quotation marks");
-        return json.get_ref<const std::string&>();
-    }
-    [[nodiscard]] std::int32_t integer(std::int32_t lowest, std::int32_t highest) const {
-        const bool isWithin = json.is_number_unsigned()
-                                  ? json.get<std::uint64_t>() <= static_cast<unsigned>(highest)
-                                  : json.is_number_integer();
-        if (!isWithin || json.get<std::int64_t>() < lowest || json.get<std::int64_t>() > highest)
-            refuse("is not a whole number from " + std::to_string(lowest) + " to " +
-                   std::to_string(highest));
-        return json.get<std::int32_t>();
-    }
-    [[nodiscard]] float normalised() const {
-        if (!json.is_number())
-            refuse("the value is not a number");
-        const auto value = json.get<float>();
-        if (!(value >= 0.0F && value <= 1.0F))
-            refuse("the value " + exactNumber(value) + " is outside 0 to 1");
-        return value;
-    }
-
-private:
-    static std::string listed(std::initializer_list<std::string_view> known) {
-        std::string list;
-        for (const std::string_view key : known)
-            list += (list.empty() ? "" : ", ") + std::string(key);
-        return list;
-    }
-};
 
 /// The parameter that a key names, letter for letter: a file is read long after it was written,
 /// when an abbreviation may have come to mean another.

@@ -1,5 +1,6 @@
 #include "foundation/platform/FileProblem.h"
 
+#include <cerrno>
 #include <cstring>
 
 namespace pedl {
@@ -11,6 +12,10 @@ std::string FileProblem::text() const {
     const char* const description = ::strerrordesc_np(number);
     return std::string(call) + ": " +
            (description != nullptr ? description : "error " + std::to_string(number));
+}
+
+FileProblem failed(const char* call) noexcept {
+    return {call, errno, false};
 }
 
 } // namespace pedl

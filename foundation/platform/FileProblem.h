@@ -14,4 +14,7 @@ struct FileProblem {
     [[nodiscard]] std::string text() const;
 };
 
+/// What the system call of this name has just failed with.
+[[nodiscard]] FileProblem failed(const char* call) noexcept;
+
 } // namespace pedl
