@@ -47,6 +47,8 @@ input == 3 {
     if (!is_quoted && !match($0, /<[^>]+>/))
         next
     path = substr($0, RSTART + 1, RLENGTH - 2)
+    if (path ~ /^(vstgui|vst24)\// && ("foundation/" path) in exists)
+        path = "foundation/" path # the toolkit's include paths begin there
     if (!(path in exists)) {
         if (is_quoted)
             complain(place ": no file \"" path "\" seen from the project's folder")

@@ -4,8 +4,8 @@
 
 /// A key press as hosts report it: `VstKeyCode` and the numbers in it.
 ///
-/// The toolkit layer declares the same three types under the same names, for code that includes
-/// that layer alone; this guard lets whichever header comes first define them.
+/// The toolkit layer hands on the same three types. The guard is for code that brings another
+/// toolkit with a copy of them: it defines the macro, and that copy stands.
 #ifndef PEDL_VST_KEY_CODE
 #define PEDL_VST_KEY_CODE
 

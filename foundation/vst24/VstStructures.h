@@ -325,5 +325,5 @@ enum VstHostLanguage : VstInt32 {
 
 enum VstPanLawType : VstInt32 { kLinearPanLaw = 0, kEqualPowerPanLaw = 1 };
 
-/// How knobs follow the mouse, as hosts hand it to editors.
-enum VstKnobMode : VstInt32 { kCircularMode = 0, kRelativCircularMode = 1, kLinearMode = 2 };
+/// How knobs follow the mouse, as hosts hand it to editors. Scoped: the toolkit has the same names.
+enum class VstKnobMode : VstInt32 { kCircularMode = 0, kRelativCircularMode = 1, kLinearMode = 2 };

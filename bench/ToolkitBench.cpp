@@ -1,0 +1,293 @@
+// What drawing costs: a whole frame, one knob with its label, the first text after loading; the
+// first two without views and through the views of a window. What an idle costs.
+
+#include "tests/support/toolkit/SampleSkin.h"
+#include "vstgui/lib/cbitmap.h"
+#include "vstgui/lib/cdrawcontext.h"
+#include "vstgui/lib/controls/cknob.h"
+#include "vstgui/lib/controls/ctextlabel.h"
+#include "vstgui/lib/platform/common/pixmansurface.h"
+#include "vstgui/lib/platform/offscreen/offscreenframe.h"
+#include "vstgui/plugin-bindings/aeffguieditor.h"
+
+#include <array>
+#include <benchmark/benchmark.h>
+#include <cstdlib>
+#include <memory>
+#include <utility>
+#include <xcb/xcb.h>
+
+namespace pedl::bench {
+
+using namespace VSTGUI;
+using test::Picture;
+
+namespace {
+
+constexpr int kFrameWidth = 521;
+constexpr int kFrameHeight = 544;
+constexpr int kKnobSide = 40;
+constexpr int kKnobFrames = 61;
+constexpr int kNumKnobs = 70;
+constexpr int kKnobsPerRow = 10;
+constexpr int kKnobDistance = 52;
+constexpr int kRowDistance = 76;
+
+constexpr std::array<const char*, 7> kLabels{"Cutoff",   "Resonance", "1250 Hz",    "LFO Depth",
+                                             "-12.5 dB", "Envelope",  "Attack 3 ms"};
+
+const char* labelOf(int knob) {
+    return kLabels[static_cast<std::size_t>(knob) % kLabels.size()];
+}
+
+/// A knob with its label below it.
+CRect placeOf(int knob) {
+    const CPoint corner(knob % kKnobsPerRow * kKnobDistance, knob / kKnobsPerRow * kRowDistance);
+    return CRect(corner, CPoint(kKnobDistance, kKnobSide + 16));
+}
+
+/// An editor's picture without its views.
+class Editor {
+public:
+    Editor(double scale, Picture strip)
+        : surface_(kFrameWidth, kFrameHeight, scale), background_(resource(Picture::Background)),
+          strip_(resource(strip)) {}
+
+    PixmanSurface& surface() { return surface_; }
+
+    void drawAll() {
+        CDrawContext* context = createPixmanContext(surface_);
+        background_.draw(context, CRect(0, 0, kFrameWidth, kFrameHeight));
+        for (int knob = 0; knob < kNumKnobs; ++knob)
+            drawKnob(context, knob);
+        context->forget();
+    }
+
+    void redrawKnob(int knob) {
+        CDrawContext* context = createPixmanContext(surface_);
+        const CRect place = placeOf(knob);
+        context->setClipRect(place);
+        background_.draw(context, place, place.getTopLeft());
+        drawKnob(context, knob);
+        context->forget();
+    }
+
+private:
+    static CBitmap resource(Picture picture) {
+        test::useSampleSkin();
+        return CBitmap(CResourceDescription(static_cast<int32_t>(picture)));
+    }
+
+    void drawKnob(CDrawContext* context, int knob) {
+        const CRect place = placeOf(knob);
+        CRect image = place;
+        image.offset(6, 0);
+        image.setSize(CPoint(kKnobSide, kKnobSide));
+        frame_ = (frame_ + 1) % kKnobFrames;
+        strip_.draw(context, image, CPoint(0, frame_ * kKnobSide));
+        CRect label = place;
+        label.top += kKnobSide;
+        context->setFont(kNormalFontSmall);
+        context->drawString(labelOf(knob), label);
+    }
+
+    PixmanSurface surface_;
+    CBitmap background_;
+    CBitmap strip_;
+    int frame_ = 0;
+};
+
+void wholeFrame(benchmark::State& state) {
+    Editor editor(static_cast<double>(state.range(0)), static_cast<Picture>(state.range(1)));
+    editor.drawAll();
+    for (auto _ : state)
+        editor.drawAll();
+}
+BENCHMARK(wholeFrame)
+    ->ArgNames({"scale", "strip"})
+    ->Args({1, static_cast<int64_t>(Picture::KnobStrip)})
+    ->Args({2, static_cast<int64_t>(Picture::KnobStrip)})
+    ->Args({2, static_cast<int64_t>(Picture::KnobStripWithoutTwofold)})
+    ->Unit(benchmark::kMicrosecond);
+
+void oneKnobWithItsLabel(benchmark::State& state) {
+    Editor editor(static_cast<double>(state.range(0)), Picture::KnobStrip);
+    editor.drawAll();
+    int knob = 0;
+    for (auto _ : state)
+        editor.redrawKnob(knob = (knob + 1) % kNumKnobs);
+}
+BENCHMARK(oneKnobWithItsLabel)->ArgName("scale")->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);
+
+/// Nobody holds the letters in between: faces are opened and letters rasterised anew.
+void firstText(benchmark::State& state) {
+    for (auto _ : state) {
+        PixmanSurface surface(100, 20, 1.0);
+        CDrawContext* context = createPixmanContext(surface);
+        context->drawString("Resonance", CRect(0, 0, 100, 20));
+        context->forget();
+    }
+}
+BENCHMARK(firstText)->Unit(benchmark::kMicrosecond);
+
+/// An editor of 70 knobs with a label each; the benchmark is its host.
+class KnobEditor : public AEffGUIEditor {
+public:
+    KnobEditor() : AEffGUIEditor(nullptr) {}
+    ~KnobEditor() override { close(); }
+
+    bool open(void* window) override {
+        test::useSampleSkin();
+        frame = new CFrame(CRect(0, 0, kFrameWidth, kFrameHeight), window, this);
+        if (!frame->getPlatformFrame())
+            return false;
+        CBitmap* const background = test::newBitmap(Picture::Background);
+        frame->setBackground(background);
+        background->forget();
+        CBitmap* const strip = test::newBitmap(Picture::KnobStrip);
+        for (int i = 0; i < kNumKnobs; ++i)
+            addKnob(i, strip);
+        strip->forget();
+        idle();
+        return true;
+    }
+    void close() override {
+        if (CFrame* const closing = std::exchange(frame, nullptr))
+            closing->close();
+    }
+
+    /// The next position of a knob: its picture and its label change.
+    void turnKnob(int index) {
+        const auto place = static_cast<std::size_t>(index);
+        position_ = (position_ + 1) % kKnobFrames;
+        knobs_[place]->setValue(static_cast<float>(position_) / (kKnobFrames - 1));
+        labels_[place]->setText(labelOf(position_));
+    }
+
+private:
+    void addKnob(int index, CBitmap* strip) {
+        const auto place = static_cast<std::size_t>(index);
+        CRect area = placeOf(index);
+        knobs_[place] =
+            new CAnimKnob(CRect(area.getTopLeft() + CPoint(6, 0), CPoint(kKnobSide, kKnobSide)),
+                          nullptr, index, kKnobFrames, kKnobSide, strip);
+        area.top += kKnobSide;
+        labels_[place] = new CTextLabel(area, labelOf(index));
+        labels_[place]->setTransparency(true);
+        labels_[place]->setFont(kNormalFontSmall);
+        frame->addView(knobs_[place]);
+        frame->addView(labels_[place]);
+    }
+
+    std::array<CAnimKnob*, kNumKnobs> knobs_{};
+    std::array<CTextLabel*, kNumKnobs> labels_{};
+    int position_ = 0;
+};
+
+/// The editor on a window without a display.
+class OffscreenEditor : public KnobEditor {
+public:
+    explicit OffscreenEditor(double scale) {
+        setPlatformFrameFactory(OffscreenFrame::create);
+        open(this);
+        frame->setScaleFactor(scale);
+        idle();
+    }
+    ~OffscreenEditor() override {
+        close();
+        setPlatformFrameFactory(nullptr);
+    }
+    OffscreenFrame& window() { return OffscreenFrame::of(*frame); }
+};
+
+void wholeFrameOfViews(benchmark::State& state) {
+    OffscreenEditor editor(static_cast<double>(state.range(0)));
+    for (auto _ : state) {
+        editor.getFrame()->invalid();
+        editor.window().turn();
+    }
+}
+BENCHMARK(wholeFrameOfViews)->ArgName("scale")->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);
+
+void oneKnobOfViews(benchmark::State& state) {
+    OffscreenEditor editor(static_cast<double>(state.range(0)));
+    int knob = 0;
+    for (auto _ : state) {
+        editor.turnKnob(knob = (knob + 1) % kNumKnobs);
+        editor.window().turn();
+    }
+}
+BENCHMARK(oneKnobOfViews)->ArgName("scale")->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);
+
+void idleWithNothingToDo(benchmark::State& state) {
+    OffscreenEditor editor(1.0);
+    editor.idle();
+    for (auto _ : state)
+        editor.idle();
+    if (!editor.window().lastPainted().empty())
+        state.SkipWithError("something was drawn");
+}
+BENCHMARK(idleWithNothingToDo)->Unit(benchmark::kMicrosecond);
+
+/// A host's window on the display.
+class HostWindow {
+public:
+    HostWindow() : connection_(xcb_connect(nullptr, nullptr)) {
+        if (xcb_connection_has_error(connection_.get()))
+            return;
+        const xcb_screen_t* const screen =
+            xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data;
+        window_ = xcb_generate_id(connection_.get());
+        xcb_create_window(connection_.get(), XCB_COPY_FROM_PARENT, window_, screen->root, 0, 0,
+                          kFrameWidth, kFrameHeight, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                          screen->root_visual, 0, nullptr);
+        xcb_map_window(connection_.get(), window_);
+        std::free(xcb_get_input_focus_reply(connection_.get(),
+                                            xcb_get_input_focus(connection_.get()), nullptr));
+    }
+    [[nodiscard]] bool isOpen() const { return window_ != XCB_NONE; }
+    [[nodiscard]] void* handle() const { return reinterpret_cast<void*>(uintptr_t{window_}); }
+
+private:
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+    };
+    std::unique_ptr<xcb_connection_t, Disconnect> connection_;
+    xcb_window_t window_ = XCB_NONE;
+};
+
+void x11IdleWithNothingToDo(benchmark::State& state) {
+    const HostWindow host;
+    KnobEditor editor;
+    if (!host.isOpen() || !editor.open(host.handle())) {
+        state.SkipWithError("no display");
+        return;
+    }
+    constexpr int kUntilAllIsShown = 1000;
+    for (int turn = 0; turn < kUntilAllIsShown; ++turn)
+        editor.idle();
+    for (auto _ : state)
+        editor.idle();
+}
+BENCHMARK(x11IdleWithNothingToDo)->Unit(benchmark::kMicrosecond);
+
+void x11OneKnob(benchmark::State& state) {
+    const HostWindow host;
+    KnobEditor editor;
+    if (!host.isOpen() || !editor.open(host.handle())) {
+        state.SkipWithError("no display");
+        return;
+    }
+    int knob = 0;
+    for (auto _ : state) {
+        editor.turnKnob(knob = (knob + 1) % kNumKnobs);
+        editor.idle();
+    }
+}
+BENCHMARK(x11OneKnob)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+} // namespace pedl::bench
+
+BENCHMARK_MAIN();

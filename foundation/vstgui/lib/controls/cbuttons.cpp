@@ -1,0 +1,144 @@
+#include "vstgui/lib/controls/cbuttons.h"
+
+#include "vstgui/lib/cbitmap.h"
+#include "vstgui/lib/cdrawcontext.h"
+
+namespace VSTGUI {
+
+namespace {
+
+bool isPlainReturn(const VstKeyCode& keyCode) {
+    return keyCode.modifier == 0 && (keyCode.virt == VKEY_RETURN || keyCode.virt == VKEY_ENTER);
+}
+
+bool fitTo(CControl& control, CCoord pictureHeight) {
+    const CRect fitting(control.getViewSize().getTopLeft(),
+                        CPoint(control.getBackground()->getWidth(), pictureHeight));
+    control.setViewSize(fitting, true);
+    control.setMouseableArea(fitting);
+    return true;
+}
+
+} // namespace
+
+COnOffButton::COnOffButton(const CRect& viewSize, CControlListener* controlListener,
+                           int32_t controlTag, CBitmap* background, int32_t styleBits)
+    : CControl(viewSize, controlListener, controlTag, background), style(styleBits) {
+    setWantsFocus(true);
+}
+
+COnOffButton::COnOffButton(const COnOffButton& button) = default;
+
+COnOffButton::~COnOffButton() = default;
+
+void COnOffButton::draw(CDrawContext* context) {
+    if (CBitmap* strip = getBackground()) {
+        const CCoord on = value == vmax ? strip->getHeight() / 2 : 0;
+        strip->draw(context, size, CPoint(0, on));
+    }
+    setDirty(false);
+}
+
+CMouseEventResult COnOffButton::onMouseDown(CPoint& /*where*/, const CButtonState& buttons) {
+    if (!buttons.isLeftButton())
+        return kMouseEventNotHandled;
+    toggle();
+    return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
+}
+
+int32_t COnOffButton::onKeyDown(VstKeyCode& keyCode) {
+    if (!isPlainReturn(keyCode))
+        return -1;
+    toggle();
+    return 1;
+}
+
+void COnOffButton::toggle() {
+    value = value == vmax ? vmin : vmax;
+    invalid();
+    beginEdit();
+    valueChanged();
+    endEdit();
+}
+
+bool COnOffButton::sizeToFit() {
+    return getBackground() && fitTo(*this, getBackground()->getHeight() / 2);
+}
+
+CKickButton::CKickButton(const CRect& viewSize, CControlListener* controlListener,
+                         int32_t controlTag, CCoord pictureHeight, CBitmap* background,
+                         const CPoint& pictureOffset)
+    : CControl(viewSize, controlListener, controlTag, background), offset(pictureOffset) {
+    heightOfOneImage = pictureHeight;
+    subPixmaps = 2;
+    setWantsFocus(true);
+}
+
+CKickButton::CKickButton(const CKickButton& button)
+    : CControl(button), IMultiBitmapControl(button), offset(button.offset) {}
+
+CKickButton::~CKickButton() = default;
+
+void CKickButton::draw(CDrawContext* context) {
+    if (CBitmap* strip = getBackground())
+        strip->draw(context, size, offset + CPoint(0, value == vmax ? heightOfOneImage : 0));
+    setDirty(false);
+}
+
+void CKickButton::show(float newValue) {
+    value = newValue;
+    if (isDirty())
+        invalid();
+}
+
+CMouseEventResult CKickButton::onMouseDown(CPoint& where, const CButtonState& buttons) {
+    if (!buttons.isLeftButton())
+        return kMouseEventNotHandled;
+    beginEdit();
+    return onMouseMoved(where, buttons);
+}
+
+CMouseEventResult CKickButton::onMouseMoved(CPoint& where, const CButtonState& buttons) {
+    if (!buttons.isLeftButton())
+        return kMouseEventNotHandled;
+    show(size.pointInside(where) ? vmax : vmin);
+    return kMouseEventHandled;
+}
+
+CMouseEventResult CKickButton::onMouseUp(CPoint& /*where*/, const CButtonState& /*buttons*/) {
+    letGo();
+    return kMouseEventHandled;
+}
+
+int32_t CKickButton::onKeyDown(VstKeyCode& keyCode) {
+    if (!isPlainReturn(keyCode))
+        return -1;
+    if (!heldByKey_) { // not when the key repeats
+        heldByKey_ = true;
+        beginEdit();
+        show(vmax);
+    }
+    return 1;
+}
+
+int32_t CKickButton::onKeyUp(VstKeyCode& keyCode) {
+    if (!heldByKey_ || !isPlainReturn(keyCode))
+        return -1;
+    heldByKey_ = false;
+    letGo();
+    return 1;
+}
+
+void CKickButton::letGo() {
+    if (value != vmin)
+        valueChanged();
+    show(vmin);
+    valueChanged();
+    endEdit();
+}
+
+bool CKickButton::sizeToFit() {
+    return getBackground() && fitTo(*this, heightOfOneImage);
+}
+
+} // namespace VSTGUI

@@ -1,0 +1,272 @@
+#include "vstgui/lib/platform/linux/childprogram.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <spawn.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <time.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <string_view>
+
+#include "vstgui/lib/cvstguitimer.h"
+
+namespace VSTGUI {
+
+namespace {
+
+/// Longer than any answer; whoever writes more has gone wrong.
+constexpr std::size_t kMaxOutputBytes = 1 << 20;
+/// Taken at one look: a pipe holds no more, and a program that never stops cannot hold us.
+constexpr std::size_t kBytesPerLook = 1 << 16;
+
+/// How long a program may take to go after it was asked to, and after it was told to. Both
+/// together pass unnoticed in the user interface.
+constexpr double kAskedMs = 15;
+constexpr double kToldMs = 20;
+/// The same for all that are left when the library goes.
+constexpr double kLibraryEndMs = 50;
+/// How often they are looked at before.
+constexpr int32_t kLeaverMs = 50;
+
+// clang-format off
+/// What a host, or the bundle that it comes in, sets for itself and what breaks a program of the
+/// system.
+constexpr std::string_view kHostsOwn[] = {
+    // the host's versions of libraries in the place of the system's
+    "LD_LIBRARY_PATH", "LD_PRELOAD", "LD_AUDIT",
+    // its loadable parts of GTK, built against those versions
+    "GTK_PATH", "GTK_MODULES", "GTK3_MODULES", "GTK_EXE_PREFIX", "GTK_DATA_PREFIX",
+    "GTK_IM_MODULE_FILE", "GTK2_RC_FILES", "GDK_PIXBUF_MODULE_FILE", "GDK_PIXBUF_MODULEDIR",
+    "GIO_MODULE_DIR", "GIO_EXTRA_MODULES", "GI_TYPELIB_PATH", "GSETTINGS_SCHEMA_DIR",
+    // of Pango and fontconfig
+    "PANGO_LIBDIR", "PANGO_SYSCONFDIR", "PANGO_RC_FILE", "FONTCONFIG_FILE", "FONTCONFIG_PATH",
+    // of Qt
+    "QT_PLUGIN_PATH", "QT_QPA_PLATFORM_PLUGIN_PATH", "QML2_IMPORT_PATH", "QML_IMPORT_PATH",
+    // of C's character sets
+    "GCONV_PATH", "LOCPATH",
+    // written anew below: the dialog belongs to an X11 window
+    "GDK_BACKEND", "QT_QPA_PLATFORM",
+};
+// clang-format on
+
+/// As the C library chooses the character set.
+bool speaksUtf8() {
+    for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"})
+        if (const char* locale = getenv(name); locale && *locale)
+            return strcasestr(locale, "utf-8") || strcasestr(locale, "utf8");
+    return false;
+}
+
+/// A `char*` each and a null at the end, as C takes them. They point into `texts`.
+std::vector<char*> pointersTo(std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    for (std::string& text : texts)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+/// A pipe of which no other child gets an end and whose ends are no standard files.
+bool openPipe(std::array<int, 2>& ends) {
+    std::array<int, 2> low{};
+    if (pipe2(low.data(), O_CLOEXEC) != 0)
+        return false;
+    for (std::size_t index : {0U, 1U}) {
+        ends[index] = fcntl(low[index], F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+        close(low[index]);
+    }
+    if (ends[0] >= 0 && ends[1] >= 0 && fcntl(ends[0], F_SETFL, O_NONBLOCK) == 0)
+        return true;
+    for (const int end : ends)
+        if (end >= 0)
+            close(end);
+    return false;
+}
+
+pid_t spawn(std::vector<std::string> arguments, int outputFile) {
+    std::vector<std::string> environment = environmentOfChild();
+    posix_spawn_file_actions_t files;
+    posix_spawn_file_actions_init(&files);
+    posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_adddup2(&files, outputFile, STDOUT_FILENO);
+    posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addclosefrom_np(&files, STDERR_FILENO + 1);
+
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    sigset_t signals;
+    sigemptyset(&signals);
+    posix_spawnattr_setsigmask(&attributes, &signals);
+    sigfillset(&signals);
+    posix_spawnattr_setsigdefault(&attributes, &signals);
+    posix_spawnattr_setpgroup(&attributes, 0);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF |
+                                              POSIX_SPAWN_SETPGROUP);
+
+    pid_t process = 0;
+    const int error = posix_spawnp(&process, arguments[0].c_str(), &files, &attributes,
+                                   pointersTo(arguments).data(), pointersTo(environment).data());
+    posix_spawnattr_destroy(&attributes);
+    posix_spawn_file_actions_destroy(&files);
+    return error == 0 ? process : 0;
+}
+
+enum class Life { Runs, Ended, Reaped };
+
+/// Leaves an ended process as it is: as long as that is so, its number is no other's.
+Life lifeOf(pid_t process) {
+    siginfo_t info{};
+    if (waitid(P_PID, static_cast<id_t>(process), &info, WEXITED | WNOHANG | WNOWAIT) != 0)
+        return Life::Reaped; // the host ignores its children's ends, or waits for all of them
+    return info.si_pid == 0 ? Life::Runs : Life::Ended;
+}
+
+double nowMs() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) * 1e-6;
+}
+
+Life lifeWithin(pid_t process, double limitMs) {
+    Life life = lifeOf(process);
+    for (const double end = nowMs() + limitMs; life == Life::Runs && nowMs() < end;) {
+        constexpr timespec kOneMs{0, 1'000'000};
+        nanosleep(&kOneMs, nullptr);
+        life = lifeOf(process);
+    }
+    return life;
+}
+
+/// A process that did not go in time although it was told to: the system holds it back. Reaped
+/// from the pump, and where no editor is open any more at the library's end.
+class Leaver : public CBaseObject {
+public:
+    explicit Leaver(pid_t process)
+        : process_(process), timer_(new CVSTGUITimer(this, kLeaverMs)), next_(first) {
+        first = this;
+        timer_->start();
+    }
+    ~Leaver() override {
+        Leaver** link = &first;
+        while (*link != this)
+            link = &(*link)->next_;
+        *link = next_;
+        timer_->forget();
+    }
+    CMessageResult notify(CBaseObject* /*timer*/, IdStringPtr /*message*/) override {
+        reapWithin(0);
+        return kMessageNotified;
+    }
+    static void reapAllWithin(double limitMs) {
+        const double end = nowMs() + limitMs;
+        for (Leaver* leaver = first; leaver;) {
+            Leaver* const next = leaver->next_;
+            leaver->reapWithin(end - nowMs());
+            leaver = next;
+        }
+    }
+
+private:
+    void reapWithin(double limitMs) {
+        if (lifeWithin(process_, limitMs) == Life::Runs)
+            return;
+        waitpid(process_, nullptr, WNOHANG);
+        forget();
+    }
+
+    static Leaver* first;
+
+    pid_t process_;
+    CVSTGUITimer* timer_;
+    Leaver* next_;
+};
+
+Leaver* Leaver::first = nullptr;
+
+[[gnu::destructor]] void reapAllAtLibraryEnd() {
+    Leaver::reapAllWithin(kLibraryEndMs);
+}
+
+void endGroup(pid_t process) {
+    if (lifeOf(process) == Life::Reaped)
+        return;
+    kill(-process, SIGTERM);
+    if (lifeWithin(process, kAskedMs) == Life::Reaped)
+        return;
+    kill(-process, SIGKILL); // whom it has started too: they may have stayed
+    if (lifeWithin(process, kToldMs) == Life::Runs)
+        new Leaver(process); // until it has gone
+    else
+        waitpid(process, nullptr, WNOHANG);
+}
+
+} // namespace
+
+std::vector<std::string> environmentOfChild() {
+    const bool isUtf8 = speaksUtf8();
+    std::vector<std::string> lines{"GDK_BACKEND=x11", "QT_QPA_PLATFORM=xcb"};
+    if (!isUtf8) // names with other letters than English would come back with question marks
+        lines.emplace_back("LC_CTYPE=C.UTF-8");
+    for (char** line = environ; line && *line; ++line) {
+        const std::string_view name(*line, strcspn(*line, "="));
+        const bool isReplaced = !isUtf8 && (name == "LC_ALL" || name == "LC_CTYPE");
+        if (!isReplaced &&
+            std::find(std::begin(kHostsOwn), std::end(kHostsOwn), name) == std::end(kHostsOwn))
+            lines.emplace_back(*line);
+    }
+    return lines;
+}
+
+std::unique_ptr<ChildProgram> ChildProgram::start(const std::vector<std::string>& arguments) {
+    std::array<int, 2> ends{};
+    if (!openPipe(ends))
+        return nullptr;
+    const pid_t process = spawn(arguments, ends[1]);
+    close(ends[1]);
+    if (process == 0) {
+        close(ends[0]);
+        return nullptr;
+    }
+    return std::unique_ptr<ChildProgram>(new ChildProgram(process, ends[0]));
+}
+
+ChildProgram::~ChildProgram() {
+    close(outputFile_);
+    if (process_ != 0)
+        endGroup(process_);
+}
+
+bool ChildProgram::hasEnded() {
+    if (process_ == 0)
+        return true;
+    int status = 0;
+    const pid_t ended = waitpid(process_, &status, WNOHANG);
+    readOutput(); // after the look at the process: an ended one has written all it had to
+    if (output_.size() > kMaxOutputBytes)
+        endGroup(process_);
+    else if (ended == 0 || (ended < 0 && errno == EINTR))
+        return false;
+    else // where somebody else has reaped it, what it wrote must do
+        succeeded_ = ended < 0 || (WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    process_ = 0;
+    return true;
+}
+
+void ChildProgram::readOutput() {
+    std::array<char, 4096> bytes;
+    for (std::size_t taken = 0; taken < kBytesPerLook;) {
+        const ssize_t count = read(outputFile_, bytes.data(), bytes.size());
+        if (count <= 0) // nothing more now, or ever
+            return;
+        output_.append(bytes.data(), static_cast<std::size_t>(count));
+        taken += static_cast<std::size_t>(count);
+    }
+}
+
+} // namespace VSTGUI

@@ -1,0 +1,153 @@
+#include "vstgui/lib/platform/offscreen/offscreenframe.h"
+
+#include <cctype>
+#include <string>
+
+#include "vstgui/lib/cframe.h"
+#include "vstgui/lib/cvstguitimer.h"
+#include "vstgui/lib/platform/offscreen/offscreenmenu.h"
+
+namespace VSTGUI {
+
+namespace {
+
+unsigned char modifierByte(int32_t modifiers) {
+    return static_cast<unsigned char>(modifiers);
+}
+
+/// The bytes of the character that `text` begins with, from its first one.
+std::size_t lengthOfCharacter(UTF8StringPtr text) {
+    const auto first = static_cast<unsigned char>(*text);
+    const std::size_t wanted = first < 0xC0 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+    std::size_t length = 1;
+    while (length < wanted && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
+        ++length;
+    return length;
+}
+
+int32_t codePointOf(const std::string& character) {
+    const auto first = static_cast<unsigned char>(character[0]);
+    if (character.size() == 1)
+        return std::tolower(first);
+    int32_t codePoint = first & (0x7F >> character.size());
+    for (std::size_t i = 1; i < character.size(); ++i)
+        codePoint = codePoint << 6 | (character[i] & 0x3F);
+    return codePoint;
+}
+
+} // namespace
+
+OffscreenFrame::OffscreenFrame(IPlatformFrameCallback* callback, const CRect& size)
+    : BufferedFrame(callback, size), frame_(static_cast<CFrame*>(callback)) {}
+
+OffscreenFrame::~OffscreenFrame() = default;
+
+IPlatformFrame* OffscreenFrame::create(IPlatformFrameCallback* callback, const CRect& size,
+                                       void* /*parent*/) {
+    return new OffscreenFrame(callback, size);
+}
+
+OffscreenFrame& OffscreenFrame::of(const CFrame& frame) {
+    return static_cast<OffscreenFrame&>(*frame.getPlatformFrame());
+}
+
+void OffscreenFrame::note(CCoord x, CCoord y, CButtonState buttons) {
+    mouse_ = CPoint(x, y);
+    buttons_ = buttons & ~(kDoubleClick | kMouseWheelInverted);
+}
+
+// Mouse and keyboard
+
+CMouseEventResult OffscreenFrame::mouseDown(CCoord x, CCoord y, CButtonState buttons) {
+    note(x, y, buttons);
+    return sendMouseDown(CPoint(x, y), buttons);
+}
+
+CMouseEventResult OffscreenFrame::mouseMove(CCoord x, CCoord y, CButtonState buttons) {
+    note(x, y, buttons);
+    return sendMouseMoved(CPoint(x, y), buttons);
+}
+
+CMouseEventResult OffscreenFrame::mouseUp(CCoord x, CCoord y, CButtonState buttons) {
+    note(x, y, buttons);
+    return sendMouseUp(CPoint(x, y), buttons);
+}
+
+CMouseEventResult OffscreenFrame::mouseExit(CCoord x, CCoord y, CButtonState buttons) {
+    note(x, y, buttons);
+    return sendMouseExited(CPoint(x, y), buttons);
+}
+
+bool OffscreenFrame::wheel(CCoord x, CCoord y, float distance, CButtonState buttons,
+                           CMouseWheelAxis axis) {
+    note(x, y, buttons);
+    return sendWheel(CPoint(x, y), axis, distance, buttons);
+}
+
+bool OffscreenFrame::keyDown(VstVirtualKey key, int32_t modifiers) {
+    return sendKeyDown({0, static_cast<unsigned char>(key), modifierByte(modifiers)}, nullptr);
+}
+
+bool OffscreenFrame::keyUp(VstVirtualKey key, int32_t modifiers) {
+    return sendKeyUp({0, static_cast<unsigned char>(key), modifierByte(modifiers)});
+}
+
+bool OffscreenFrame::typeText(UTF8StringPtr text, int32_t modifiers) {
+    const CBaseObjectGuard self(this);
+    bool used = true;
+    for (; *text; text += lengthOfCharacter(text)) {
+        const std::string character(text, lengthOfCharacter(text));
+        used &=
+            sendKeyDown({codePointOf(character), 0, modifierByte(modifiers)}, character.c_str());
+    }
+    return used;
+}
+
+void OffscreenFrame::activate(bool state) {
+    sendActivate(state);
+}
+
+bool OffscreenFrame::turn() {
+    const CBaseObjectGuard self(this);
+    CVSTGUITimer::fireDueTimers();
+    if (!isClosed())
+        frame_->idle();
+    paintInvalid();
+    return !isClosed();
+}
+
+// What the frame asks for
+
+void OffscreenFrame::paintInvalid() {
+    lastPainted_ = paintBuffer();
+}
+
+bool OffscreenFrame::getGlobalPosition(CPoint& pos) const {
+    pos = CPoint(0, 0);
+    return true;
+}
+
+bool OffscreenFrame::getCurrentMousePosition(CPoint& where) const {
+    where = mouse_;
+    return true;
+}
+
+bool OffscreenFrame::getCurrentMouseButtons(CButtonState& buttons) const {
+    buttons = buttons_;
+    return true;
+}
+
+bool OffscreenFrame::setMouseCursor(CCursorType type) {
+    cursor_ = type;
+    return true;
+}
+
+void* OffscreenFrame::getPlatformRepresentation() const {
+    return nullptr;
+}
+
+IPlatformOptionMenu* OffscreenFrame::createPlatformOptionMenu() {
+    return createOffscreenOptionMenu(*this);
+}
+
+} // namespace VSTGUI

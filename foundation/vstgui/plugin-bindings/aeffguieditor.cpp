@@ -1,0 +1,127 @@
+#include "vstgui/plugin-bindings/aeffguieditor.h"
+
+#include "vst24/AudioEffectX.h"
+#include "vstgui/lib/cvstguitimer.h"
+#include "vstgui/lib/platform/iplatformframe.h"
+
+namespace VSTGUI {
+
+namespace {
+
+int32_t sharedKnobMode = kCircularMode; // one choice of the user for all editors
+
+AudioEffectX* extended(AudioEffect* effect) {
+    return static_cast<AudioEffectX*>(effect);
+}
+
+} // namespace
+
+AEffGUIEditor::AEffGUIEditor(void* newEffect)
+    : AEffEditor(static_cast<AudioEffect*>(newEffect)), rect{} {
+    if (effect)
+        effect->setEditor(this);
+}
+
+AEffGUIEditor::~AEffGUIEditor() = default;
+
+bool AEffGUIEditor::getRect(ERect** outRect) {
+    *outRect = &rect;
+    return true;
+}
+
+bool AEffGUIEditor::open(void* window) {
+    return AEffEditor::open(window);
+}
+
+void AEffGUIEditor::idle() {
+    if (inIdleStuff_ || inTurn_)
+        return;
+    AEffEditor::idle();
+    inTurn_ = true;
+    turn();
+    inTurn_ = false;
+}
+
+/// The frame may close in each of the four steps, so each looks at it anew.
+void AEffGUIEditor::turn() {
+    if (IPlatformFrame* const window = openPlatformFrame()) {
+        const CBaseObjectGuard held(window);
+        window->pumpEvents();
+    }
+    CVSTGUITimer::fireDueTimers();
+    if (frame)
+        frame->idle();
+    if (IPlatformFrame* const window = openPlatformFrame()) {
+        const CBaseObjectGuard held(window);
+        window->paintInvalid();
+    }
+}
+
+IPlatformFrame* AEffGUIEditor::openPlatformFrame() const {
+    return frame ? frame->getPlatformFrame() : nullptr;
+}
+
+void AEffGUIEditor::doIdleStuff() {
+    if (inIdleStuff_ || !effect)
+        return;
+    inIdleStuff_ = true;
+    effect->masterIdle();
+    inIdleStuff_ = false;
+}
+
+bool AEffGUIEditor::onKeyDown(VstKeyCode& keyCode) {
+    if (IPlatformFrame* const window = openPlatformFrame()) {
+        const CBaseObjectGuard held(window);
+        if (window->filterKeyDown(keyCode))
+            return true;
+    }
+    return frame && frame->onKeyDown(keyCode) > 0;
+}
+
+bool AEffGUIEditor::onKeyUp(VstKeyCode& keyCode) {
+    return frame && frame->onKeyUp(keyCode) > 0;
+}
+
+bool AEffGUIEditor::onWheel(float distance) {
+    CPoint where;
+    return frame && frame->getCurrentMouseLocation(where) &&
+           static_cast<CView*>(frame)->onWheel(where, distance, frame->getCurrentMouseButtons());
+}
+
+bool AEffGUIEditor::setKnobMode(int32_t val) {
+    sharedKnobMode = val;
+    return true;
+}
+
+int32_t AEffGUIEditor::getKnobMode() const {
+    return sharedKnobMode;
+}
+
+uint32_t AEffGUIEditor::getTicks() {
+    return IPlatformFrame::getTicks();
+}
+
+AudioEffect* AEffGUIEditor::getEffect() {
+    return effect;
+}
+
+void AEffGUIEditor::beginEdit(int32_t index) {
+    if (effect)
+        extended(effect)->beginEdit(index);
+}
+
+void AEffGUIEditor::endEdit(int32_t index) {
+    if (effect)
+        extended(effect)->endEdit(index);
+}
+
+bool AEffGUIEditor::beforeSizeChange(const CRect& newSize, const CRect& /*oldSize*/) {
+    if (!effect)
+        return true;
+    char question[] = "sizeWindow";
+    return extended(effect)->canHostDo(question) > 0 &&
+           extended(effect)->sizeWindow(static_cast<VstInt32>(newSize.width()),
+                                        static_cast<VstInt32>(newSize.height()));
+}
+
+} // namespace VSTGUI

@@ -1,0 +1,267 @@
+#include <gtest/gtest.h>
+
+#include "tests/foundation/vstgui/ToolkitWindow.h"
+
+namespace VSTGUI {
+namespace {
+
+TEST(FrameMouse, APressIsFollowedByMovesAndReleaseWhereItWasHandled) {
+    struct Row {
+        CMouseEventResult result;
+        const char* expected;
+    };
+    for (const Row row :
+         {Row{kMouseEventHandled, "a down, a move, a up, b enter"},
+          Row{kMouseDownEventHandledButDontNeedMovedOrUpEvents, "a down, b enter, b move"},
+          Row{kMouseEventNotHandled, "a down, b enter, b move"}}) {
+        ToolkitWindow w;
+        ScriptedControl* const a = w.add("a", CRect(0, 0, 50, 50));
+        w.add("b", CRect(50, 0, 100, 50));
+        a->result = row.result;
+        w.window().mouseDown(10, 10);
+        a->result = kMouseEventHandled;
+        w.window().mouseMove(60, 10, kLButton);
+        w.window().mouseUp(60, 10);
+        EXPECT_EQ(w.log.take(), row.expected) << "result " << row.result;
+    }
+}
+
+TEST(FrameMouse, ACapturedViewThatDoesNotWantAMoveLosesTheRelease) {
+    ToolkitWindow w;
+    ScriptedControl* const a = w.add("a", CRect(0, 0, 50, 50));
+    w.window().mouseDown(10, 10);
+    a->result = kMouseEventNotHandled;
+    w.window().mouseMove(150, 80, kLButton);
+    w.window().mouseUp(150, 80);
+    EXPECT_EQ(w.log.take(), "a down, a move");
+}
+
+TEST(FrameMouse, PressAndWheelFallThroughTransparentViewsAlone) {
+    ToolkitWindow w;
+    LoggingContainer* const box = w.addContainer("box", CRect(0, 0, 50, 50));
+    w.add("bottom", CRect(0, 0, 50, 50), box);
+    ScriptedControl* const top = w.add("top", CRect(0, 0, 50, 50), box);
+    ScriptedControl* const off = w.add("off", CRect(0, 0, 50, 50), box);
+    off->setMouseEnabled(false);
+    top->result = off->result = kMouseEventNotHandled;
+    w.window().mouseDown(10, 10);
+    EXPECT_FALSE(w.window().wheel(10, 10, 1)) << "it reaches a disabled view";
+    EXPECT_EQ(w.log.take(), "top down, off wheel 1");
+    top->setTransparency(true);
+    off->setTransparency(true);
+    w.window().mouseDown(10, 10);
+    w.window().mouseUp(90, 10);
+    EXPECT_TRUE(w.window().wheel(10, 10, -1));
+    EXPECT_EQ(w.log.take(),
+              "top down, bottom down, bottom up, off wheel -1, top wheel -1, bottom wheel -1");
+    EXPECT_EQ(w.theFrame().getViewAt(CPoint(10, 10), true), off) << "found all the same";
+}
+
+TEST(FrameMouse, TheWheelIsIgnoredDuringADragAndReversesOnItsOtherAxis) {
+    ToolkitWindow w;
+    w.add("a", CRect(0, 0, 50, 50));
+    w.window().wheel(10, 10, 1, 0, kMouseWheelAxisX);
+    w.window().mouseDown(10, 10);
+    EXPECT_FALSE(w.window().wheel(10, 10, 1, kLButton));
+    EXPECT_EQ(w.log.take(), "a wheel -1, a down");
+}
+
+TEST(FrameMouse, ViewsAreEnteredFromTheOutsideAndLeftFromTheInside) {
+    ToolkitWindow w;
+    LoggingContainer* const box = w.addContainer("box", CRect(20, 20, 80, 80));
+    ScriptedControl* const in = w.add("in", CRect(0, 0, 10, 10), box);
+    w.add("other", CRect(100, 0, 150, 50));
+    in->result = kMouseEventNotHandled;
+
+    w.window().mouseMove(25, 26, kLButton | kShift);
+    EXPECT_EQ(w.log.take(), "box enter, in enter, in move");
+    EXPECT_EQ(in->lastWhere, CPoint(5, 6)) << "the space of the container";
+    EXPECT_EQ(in->lastButtons(), kShift) << "without a press of its own, no buttons";
+    w.window().mouseMove(70, 70);
+    EXPECT_EQ(w.log.take(), "in exit");
+    w.window().mouseMove(110, 10);
+    EXPECT_EQ(w.log.take(), "box exit, other enter, other move");
+    w.window().mouseDown(110, 10);
+    w.window().mouseExit(-5, 10, kLButton);
+    w.window().mouseMove(-5, 10, kLButton);
+    EXPECT_EQ(w.log.take(), "other down, other move") << "no exit during a drag";
+    w.window().mouseUp(-5, 10);
+    EXPECT_EQ(w.log.take(), "other up, other exit");
+    w.window().mouseMove(110, 10);
+    w.window().mouseExit(-5, 10);
+    EXPECT_EQ(w.log.take(), "other enter, other move, other exit");
+}
+
+TEST(FrameMouse, AModifierClickAsksTheListenerBeforeTheControl) {
+    ToolkitWindow w;
+    w.add("a", CRect(0, 0, 50, 50));
+    w.window().mouseDown(10, 10, kLButton | kAlt);
+    w.window().mouseDown(10, 10, kRButton);
+    EXPECT_EQ(w.log.take(), "modifier click, modifier click, a down");
+}
+
+TEST(FrameMouse, AnEdgeBelongsToOneViewOnly) {
+    ToolkitWindow w;
+    CView* const a = w.add("a", CRect(0, 0, 50, 50));
+    CView* const b = w.add("b", CRect(50, 0, 100, 50));
+    EXPECT_EQ(w.theFrame().getViewAt(CPoint(49.5, 0)), a);
+    EXPECT_EQ(w.theFrame().getViewAt(CPoint(50, 0)), b);
+    EXPECT_EQ(w.theFrame().getViewAt(CPoint(60, 50)), nullptr);
+}
+
+// Membership changes while an event is delivered
+
+TEST(FrameMembership, AViewThatLeavesInItsOwnPressIsNotCaptured) {
+    for (const bool forget : {true, false}) {
+        ToolkitWindow w;
+        ScriptedControl* const a = w.add("a", CRect(0, 0, 50, 50));
+        a->script["down"] = [&] { w.theFrame().removeView(a, forget); };
+        w.window().mouseDown(10, 10);
+        w.window().mouseMove(12, 10, kLButton);
+        w.window().mouseUp(12, 10);
+        EXPECT_EQ(w.log.take(), forget ? "a down, a gone" : "a down");
+        if (!forget)
+            a->forget();
+    }
+}
+
+TEST(FrameMembership, AViewTakenAwayInItsDragGetsOneRelease) {
+    ToolkitWindow w;
+    LoggingContainer* const box = w.addContainer("box", CRect(20, 20, 80, 80));
+    ScriptedControl* const a = w.add("a", CRect(0, 0, 50, 50), box);
+    w.window().mouseDown(30, 30);
+    w.window().mouseMove(90, 31, kLButton | kShift);
+    w.log.take();
+    w.theFrame().removeView(box, false);
+    EXPECT_EQ(w.log.take(), "a up");
+    EXPECT_EQ(a->lastWhere, CPoint(70, 11));
+    EXPECT_EQ(a->lastButtons(), kShift);
+    w.window().mouseUp(90, 31);
+    EXPECT_EQ(w.log.take(), "");
+    box->forget();
+}
+
+/// Run under the address sanitizer this is about memory; here it is about getting to the end.
+TEST(FrameMembership, AnyCallbackMayChangeTheTree) {
+    for (const char* event : {"down", "move", "up", "enter", "exit", "wheel 1", "key", "value",
+                              "takes focus", "loses focus"}) {
+        for (const char* action : {"self", "sibling", "parent", "everything", "close", "modal"}) {
+            SCOPED_TRACE(std::string(action) + " in " + event);
+            ToolkitWindow w;
+            LoggingContainer* const box = w.addContainer("box", CRect(0, 0, 100, 100));
+            ScriptedControl* const a = w.add("a", CRect(0, 0, 50, 50), box);
+            ScriptedControl* const b = w.add("b", CRect(50, 0, 100, 50), box);
+            a->setWantsFocus(true);
+            b->setWantsFocus(true);
+            bool done = false;
+            const auto act = [&] {
+                const std::string what = std::exchange(done, true) ? "" : action;
+                if (what == "self")
+                    box->removeView(a);
+                else if (what == "sibling")
+                    box->removeView(b);
+                else if (what == "parent")
+                    w.theFrame().removeView(box);
+                else if (what == "everything")
+                    w.theFrame().removeAll();
+                else if (what == "close")
+                    w.close();
+                else if (what == "modal")
+                    w.theFrame().setModalView(new ScriptedControl("m", CRect(0, 0, 9, 9), w.log));
+            };
+            a->script["up"] = [&] { a->checkDefaultValue(kLButton | kControl); };
+            if (std::string(event) == "value")
+                w.onValue = act;
+            a->script[event] = act;
+            const auto whileOpen = [&](const std::function<void(OffscreenFrame&)>& step) {
+                if (w.isOpen())
+                    step(w.window());
+            };
+            whileOpen([](auto& window) { window.mouseMove(10, 10); });
+            whileOpen([](auto& window) { window.mouseDown(10, 10); });
+            whileOpen([](auto& window) { window.mouseMove(20, 10, kLButton); });
+            whileOpen([](auto& window) { window.mouseUp(20, 10); });
+            whileOpen([](auto& window) { window.wheel(20, 10, 1); });
+            whileOpen([](auto& window) { window.keyDown(VKEY_UP); });
+            whileOpen([](auto& window) { window.mouseDown(60, 10); });
+            whileOpen([](auto& window) { window.mouseUp(60, 10); });
+            whileOpen([](auto& window) { window.mouseMove(150, 80); });
+            whileOpen([](auto& window) { window.turn(); });
+            if (w.isOpen())
+                if (CView* const modal = w.theFrame().getModalView()) {
+                    w.theFrame().setModalView(nullptr);
+                    modal->forget();
+                }
+        }
+    }
+}
+
+TEST(FrameMembership, TheTreeTakesOverTheCreatorsReferenceAndAddsItsOwn) {
+    ToolkitWindow w;
+    ScriptedControl* const a = w.add("a", CRect(0, 0, 50, 50));
+    EXPECT_EQ(a->getNbReference(), 2);
+    EXPECT_FALSE(w.theFrame().addView(a));
+    w.theFrame().removeView(a, false);
+    EXPECT_EQ(a->getNbReference(), 1);
+    EXPECT_FALSE(a->isAttached());
+    EXPECT_TRUE(w.theFrame().addView(a));
+    w.close();
+    EXPECT_EQ(w.log.take(), "a gone");
+}
+
+TEST(FrameMembership, AContainersCopyHasCopiesOfTheChildren) {
+    auto* const box = new CViewContainer(CRect(0, 0, 10, 10));
+    box->addView(new CView(CRect(1, 2, 3, 4)));
+    auto* const copy = static_cast<CViewContainer*>(box->newCopy());
+    box->forget();
+    ASSERT_EQ(copy->getNbViews(), 1);
+    EXPECT_EQ(copy->getView(0)->getViewSize(), CRect(1, 2, 3, 4));
+    copy->forget();
+}
+
+// The modal view
+
+TEST(FrameModal, AModalViewHasTheMouseToItself) {
+    ToolkitWindow w;
+    w.add("a", CRect(0, 0, 50, 50));
+    w.window().mouseMove(10, 10);
+    auto* const modal = new ScriptedControl("m", CRect(100, 0, 150, 50), w.log);
+    ASSERT_TRUE(w.theFrame().setModalView(modal));
+    EXPECT_FALSE(w.theFrame().setModalView(modal));
+    w.window().mouseDown(10, 10);
+    w.window().mouseUp(10, 10);
+    EXPECT_EQ(w.theFrame().getViewAt(CPoint(10, 10)), nullptr);
+    w.window().mouseDown(110, 10);
+    w.window().mouseMove(10, 10, kLButton);
+    w.window().mouseUp(10, 10);
+    EXPECT_EQ(w.log.take(), "a enter, a move, a exit, m down, m move, m up");
+    w.theFrame().setModalView(nullptr);
+    EXPECT_EQ(modal->getNbReference(), 1) << "its creator's again";
+    modal->forget();
+}
+
+TEST(FrameModal, AModalViewMayCloseItselfInItsPress) {
+    ToolkitWindow w;
+    auto* const modal = new ScriptedControl("m", CRect(0, 0, 50, 50), w.log);
+    modal->script["down"] = [&] {
+        w.theFrame().setModalView(nullptr);
+        modal->forget();
+    };
+    w.theFrame().setModalView(modal);
+    w.window().mouseDown(10, 10);
+    w.window().mouseUp(10, 10);
+    EXPECT_EQ(w.log.take(), "m down, m gone");
+    EXPECT_EQ(w.theFrame().getModalView(), nullptr);
+}
+
+TEST(FrameModal, ClosingTheFrameLeavesAModalViewToItsCreator) {
+    ToolkitWindow w;
+    auto* const modal = new ScriptedControl("m", CRect(0, 0, 50, 50), w.log);
+    w.theFrame().setModalView(modal);
+    w.close();
+    EXPECT_EQ(modal->getNbReference(), 1);
+    modal->forget();
+}
+
+} // namespace
+} // namespace VSTGUI

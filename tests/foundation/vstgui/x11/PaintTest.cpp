@@ -1,0 +1,97 @@
+#include "tests/foundation/vstgui/x11/EditorInHost.h"
+#include "vstgui/lib/cdrawcontext.h"
+
+namespace VSTGUI {
+namespace {
+
+/// One colour, and a count of its drawings.
+class Patch : public CView {
+public:
+    Patch(const CRect& r, CColor c) : CView(r), color(c) {}
+    void draw(CDrawContext* context) override {
+        ++drawings;
+        context->setFillColor(color);
+        context->drawRect(getViewSize(), kDrawFilled);
+        setDirty(false);
+    }
+    CColor color;
+    int drawings = 0;
+    CLASS_METHODS_NOCOPY(Patch, CView)
+
+protected:
+    ~Patch() override = default;
+};
+
+/// Runs the same on each kind of server and of the host's window.
+struct Kind {
+    const char* story;
+    std::vector<std::string> options;
+    uint8_t depth;
+};
+
+class X11Paint : public testing::TestWithParam<Kind> {};
+
+TEST_P(X11Paint, OnlyWhatChangedIsDrawnAndWhatWasCoveredComesBack) {
+    const auto server = XServer::start(GetParam().options);
+    if (!server)
+        GTEST_SKIP() << "Xvfb is not installed";
+    server->use();
+    {
+        EditorInHost w(GetParam().depth);
+        auto* const red = new Patch(CRect(0, 0, 100, 300), CColor(200, 10, 20, 255));
+        auto* const blue = new Patch(CRect(300, 100, 400, 300), CColor(10, 20, 200, 255));
+        w.editor.theFrame().addView(red);
+        w.editor.theFrame().addView(blue);
+        w.settle();
+        EXPECT_EQ(w.host.pixelAt(50, 50), 0xC80A14U);
+        EXPECT_EQ(w.host.pixelAt(399, 299), 0x0A14C8U);
+        EXPECT_EQ(w.host.pixelAt(200, 50), 0x000000U);
+
+        const int before = red->drawings;
+        blue->color = CColor(1, 2, 3, 255);
+        blue->setDirty();
+        w.settle();
+        EXPECT_EQ(w.host.pixelAt(350, 200), 0x010203U);
+        EXPECT_EQ(red->drawings, before) << "the other was not drawn";
+
+        const xcb_window_t cover = w.host.cover(20, 20, 50, 50);
+        EXPECT_EQ(w.host.pixelAt(50, 50), 0x00FF00U);
+        w.host.uncover(cover);
+        w.settle();
+        EXPECT_EQ(w.host.pixelAt(50, 50), 0xC80A14U);
+        EXPECT_EQ(red->drawings, before) << "copied, not drawn anew";
+
+        w.editor.theFrame().setScaleFactor(1.5);
+        w.settle();
+        EXPECT_EQ(w.host.pixelAt(140, 60), 0xC80A14U);
+        EXPECT_EQ(w.host.pixelAt(160, 60), 0x000000U);
+    }
+    sharedXServer();
+}
+
+INSTANTIATE_TEST_SUITE_P(, X11Paint,
+                         testing::Values(Kind{"Shared", {}, 24}, Kind{"SharedAlpha", {}, 32},
+                                         Kind{"Pieces", {"-extension", "MIT-SHM"}, 24}),
+                         [](const auto& kind) { return kind.param.story; });
+
+TEST(X11Idle, AnEmptyTurnDrawsAndSendsNothing) {
+    PEDL_NEEDS_DISPLAY();
+    EditorInHost w;
+    auto* const patch = new Patch(CRect(0, 0, 100, 100), CColor(1, 2, 3, 255));
+    w.editor.theFrame().addView(patch);
+    w.settle();
+    xcb_connection_t* const xcb = w.editor.window().connection().xcb();
+    const uint64_t sentBytes = xcb_total_written(xcb);
+    const int drawings = patch->drawings;
+    constexpr int kTurns = 20000;
+    const auto start = std::chrono::steady_clock::now();
+    for (int turn = 0; turn < kTurns; ++turn)
+        w.editor.idle();
+    const std::chrono::duration<double, std::micro> took = std::chrono::steady_clock::now() - start;
+    std::printf("an idle turn takes %.2f microseconds\n", took.count() / kTurns);
+    EXPECT_EQ(xcb_total_written(xcb), sentBytes);
+    EXPECT_EQ(patch->drawings, drawings);
+}
+
+} // namespace
+} // namespace VSTGUI
