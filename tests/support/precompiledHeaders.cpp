@@ -1,0 +1,1 @@
+// Carries the headers that tests/CMakeLists.txt has precompiled, and nothing else.
