@@ -58,6 +58,13 @@ protected:
             return portal->output().find(text) != std::string::npos;
         });
     }
+    /// Returns when the portal has taken the call and its answer has had time to arrive.
+    void show() {
+        ASSERT_EQ(start(createSystemFileDialog(0)), State::Open);
+        ASSERT_TRUE(portalSays("OpenFile"));
+        for (int turn = 0; turn < 20; ++turn, usleep(5000))
+            EXPECT_EQ(look(), State::Open);
+    }
     State ask() {
         const State started = start(createSystemFileDialog(0));
         return started == State::Open ? end() : started;
@@ -155,8 +162,7 @@ TEST_F(PortalDialog, GivesWayToTheNextDialogWhereNobodySawIt) {
 
 TEST_F(PortalDialog, IsClosedWithTheEditor) {
     startPortal({"show"});
-    ASSERT_EQ(start(createSystemFileDialog(0)), State::Open);
-    ASSERT_TRUE(portalSays("OpenFile"));
+    show();
     clock.advance(60000);
     EXPECT_EQ(look(), State::Open) << "the user takes what time it takes";
     close();
@@ -169,10 +175,7 @@ TEST_F(PortalDialog, CountsAsCancelledWhenItDies) {
     EXPECT_TRUE(paths.empty());
     portal.reset();
     startPortal({"show"});
-    start(createSystemFileDialog(0));
-    ASSERT_TRUE(portalSays("OpenFile"));
-    for (int turn = 0; turn < 20; ++turn, usleep(5000))
-        EXPECT_EQ(look(), State::Open);
+    show();
     bus.reset();
     EXPECT_EQ(end(), State::Ended);
     EXPECT_TRUE(paths.empty());
