@@ -3,7 +3,6 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
-#include <regex>
 #include <sstream>
 #include <stdexcept>
 
@@ -19,7 +18,10 @@ std::uint32_t calendarSeconds() {
 
 /// The word as the shell gives it back unchanged.
 std::string quoted(const std::string& word) {
-    return "'" + std::regex_replace(word, std::regex("'"), "'\\''") + "'";
+    std::string text = "'";
+    for (const char c : word)
+        text += c == '\'' ? "'\\''" : std::string(1, c);
+    return text + "'";
 }
 
 /// The plug-in looks for its user's settings here and finds none: pictures and levels are those of
@@ -75,9 +77,11 @@ Rendering renderByCommand(const std::filesystem::path& command, const std::files
     const std::string report = run(words);
     rendering.calendarTo = calendarSeconds();
 
-    std::smatch factor;
-    if (std::regex_search(report, factor, std::regex("([0-9.]+) *(x|times) realtime")))
-        rendering.realtimeFactor = std::stod(factor[1]);
+    // The report's last words are ": FACTOR times realtime".
+    const std::size_t end = report.rfind(" times realtime");
+    const std::size_t colon = report.rfind(": ", end);
+    if (end != std::string::npos && colon != std::string::npos)
+        rendering.realtimeFactor = std::stod(report.substr(colon + 2, end - colon - 2));
     return rendering;
 }
 
