@@ -49,6 +49,8 @@ input == 3 {
     path = substr($0, RSTART + 1, RLENGTH - 2)
     if (path ~ /^(vstgui|vst24)\// && ("foundation/" path) in exists)
         path = "foundation/" path # the toolkit's include paths begin there
+    if (is_quoted && path !~ /\// && file ~ /^foundation\/vst24\//)
+        path = "foundation/vst24/" path # they name one another alone, for either include path
     if (!(path in exists)) {
         if (is_quoted)
             complain(place ": no file \"" path "\" seen from the project's folder")

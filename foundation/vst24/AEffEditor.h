@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/vst24/VstStructures.h"
+#include "VstStructures.h"
 
 class AudioEffect;
 

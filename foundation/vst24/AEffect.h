@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/vst24/VstTypes.h"
+#include "VstTypes.h"
 
 /// The record through which a host and a plug-in meet, and the types of the functions in it.
 ///

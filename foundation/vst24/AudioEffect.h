@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/vst24/AEffect.h"
-#include "foundation/vst24/VstOpcodes.h"
+#include "AEffect.h"
+#include "VstOpcodes.h"
 
 class AEffEditor;
 

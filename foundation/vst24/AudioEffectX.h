@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/vst24/AudioEffect.h"
-#include "foundation/vst24/VstStructures.h"
+#include "AudioEffect.h"
+#include "VstStructures.h"
 
 /// The VST 2.x operations on top of `AudioEffect`: what a plug-in derives from.
 ///

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/vst24/VstTypes.h"
+#include "VstTypes.h"
 
 /// Private calls between our own host and our own plug-in, carried by `effVendorSpecific`.
 ///

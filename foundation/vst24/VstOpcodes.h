@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/vst24/VstTypes.h"
+#include "VstTypes.h"
 
 /// The numbers of the calls in both directions, in the interface's own order.
 ///

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/vst24/VstKeyCode.h"
-#include "foundation/vst24/VstTypes.h"
+#include "VstKeyCode.h"
+#include "VstTypes.h"
 
 /// The structures, enumerations and string limits that the calls carry.
 ///
