@@ -12,10 +12,21 @@ const CRect kField(20, 10, 120, 30);
 constexpr int32_t kCtrl = MODIFIER_CONTROL;
 constexpr int32_t kBig = MODIFIER_SHIFT;
 
+class CountingField : public CTextEdit {
+public:
+    using CTextEdit::CTextEdit;
+    void looseFocus() override {
+        ++closings;
+        CTextEdit::looseFocus();
+    }
+    int closings = 0;
+    CLASS_METHODS(CountingField, CTextEdit)
+};
+
 /// A window with one text field.
 class FieldWindow : public ToolkitWindow {
 public:
-    explicit FieldWindow(UTF8StringPtr text) : field(new CTextEdit(kField, this, 1, text)) {
+    explicit FieldWindow(UTF8StringPtr text) : field(new CountingField(kField, this, 1, text)) {
         field->setHoriAlign(kLeftText);
         theFrame().addView(field);
         window().turn();
@@ -36,7 +47,7 @@ public:
         return field->getText();
     }
 
-    CTextEdit* field;
+    CountingField* field;
 };
 
 TEST(TextEdit, APressOpensItWithEverythingSelectedAndReturnTellsTheChange) {
@@ -67,6 +78,7 @@ TEST(TextEdit, EndsInFiveWays) {
         {"Escape restores", End::Escape, "old", ""},
         {"a press elsewhere", End::PressOutside, "new", told + ", other down"},
         {"the window goes inactive", End::Deactivation, "new", told},
+        {"it is taken away", End::Removal, "new", told},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.story);
@@ -85,13 +97,19 @@ TEST(TextEdit, EndsInFiveWays) {
         case End::PressOutside:
             w.window().mouseDown(155, 55);
             break;
-        default:
+        case End::Deactivation:
             w.window().activate(false);
+            break;
+        case End::Removal:
+            w.theFrame().removeView(w.field, false);
             break;
         }
         EXPECT_EQ(w.field->getText(), row.text);
         EXPECT_FALSE(w.isOpenForWriting());
         EXPECT_EQ(w.log.take(), row.log);
+        EXPECT_EQ(w.field->closings, 1);
+        if (row.end == End::Removal)
+            w.field->forget();
     }
 }
 

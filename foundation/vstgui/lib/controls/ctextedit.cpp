@@ -100,8 +100,10 @@ void CTextEdit::looseFocus() {
 }
 
 bool CTextEdit::removed(CView* parent) {
-    closeField();
-    return CTextLabel::removed(parent);
+    const CBaseObjectGuard guard(this);
+    const bool wasAttached = CTextLabel::removed(parent); // gives the focus up: the text is kept
+    closeField();                                         // when the focus was elsewhere
+    return wasAttached;
 }
 
 void CTextEdit::setViewSize(const CRect& newSize, bool invalidates) {
@@ -153,7 +155,8 @@ void CTextEdit::platformLooseFocus(bool returnPressed) {
     bWasReturnPressed = returnPressed;
     if (getFrame() && getFrame()->getFocusView() == this)
         getFrame()->setFocusView(nullptr);
-    looseFocus(); // nothing when the frame has done it
+    if (platformControl) // the frame had given the focus to another view, or was in a change of it
+        looseFocus();
 }
 
 bool CTextEdit::platformOnKeyDown(const VstKeyCode& key) {
