@@ -182,6 +182,17 @@ TEST(Switch, SelectsThePositionUnderTheMouseAndByArrows) {
     EXPECT_FALSE(w.window().keyDown(VKEY_DOWN));
 }
 
+TEST(Switch, TellsAChangeBackToWhatTheScreenStillShows) {
+    StripWindow w(3);
+    auto* across = w.show(new CHorizontalSwitch(kPlace, &w, 1, 3, 60, 3, w.strip));
+    w.click(50, 40);
+    w.log.take();
+    across->setValue(1.0F); // by the host, not drawn yet
+    w.window().keyDown(VKEY_LEFT);
+    EXPECT_FLOAT_EQ(across->getValue(), 0.5F);
+    EXPECT_EQ(w.log.take(), "begin, host begins 1, value, host ends 1, end");
+}
+
 TEST(OnOffButton, TogglesAtThePressAndByReturn) {
     ToolkitWindow w;
     CBitmap* strip = makeStrip(w.theFrame(), 2, 60);
@@ -309,6 +320,21 @@ TEST(ParamDisplay, WritesTheValueByItsConverterElseWithTwoDecimals) {
     display->setDirty();
     display->draw(nullptr);
     EXPECT_TRUE(display->isDirty()) << "not by drawing: there was none";
+}
+
+TEST(ParamDisplay, IsRedrawnWhenItsLookChanges) {
+    auto* display = new ShownText;
+    const auto isRedrawnBy = [&](auto change) {
+        display->setDirty(false);
+        change();
+        return display->isDirty();
+    };
+    EXPECT_TRUE(isRedrawnBy([&] { display->setFontColor(kRedCColor); }));
+    EXPECT_FALSE(isRedrawnBy([&] { display->setFontColor(kRedCColor); }));
+    EXPECT_TRUE(isRedrawnBy([&] { display->setFont(display->getFont()); }));
+    EXPECT_TRUE(isRedrawnBy([&] { display->setAntialias(false); }));
+    EXPECT_TRUE(isRedrawnBy([&] { display->setValueToStringProc(nullptr, display); }));
+    display->forget();
 }
 
 TEST(ParamDisplay, PaintsBackFrameAndText) {

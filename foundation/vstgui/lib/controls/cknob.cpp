@@ -68,9 +68,10 @@ void CKnob::draw(CDrawContext* context) {
 }
 
 bool CKnob::stepBy(float steps, bool fine) {
+    const float before = value;
     value += steps * wheelInc * (fine ? kFineStep : 1.0F);
     bounceValue();
-    if (!isDirty())
+    if (value == before && !isDirty())
         return false;
     beginEdit();
     valueChanged();

@@ -63,6 +63,12 @@ void CParamDisplay::setShadowColor(CColor color) {
     shadowColor = color;
 }
 
+void CParamDisplay::setAntialias(bool state) {
+    if (bAntialias != state)
+        setDirty();
+    bAntialias = state;
+}
+
 void CParamDisplay::setHoriAlign(CHoriTxtAlign align) {
     if (horiTxtAlign != align)
         setDirty();
@@ -76,6 +82,8 @@ void CParamDisplay::setTextInset(const CPoint& p) {
 }
 
 void CParamDisplay::setValueToStringProc(CParamDisplayValueToStringProc proc, void* userData) {
+    if (valueToString != proc || valueToStringUserData != userData)
+        setDirty();
     valueToString = proc;
     valueToStringUserData = userData;
 }

@@ -25,7 +25,7 @@ public:
     CColor getBackColor() const { return backColor; }
     virtual void setFrameColor(CColor color);
     virtual void setShadowColor(CColor color);
-    virtual void setAntialias(bool state) { bAntialias = state; }
+    virtual void setAntialias(bool state);
     virtual void setHoriAlign(CHoriTxtAlign align);
     CHoriTxtAlign getHoriAlign() const { return horiTxtAlign; }
     virtual void setTextInset(const CPoint& p);

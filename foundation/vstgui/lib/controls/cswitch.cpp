@@ -4,6 +4,8 @@
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/cvstguitimer.h"
 
+#include <utility>
+
 namespace VSTGUI {
 
 namespace {
@@ -31,9 +33,10 @@ void drawPicture(CDrawContext* context, CControl& control, const CPoint& source)
     control.setDirty(false);
 }
 
-/// Tells a change that a drag made.
-void tellChange(CControl& control) {
-    if (!control.isDirty())
+/// Tells and shows a new value. One that is on the screen already is told all the same when it has
+/// moved there: another may have been set in between, and whoever did so hears of it.
+void tellChange(CControl& control, bool hasMoved) {
+    if (!hasMoved && !control.isDirty())
         return;
     control.valueChanged();
     control.invalid();
@@ -46,8 +49,9 @@ int32_t stepByKey(CControl& control, int32_t positions, int32_t direction) {
     const int32_t position = nearestPosition(control, positions) + direction;
     if (position < 0 || position >= positions)
         return -1;
+    const float before = control.getValue();
     control.setValueNormalized(static_cast<float>(position) / static_cast<float>(positions - 1));
-    if (!control.isDirty())
+    if (control.getValue() == before && !control.isDirty())
         return -1;
     control.invalid();
     control.beginEdit();
@@ -104,9 +108,10 @@ CMouseEventResult CVerticalSwitch::onMouseDown(CPoint& where, const CButtonState
 CMouseEventResult CVerticalSwitch::onMouseMoved(CPoint& where, const CButtonState& buttons) {
     if (!buttons.isLeftButton())
         return kMouseEventNotHandled;
+    const float before = value;
     value = vmin + (vmax - vmin) * normalisedAt(where.y - size.top, getHeight(), positions_);
     bounceValue();
-    tellChange(*this);
+    tellChange(*this, value != before);
     return kMouseEventHandled;
 }
 
@@ -162,9 +167,10 @@ CMouseEventResult CHorizontalSwitch::onMouseDown(CPoint& where, const CButtonSta
 CMouseEventResult CHorizontalSwitch::onMouseMoved(CPoint& where, const CButtonState& buttons) {
     if (!buttons.isLeftButton())
         return kMouseEventNotHandled;
+    const float before = value;
     value = vmin + (vmax - vmin) * normalisedAt(where.x - size.left, getWidth(), positions_);
     bounceValue();
-    tellChange(*this);
+    tellChange(*this, value != before);
     return kMouseEventHandled;
 }
 
@@ -232,14 +238,14 @@ CMouseEventResult CRockerSwitch::onMouseDown(CPoint& where, const CButtonState& 
 CMouseEventResult CRockerSwitch::onMouseMoved(CPoint& where, const CButtonState& buttons) {
     if (!buttons.isLeftButton())
         return kMouseEventNotHandled;
-    value = sideAt(where);
-    tellChange(*this);
+    const float before = std::exchange(value, sideAt(where));
+    tellChange(*this, value != before);
     return kMouseEventHandled;
 }
 
 CMouseEventResult CRockerSwitch::onMouseUp(CPoint& /*where*/, const CButtonState& /*buttons*/) {
-    value = middle();
-    tellChange(*this);
+    const float before = std::exchange(value, middle());
+    tellChange(*this, value != before);
     endEdit(); // a running timer stays: it belongs to the wheel
     return kMouseEventHandled;
 }
@@ -252,9 +258,9 @@ bool CRockerSwitch::onWheel(const CPoint& /*where*/, const float& distance,
         return true;
     const bool isUp = distance > 0;
     const bool upIsLeast = (style & kHorizontal) == 0;
-    value = isUp == upIsLeast ? vmin : vmax;
+    const float before = std::exchange(value, isUp == upIsLeast ? vmin : vmax);
     beginEdit();
-    tellChange(*this);
+    tellChange(*this, value != before);
     if (!resetValueTimer)
         resetValueTimer = new CVSTGUITimer(this, kRockerWheelMs);
     resetValueTimer->start();
@@ -271,9 +277,9 @@ int32_t CRockerSwitch::onKeyDown(VstKeyCode& keyCode) {
         return -1;
     if (value == side) // the key repeats
         return 1;
-    value = side;
+    const float before = std::exchange(value, side);
     beginEdit();
-    tellChange(*this);
+    tellChange(*this, value != before);
     return 1;
 }
 
@@ -282,8 +288,8 @@ int32_t CRockerSwitch::onKeyUp(VstKeyCode& keyCode) {
                          keyCode.virt == VKEY_UP || keyCode.virt == VKEY_DOWN;
     if (keyCode.modifier != 0 || !isArrow)
         return -1;
-    value = middle();
-    tellChange(*this);
+    const float before = std::exchange(value, middle());
+    tellChange(*this, value != before);
     endEdit();
     return 1;
 }
