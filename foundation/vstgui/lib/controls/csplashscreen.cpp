@@ -87,7 +87,7 @@ CMouseEventResult CSplashScreen::onMouseDown(CPoint& /*where*/, const CButtonSta
 }
 
 bool CSplashScreen::removed(CView* parent) {
-    unSplash();
+    CSplashScreen::unSplash(); // not an override: its listener may be closing the window
     return CControl::removed(parent);
 }
 
