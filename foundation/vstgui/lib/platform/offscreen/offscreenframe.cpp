@@ -38,7 +38,7 @@ int32_t codePointOf(const std::string& character) {
 } // namespace
 
 OffscreenFrame::OffscreenFrame(IPlatformFrameCallback* callback, const CRect& size)
-    : BufferedFrame(callback, size), frame_(static_cast<CFrame*>(callback)) {}
+    : BufferedFrame(callback, size), frame_(dynamic_cast<CFrame*>(callback)) {}
 
 OffscreenFrame::~OffscreenFrame() = default;
 
@@ -110,7 +110,7 @@ void OffscreenFrame::activate(bool state) {
 bool OffscreenFrame::turn() {
     const CBaseObjectGuard self(this);
     CVSTGUITimer::fireDueTimers();
-    if (!isClosed())
+    if (frame_ && !isClosed())
         frame_->idle();
     paintInvalid();
     return !isClosed();

@@ -65,7 +65,7 @@ protected:
 private:
     void note(CCoord x, CCoord y, CButtonState buttons);
 
-    CFrame* frame_; // what `turn` is for
+    CFrame* frame_; // what `turn` is for; null when a callback of another kind made the window
     CPoint mouse_;
     CButtonState buttons_;
     CCursorType cursor_ = kCursorDefault;
