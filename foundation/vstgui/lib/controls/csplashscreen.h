@@ -28,6 +28,7 @@ public:
 
 protected:
     ~CSplashScreen() override;
+    using CControl::valueChanged; // the splash's own; below it is a listener
     /// The picture was pressed.
     void valueChanged(CControl* control) override;
 
