@@ -42,7 +42,8 @@ const char* labelOf(int knob) {
 
 /// A knob with its label below it.
 CRect placeOf(int knob) {
-    const CPoint corner(knob % kKnobsPerRow * kKnobDistance, knob / kKnobsPerRow * kRowDistance);
+    const int row = knob / kKnobsPerRow;
+    const CPoint corner(knob % kKnobsPerRow * kKnobDistance, row * kRowDistance);
     return CRect(corner, CPoint(kKnobDistance, kKnobSide + 16));
 }
 

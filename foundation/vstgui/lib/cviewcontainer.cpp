@@ -46,7 +46,8 @@ CViewContainer::CViewContainer(const CViewContainer& container)
     : CView(container), backgroundColor_(container.backgroundColor_) {
     for (const CView* child : container.children_)
         if (CBaseObject* const copy = child->newCopy())
-            CViewContainer::addView(static_cast<CView*>(copy));
+            if (!CViewContainer::addView(static_cast<CView*>(copy)))
+                copy->forget();
 }
 
 CViewContainer::~CViewContainer() {

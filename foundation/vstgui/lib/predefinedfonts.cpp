@@ -2,16 +2,25 @@
 
 namespace VSTGUI {
 
+// How a variable that is never destroyed is declared. For g++ it is `constexpr`, with an empty
+// `constexpr` destructor; clang refuses that one over a member whose own is not `constexpr`.
+#ifdef __clang__
+#define VSTGUI_CONSTEXPR_DESTRUCTOR
+#define VSTGUI_NEVER_DESTROYED [[clang::no_destroy]] constinit const
+#else
+#define VSTGUI_CONSTEXPR_DESTRUCTOR constexpr
+#define VSTGUI_NEVER_DESTROYED constexpr
+#endif
+
 /// Storage of a font that is made by the compiler and never destroyed.
 ///
 /// Nothing runs when the library is loaded, and nothing has to when it goes: the name is a literal.
-/// A `constexpr` variable with an empty `constexpr` destructor is the form for which no destruction
-/// is registered; `mutable` because fonts are counted and may be changed.
+/// `mutable` because fonts are counted and may be changed.
 struct PredefinedFonts {
     union Font {
         constexpr Font(UTF8StringPtr name, CCoord emPixels)
             : font(CFontDesc::Predefined{}, name, emPixels) {}
-        constexpr ~Font() {}
+        VSTGUI_CONSTEXPR_DESTRUCTOR ~Font() {}
         char none; // lets the union be of literal type
         mutable CFontDesc font;
     };
@@ -19,14 +28,14 @@ struct PredefinedFonts {
 
 namespace {
 
-constexpr PredefinedFonts::Font kSystem("Arial", 12);
-constexpr PredefinedFonts::Font kVeryBig("Arial", 18);
-constexpr PredefinedFonts::Font kBig("Arial", 14);
-constexpr PredefinedFonts::Font kNormal("Arial", 12);
-constexpr PredefinedFonts::Font kSmall("Arial", 11);
-constexpr PredefinedFonts::Font kSmaller("Arial", 10);
-constexpr PredefinedFonts::Font kVerySmall("Arial", 9);
-constexpr PredefinedFonts::Font kSymbol("Symbol", 13);
+VSTGUI_NEVER_DESTROYED PredefinedFonts::Font kSystem("Arial", 12);
+VSTGUI_NEVER_DESTROYED PredefinedFonts::Font kVeryBig("Arial", 18);
+VSTGUI_NEVER_DESTROYED PredefinedFonts::Font kBig("Arial", 14);
+VSTGUI_NEVER_DESTROYED PredefinedFonts::Font kNormal("Arial", 12);
+VSTGUI_NEVER_DESTROYED PredefinedFonts::Font kSmall("Arial", 11);
+VSTGUI_NEVER_DESTROYED PredefinedFonts::Font kSmaller("Arial", 10);
+VSTGUI_NEVER_DESTROYED PredefinedFonts::Font kVerySmall("Arial", 9);
+VSTGUI_NEVER_DESTROYED PredefinedFonts::Font kSymbol("Symbol", 13);
 
 } // namespace
 

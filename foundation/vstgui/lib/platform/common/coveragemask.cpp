@@ -24,7 +24,7 @@ double onReachablePixel(CCoord coordinate) {
 /// An outline of straight lines in the rasteriser's space: 64ths of a pixel from the lower left
 /// corner of `bounds`, upwards.
 struct Outline {
-    Outline(std::span<const CPoint> corners, const PixelRect& bounds, bool isClosed) {
+    Outline(std::span<const CPoint> corners, const PixelRect& bounds) {
         corners = corners.first(std::min(corners.size(), kMostPoints));
         for (const CPoint& corner : corners) {
             const double x = onReachablePixel(corner.x) - bounds.left;
@@ -38,7 +38,7 @@ struct Outline {
         outline.points = points.data();
         outline.tags = tags.data();
         outline.contours = &lastPoint;
-        outline.flags = isClosed ? FT_OUTLINE_NONE : 0;
+        outline.flags = FT_OUTLINE_NONE;
     }
     Outline(const Outline&) = delete;
     Outline& operator=(const Outline&) = delete;
@@ -97,7 +97,7 @@ void rasterise(FT_LibraryRec_* library, FT_Outline& outline, CoverageMask& mask)
 void CoverageMask::addPolygon(FT_LibraryRec_* library, std::span<const CPoint> points) {
     if (!library || points.size() < 3 || bounds_.isEmpty())
         return;
-    Outline polygon(points, bounds_, true);
+    Outline polygon(points, bounds_);
     rasterise(library, polygon.outline, *this);
 }
 
@@ -111,7 +111,7 @@ void CoverageMask::addStroke(FT_LibraryRec_* library, std::span<const CPoint> po
     FT_Stroker_Set(stroker, std::lround(halfWidth * 64.0), FT_STROKER_LINECAP_SQUARE,
                    FT_STROKER_LINEJOIN_MITER_FIXED, std::lround(kSharpestMitre * 65536.0));
 
-    Outline path(points, bounds_, isClosed);
+    Outline path(points, bounds_);
     FT_UInt numPoints = 0;
     FT_UInt numContours = 0;
     FT_Outline border;

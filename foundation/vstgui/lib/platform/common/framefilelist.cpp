@@ -562,7 +562,7 @@ FrameFileList::~FrameFileList() {
 
 std::string startDirectory(const std::string& wanted) {
     if (char* resolved = wanted.empty() ? nullptr : realpath(wanted.c_str(), nullptr)) {
-        const std::string path = resolved;
+        std::string path = resolved;
         free(resolved);
         if (isDirectory(path))
             return path;

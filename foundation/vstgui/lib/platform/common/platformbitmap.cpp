@@ -17,7 +17,9 @@ std::unique_ptr<PixmanSurface> surfaceOf(const CResourceDescription& resource, i
     auto surface = std::make_unique<PixmanSurface>(
         const_cast<uint32_t*>(image.pixels), image.widthPixels, image.heightPixels,
         image.widthPixels * static_cast<int32_t>(sizeof(uint32_t)), scale);
-    return surface->image() ? std::move(surface) : nullptr;
+    if (!surface->image())
+        surface.reset();
+    return surface;
 }
 
 } // namespace

@@ -26,6 +26,8 @@ struct SdBus {
     SdBus(const SdBus&) = delete;
     SdBus& operator=(const SdBus&) = delete;
 
+// A name that is declared cannot stand in parentheses.
+// NOLINTNEXTLINE(bugprone-macro-parentheses)
 #define VSTGUI_SD_BUS_POINTER(name) decltype(&::name) name = nullptr;
     VSTGUI_SD_BUS_FUNCTIONS(VSTGUI_SD_BUS_POINTER)
 #undef VSTGUI_SD_BUS_POINTER
