@@ -12,6 +12,7 @@
 #include "vstgui/lib/cframe.h"
 #include "vstgui/lib/controls/ctextedit.h"
 #include "vstgui/lib/platform/common/textline.h"
+#include "vstgui/lib/platform/common/utf8.h"
 
 namespace VSTGUI {
 
@@ -65,7 +66,7 @@ std::string shown(const std::string& name) {
 std::string inSmallLetters(const std::string& name) {
     std::string folded;
     for (std::size_t place = 0; place < name.size();)
-        folded += utf8FromCodePoint(smallLetter(nextCodePoint(name, place)));
+        folded += utf8FromCharacter(smallLetter(nextCharacter(name, place)));
     return folded;
 }
 
@@ -241,7 +242,7 @@ private:
             const int32_t index = (std::max(selected_, -1) + tries) % count();
             std::size_t place = 0;
             const std::string& name = entries_[static_cast<std::size_t>(index)].name;
-            if (smallLetter(nextCodePoint(name, place)) != smallLetter(letter))
+            if (smallLetter(nextCharacter(name, place)) != smallLetter(letter))
                 continue;
             select(index);
             return true;

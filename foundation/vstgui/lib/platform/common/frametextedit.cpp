@@ -6,6 +6,7 @@
 #include "vstgui/lib/coffscreencontext.h"
 #include "vstgui/lib/cvstguitimer.h"
 #include "vstgui/lib/platform/common/clipboard.h"
+#include "vstgui/lib/platform/common/utf8.h"
 
 namespace VSTGUI {
 
@@ -49,7 +50,7 @@ std::string textOf(const VstKeyCode& keyCode) {
     const bool isSmallLetter = code >= 'a' && code <= 'z';
     if (isSmallLetter && (keyCode.modifier & MODIFIER_SHIFT))
         code -= 0x20;
-    return utf8FromCodePoint(code);
+    return utf8FromCharacter(code);
 }
 
 bool hasControl(const VstKeyCode& keyCode) {

@@ -6,7 +6,7 @@
 
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/controls/coptionmenu.h"
-#include "vstgui/lib/platform/common/textline.h"
+#include "vstgui/lib/platform/common/utf8.h"
 
 namespace VSTGUI {
 
@@ -274,7 +274,7 @@ bool MenuList::hoverLetter(char32_t letter) {
         const int32_t index = (std::max(hovered_, -1) + tries) % count();
         std::size_t place = 0;
         if (!isSelectable(index) || entry(index).title.empty() ||
-            smallLetter(nextCodePoint(entry(index).title, place)) != smallLetter(letter))
+            smallLetter(nextCharacter(entry(index).title, place)) != smallLetter(letter))
             continue;
         hoverByKey(index);
         return true;

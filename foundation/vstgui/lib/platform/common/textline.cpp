@@ -1,26 +1,22 @@
 #include "vstgui/lib/platform/common/textline.h"
 
+#include "vstgui/lib/platform/common/utf8.h"
+
 #include <algorithm>
 
 namespace VSTGUI {
 
 namespace {
 
-constexpr char32_t kBroken = 0xFFFD;
-
-bool continues(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
 /// What may stand in a line.
 std::string cleaned(const std::string& text) {
     std::string clean;
     for (std::size_t place = 0; place < text.size();) {
-        const char32_t code = nextCodePoint(text, place);
-        if (code == '\r' || code == kBroken)
+        const char32_t code = nextCharacter(text, place);
+        if (code == '\r' || code == kReplacementCharacter)
             continue;
         const bool isControl = code < 0x20 || (code >= 0x7F && code < 0xA0);
-        clean += isControl ? " " : utf8FromCodePoint(code);
+        clean += isControl ? " " : utf8FromCharacter(code);
     }
     return clean;
 }
@@ -29,61 +25,11 @@ std::string cleaned(const std::string& text) {
 std::string firstCharacters(const std::string& text, std::size_t count) {
     std::size_t place = 0;
     for (; count > 0 && place < text.size(); --count)
-        nextCodePoint(text, place);
+        nextCharacter(text, place);
     return text.substr(0, place);
 }
 
 } // namespace
-
-std::size_t countCharacters(const std::string& text) {
-    const auto within = std::count_if(text.begin(), text.end(), continues);
-    return text.size() - static_cast<std::size_t>(within);
-}
-
-std::string utf8FromCodePoint(char32_t code) {
-    const auto byte = [](char32_t bits) { return static_cast<char>(bits); };
-    const auto tail = [&](int shift) { return byte(0x80 | ((code >> shift) & 0x3F)); };
-    if (code < 0x80)
-        return {byte(code)};
-    if (code < 0x800)
-        return {byte(0xC0 | (code >> 6)), tail(0)};
-    if ((code >= 0xD800 && code < 0xE000) || code > 0x10FFFF)
-        return {};
-    if (code < 0x10000)
-        return {byte(0xE0 | (code >> 12)), tail(6), tail(0)};
-    return {byte(0xF0 | (code >> 18)), tail(12), tail(6), tail(0)};
-}
-
-char32_t nextCodePoint(const std::string& text, std::size_t& place) {
-    const std::size_t start = place++;
-    const auto first = static_cast<unsigned char>(text[start]);
-    if (first < 0x80)
-        return first;
-    const std::size_t tail = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : 1;
-    if (first < 0xC2 || first > 0xF4 || start + tail >= text.size())
-        return kBroken;
-    char32_t code = first & (0x3Fu >> tail);
-    for (std::size_t i = 1; i <= tail; ++i) {
-        if (!continues(text[start + i]))
-            return kBroken;
-        code = (code << 6) | (static_cast<unsigned char>(text[start + i]) & 0x3Fu);
-    }
-    if (utf8FromCodePoint(code).size() != tail + 1) // too long a form, or half a pair
-        return kBroken;
-    place = start + 1 + tail;
-    return code;
-}
-
-char32_t smallLetter(char32_t code) {
-    const auto within = [code](char32_t first, char32_t last) {
-        return code >= first && code <= last;
-    };
-    const bool isShifted = within('A', 'Z') || (within(0xC0, 0xDE) && code != 0xD7) ||
-                           within(0x391, 0x3A9) || within(0x410, 0x42F);
-    if (isShifted)
-        return code + 0x20;
-    return within(0x400, 0x40F) ? code + 0x50 : code;
-}
 
 std::string TextLine::selectedText() const {
     return text_.substr(selectionStart(), selectionEnd() - selectionStart());
@@ -158,7 +104,7 @@ void TextLine::selectWordAt(std::size_t place) {
 std::size_t TextLine::next(std::size_t place) const {
     if (place < text_.size())
         ++place;
-    while (place < text_.size() && continues(text_[place]))
+    while (place < text_.size() && continuesCharacter(text_[place]))
         ++place;
     return place;
 }
@@ -166,7 +112,7 @@ std::size_t TextLine::next(std::size_t place) const {
 std::size_t TextLine::previous(std::size_t place) const {
     if (place > 0)
         --place;
-    while (place > 0 && continues(text_[place]))
+    while (place > 0 && continuesCharacter(text_[place]))
         --place;
     return place;
 }

@@ -51,16 +51,4 @@ private:
     std::size_t anchor_ = 0;
 };
 
-/// Number of characters, and so of bytes that begin one.
-std::size_t countCharacters(const std::string& text);
-
-/// `code` as UTF-8; empty for what is not a character.
-std::string utf8FromCodePoint(char32_t code);
-
-/// The character at `place`, which is moved behind it. 0xFFFD for broken bytes, one at a time.
-char32_t nextCodePoint(const std::string& text, std::size_t& place);
-
-/// The small letter of a capital one: Latin-1, Greek and Cyrillic, whatever the locale.
-char32_t smallLetter(char32_t code);
-
 } // namespace VSTGUI

@@ -4,7 +4,6 @@
 #include <utility>
 #include <vector>
 
-#include "vstgui/lib/platform/common/textline.h"
 #include "vstgui/lib/platform/common/utf8.h"
 #include "vstgui/lib/platform/iplatformframe.h"
 
@@ -17,7 +16,7 @@ constexpr char32_t kLastLatin1 = 0xFF;
 std::string utf8FromLatin1(const std::string& text) {
     std::string utf8;
     for (const char byte : text)
-        utf8 += utf8FromCodePoint(static_cast<unsigned char>(byte));
+        utf8 += utf8FromCharacter(static_cast<unsigned char>(byte));
     return utf8;
 }
 
