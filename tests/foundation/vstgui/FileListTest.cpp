@@ -7,6 +7,7 @@
 #include "vstgui/lib/cfileselector.h"
 #include "vstgui/lib/controls/ctextlabel.h"
 #include "vstgui/lib/platform/common/filedialogbackend.h"
+#include "vstgui/lib/platform/common/filelisting.h"
 #include "vstgui/lib/platform/common/framefilelist.h"
 
 namespace VSTGUI {

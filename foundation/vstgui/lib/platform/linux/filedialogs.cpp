@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "vstgui/lib/cframe.h"
+#include "vstgui/lib/platform/common/filelisting.h"
 #include "vstgui/lib/platform/common/framefilelist.h"
 #include "vstgui/lib/platform/common/textline.h"
 #include "vstgui/lib/platform/linux/portalfiledialog.h"
