@@ -1,6 +1,7 @@
 #include "engine/EnvelopeFollower.h"
 
 #include "engine/Stages.h"
+#include "engine/SwitchState.h"
 
 #include <algorithm>
 #include <array>
@@ -37,10 +38,6 @@ constexpr std::array<ShapeKnot, 14> kShapeKnots{{
     {1.0,   1.238,  1.238},
 }};
 // clang-format on
-
-[[nodiscard]] double switchState(double normalised) noexcept {
-    return static_cast<int>(normalised + 0.5);
-}
 
 /// Coefficient of one smoother: `stretch` times the corner of a pole that rises in `timeMs`.
 [[nodiscard]] double timeCoefficient(double stretch, double timeMs, double sampleRateHz) noexcept {
@@ -126,7 +123,7 @@ void EnvelopeFollower::setThreshold(double normalised) noexcept {
 }
 
 void EnvelopeFollower::setMode(double normalised) noexcept {
-    mode_.set(static_cast<int>(2.0 * normalised + 0.5));
+    mode_.set(threeWayState(normalised));
     updateDepth();
     updateGainExponent();
 }

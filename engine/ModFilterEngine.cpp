@@ -1,6 +1,7 @@
 #include "engine/ModFilterEngine.h"
 
 #include "engine/Stages.h"
+#include "engine/SwitchState.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,14 +14,6 @@ namespace {
 
 /// Below this share a blended-in signal cannot change the last bit of what it is blended into.
 constexpr double kInaudibleShare = 1e-20;
-
-[[nodiscard]] double switchState(float normalised) noexcept {
-    return static_cast<int>(static_cast<double>(normalised) + 0.5);
-}
-
-[[nodiscard]] int threeWayState(float normalised) noexcept {
-    return static_cast<int>(2.0 * static_cast<double>(normalised) + 0.5);
-}
 
 /// Dry and wet level: unity in the middle, +12 dB at the end.
 [[nodiscard]] double levelFromNormalised(float normalised) noexcept {

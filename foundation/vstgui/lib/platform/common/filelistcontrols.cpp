@@ -17,7 +17,7 @@ constexpr CCoord kLeastBarPixels = 16;
 } // namespace
 
 WordButton::WordButton(const CRect& viewSize, CControlListener* controlListener, int32_t controlTag,
-           UTF8StringPtr word)
+                       UTF8StringPtr word)
     : CControl(viewSize, controlListener, controlTag), word_(word) {}
 
 void WordButton::setWord(UTF8StringPtr word) {
@@ -152,7 +152,7 @@ CMouseEventResult NameList::onMouseMoved(CPoint& where, const CButtonState& butt
 }
 
 bool NameList::onWheel(const CPoint& /*where*/, const float& distance,
-             const CButtonState& /*buttons*/) {
+                       const CButtonState& /*buttons*/) {
     constexpr int32_t kRowsPerNotch = 3;
     scrollTo(firstRow_ + (distance > 0 ? -kRowsPerNotch : kRowsPerNotch));
     return true;

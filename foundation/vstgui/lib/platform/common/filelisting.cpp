@@ -76,7 +76,8 @@ std::vector<FileListEntry> readFileList(const FileDialogRequest& request, const 
         const std::string name = file->d_name;
         // Asked for only where the listing does not say: on a slow disk each question costs.
         const bool isKnown = file->d_type != DT_UNKNOWN && file->d_type != DT_LNK;
-        const bool isFolder = isKnown ? file->d_type == DT_DIR : isDirectory(joinedPath(path, name));
+        const bool isFolder =
+            isKnown ? file->d_type == DT_DIR : isDirectory(joinedPath(path, name));
         const bool wantsFiles = request.kind != FileDialogRequest::Kind::ChooseDirectory;
         if (isFolder || (wantsFiles && matchesTypes(request, name)))
             lines.push_back({(isFolder ? "0" : "1") + inSmallLetters(name), {name, isFolder}});
