@@ -1,5 +1,11 @@
 #include "tests/foundation/vstgui/x11/EditorInHost.h"
+
 #include "vstgui/lib/cdrawcontext.h"
+#include <sched.h>
+#include <sys/ipc.h>
+#include <sys/shm.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace VSTGUI {
 namespace {
@@ -73,6 +79,36 @@ INSTANTIATE_TEST_SUITE_P(, X11Paint,
                          testing::Values(Kind{"Shared", {}, 24}, Kind{"SharedAlpha", {}, 32},
                                          Kind{"Pieces", {"-extension", "MIT-SHM"}, 24}),
                          [](const auto& kind) { return kind.param.story; });
+
+constexpr int kRightPicture = 0, kWrongPicture = 1, kNotAllowed = 2;
+
+/// Draws for a server outside the editor's container, where the number of the editor's segment is
+/// that of another program's.
+int pictureForServerOutside() {
+    if (unshare(CLONE_NEWIPC) != 0)
+        return kNotAllowed;
+    const auto server = XServer::start();
+    const int others = shmget(IPC_PRIVATE, std::size_t{1} << 20, IPC_CREAT | 0600);
+    if (!server || others < 0 || unshare(CLONE_NEWIPC) != 0)
+        return kNotAllowed;
+    server->use();
+    EditorInHost w;
+    w.editor.theFrame().addView(new Patch(CRect(0, 0, 100, 100), CColor(1, 2, 3, 255)));
+    w.settle();
+    return w.host.pixelAt(50, 50) == 0x010203U ? kRightPicture : kWrongPicture;
+}
+
+TEST(X11PaintInContainer, ShowsItsOwnPicture) {
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(pictureForServerOutside());
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    if (WEXITSTATUS(status) == kNotAllowed)
+        GTEST_SKIP() << "needs Xvfb and the right to leave a namespace";
+    EXPECT_EQ(WEXITSTATUS(status), kRightPicture);
+}
 
 TEST(X11Idle, AnEmptyTurnDrawsAndSendsNothing) {
     PEDL_NEEDS_DISPLAY();

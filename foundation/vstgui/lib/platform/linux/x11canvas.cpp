@@ -1,8 +1,11 @@
 #include "vstgui/lib/platform/linux/x11canvas.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <chrono>
 #include <cmath>
+#include <cstring>
 #include <sys/ipc.h>
 #include <sys/shm.h>
 
@@ -50,8 +53,36 @@ void X11Canvas::release() {
     own_.clear();
 }
 
+/// Whether the server reads what we write. One on another machine, or outside the container that
+/// the host runs in, knows the number of our segment as another program's or not at all.
+bool X11Canvas::isReadBack(const X11Window& window) {
+    constexpr uint16_t kPixels = 4;
+    constexpr uint32_t kSpread = 2654435761U; // odd: different times stay different
+    const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
+    std::array<uint32_t, kPixels> written{};
+    for (std::size_t i = 0; i < written.size(); ++i)
+        written[i] = kOpaqueBlack | (static_cast<uint32_t>(now >> (8 * i)) * kSpread >> 8);
+    std::copy(written.begin(), written.end(), static_cast<uint32_t*>(shared_));
+
+    xcb_connection_t* const xcb = connection_.xcb();
+    const xcb_pixmap_t copy = xcb_generate_id(xcb);
+    xcb_create_pixmap(xcb, window.depth(), copy, window.id(), kPixels, 1);
+    xcb_shm_put_image(xcb, copy, window.gc(), kPixels, 1, 0, 0, kPixels, 1, 0, 0, window.depth(),
+                      XCB_IMAGE_FORMAT_Z_PIXMAP, 0, segment_, 0);
+    const auto asked = xcb_get_image(xcb, XCB_IMAGE_FORMAT_Z_PIXMAP, copy, 0, 0, kPixels, 1, ~0U);
+    xcb_free_pixmap(xcb, copy);
+    const auto image = owned(xcb_get_image_reply(xcb, asked, nullptr));
+    if (!image || xcb_get_image_data_length(image.get()) != sizeof(written))
+        return false;
+    std::array<uint32_t, kPixels> read;
+    std::memcpy(read.data(), xcb_get_image_data(image.get()), sizeof(read));
+    constexpr uint32_t kColour = 0xFFFFFF;
+    return std::equal(read.begin(), read.end(), written.begin(),
+                      [](uint32_t a, uint32_t b) { return (a & kColour) == (b & kColour); });
+}
+
 /// The segment is marked for removal as soon as both sides have it, so that it cannot outlive them.
-bool X11Canvas::share(std::size_t sizeBytes) {
+bool X11Canvas::share(std::size_t sizeBytes, const X11Window& window) {
     xcb_connection_t* const xcb = connection_.xcb();
     const xcb_query_extension_reply_t* const extension = xcb_get_extension_data(xcb, &xcb_shm_id);
     if (!extension || !extension->present || !hasOurByteOrder(connection_))
@@ -63,27 +94,24 @@ bool X11Canvas::share(std::size_t sizeBytes) {
     if (address != reinterpret_cast<void*>(-1)) {
         shared_ = address;
         segment_ = xcb_generate_id(xcb);
-        // Refused by a server on another machine.
-        if (!connection_.succeeded(
-                xcb_shm_attach_checked(xcb, segment_, static_cast<uint32_t>(memory), 0)))
-            segment_ = XCB_NONE;
+        constexpr uint8_t kReadOnly = 1;
+        xcb_shm_attach(xcb, segment_, static_cast<uint32_t>(memory), kReadOnly);
     }
+    const bool isShared = shared_ && isReadBack(window); // waits until the server has it
     shmctl(memory, IPC_RMID, nullptr);
-    if (segment_ == XCB_NONE && shared_) {
-        shmdt(shared_);
-        shared_ = nullptr;
-    }
-    return segment_ != XCB_NONE;
+    if (!isShared)
+        release();
+    return isShared;
 }
 
-std::unique_ptr<PixmanSurface> X11Canvas::makeSurface(CCoord width, CCoord height,
-                                                      double pixelsPerUnit) {
+std::unique_ptr<PixmanSurface>
+X11Canvas::makeSurface(CCoord width, CCoord height, double pixelsPerUnit, const X11Window& window) {
     release();
     const int widthPixels = windowPixels(width, pixelsPerUnit);
     const int heightPixels = windowPixels(height, pixelsPerUnit);
     const std::size_t count =
         static_cast<std::size_t>(widthPixels) * static_cast<std::size_t>(heightPixels);
-    if (!share(count * sizeof(uint32_t)))
+    if (!share(count * sizeof(uint32_t), window))
         own_.resize(count);
     uint32_t* const pixels = shared_ ? static_cast<uint32_t*>(shared_) : own_.data();
     std::fill_n(pixels, count, kOpaqueBlack);

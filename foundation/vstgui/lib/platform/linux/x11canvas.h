@@ -16,7 +16,7 @@ class X11Window;
 
 /// The picture of a window in memory, and its way to the screen.
 ///
-/// The memory is shared with the server where both are on one machine: then a copy is a request of
+/// The memory is shared with the server where both see the same memory: then a copy is a request of
 /// a few bytes, and the picture must not be drawn on before the server has read it, see
 /// `waitUntilRead`. Else the pixels are sent in pieces.
 class X11Canvas {
@@ -27,8 +27,9 @@ public:
     X11Canvas& operator=(const X11Canvas&) = delete;
 
     /// Opaque black, on new memory: the surface made before must be gone. Valid until the next one
-    /// is made.
-    std::unique_ptr<PixmanSurface> makeSurface(CCoord width, CCoord height, double pixelsPerUnit);
+    /// is made. @param window  where it will be sent
+    std::unique_ptr<PixmanSurface> makeSurface(CCoord width, CCoord height, double pixelsPerUnit,
+                                               const X11Window& window);
 
     /// Call it before drawing on the surface.
     void waitUntilRead();
@@ -43,7 +44,8 @@ private:
         int x, y, width, height;
     };
 
-    bool share(std::size_t sizeBytes);
+    bool share(std::size_t sizeBytes, const X11Window& window);
+    bool isReadBack(const X11Window& window);
     void release();
     void sendShared(const PixmanSurface& surface, const Part& part, const X11Window& window);
     void sendPieces(const PixmanSurface& surface, const Part& part, const X11Window& window);

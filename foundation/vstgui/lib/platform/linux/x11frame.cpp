@@ -81,7 +81,7 @@ bool X11Frame::setScaleFactor(double pixelsPerUnit) {
 
 std::unique_ptr<PixmanSurface> X11Frame::makeSurface(CCoord width, CCoord height,
                                                      double pixelsPerUnit) {
-    return canvas_.makeSurface(width, height, pixelsPerUnit);
+    return canvas_.makeSurface(width, height, pixelsPerUnit, *window_);
 }
 
 CRect X11Frame::monitorAround() const {

@@ -44,7 +44,7 @@ bool X11Menu::show(const CRect& place) {
     window_ = X11Window::popup(x11_.connection(), x11_.screen(), onScreen);
     if (!window_)
         return false;
-    surface_ = canvas_.makeSurface(place.width(), place.height(), scale);
+    surface_ = canvas_.makeSurface(place.width(), place.height(), scale, *window_);
     window_->map();
     x11_.connection().flush();
     x11_.setOpenMenu(this);
