@@ -140,6 +140,39 @@ TEST(TextEdit, AListenerMayTakeTheFieldOrTheWindowAway) {
     }
 }
 
+/// Takes itself away as soon as its text changes.
+class ShyField : public CTextEdit {
+public:
+    using CTextEdit::CTextEdit;
+    void platformTextDidChange() override { getFrame()->removeView(this); }
+    CLASS_METHODS(ShyField, CTextEdit)
+
+protected:
+    ~ShyField() override = default;
+};
+
+TEST(TextEdit, MayGoWhenItsTextChanges) {
+    using Change = std::function<void(OffscreenFrame&)>;
+    const std::pair<const char*, Change> rows[] = {
+        {"a letter", [](OffscreenFrame& window) { window.typeText("a"); }},
+        {"erased", [](OffscreenFrame& window) { window.keyDown(VKEY_BACK); }},
+        {"cut out", [](OffscreenFrame& window) { window.typeText("x", kCtrl); }},
+        {"pasted", [](OffscreenFrame& window) { window.typeText("v", kCtrl); }},
+        {"middle button", [](OffscreenFrame& window) { window.mouseDown(30, 20, kMButton); }}};
+    for (const auto& [story, change] : rows) {
+        SCOPED_TRACE(story);
+        FieldWindow w("");
+        w.theFrame().removeView(w.field);
+        auto* const field = new ShyField(kField, &w, 1, "text");
+        w.theFrame().addView(field);
+        w.open();
+        for (const auto kind : {Clipboard::Kind::Copied, Clipboard::Kind::Selected})
+            w.window().clipboard().setText(kind, "own");
+        change(w.window());
+        EXPECT_FALSE(w.isOpenForWriting());
+    }
+}
+
 TEST(TextEdit, SettingTheValueWritesItOverTheText) {
     FieldWindow w("name");
     w.open();

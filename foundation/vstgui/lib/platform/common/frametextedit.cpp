@@ -253,6 +253,8 @@ CMessageResult FrameTextEdit::notify(CBaseObject* sender, IdStringPtr message) {
 
 /// After each use: the caret stands still for a moment, so that one sees where it is.
 void FrameTextEdit::showChange() {
+    if (isClosed())
+        return;
     blink_->stop();
     blink_->start();
     caretShown_ = true;
@@ -263,8 +265,8 @@ void FrameTextEdit::showChange() {
 // Mouse
 
 bool FrameTextEdit::overlayMouseDown(const CPoint& where, const CButtonState& buttons) {
+    const InUse use(*this);
     if (!textEdit->platformGetSize().pointInside(where)) {
-        const CBaseObjectGuard guard(this);
         textEdit->platformLooseFocus(false);
         return false; // what was pressed gets the press
     }
@@ -303,10 +305,8 @@ bool FrameTextEdit::overlayMouseUp(const CPoint& where, const CButtonState& /*bu
 // Keys
 
 bool FrameTextEdit::overlayKeyDown(VstKeyCode& keyCode, UTF8StringPtr text) {
-    const CBaseObjectGuard guard(this); // each call to the control may close the field
-    if (textEdit->platformOnKeyDown(keyCode))
-        return true;
-    if (frame_.overlay() != this)
+    const InUse use(*this);
+    if (textEdit->platformOnKeyDown(keyCode) || isClosed())
         return true;
     if (keyCode.virt == VKEY_RETURN || keyCode.virt == VKEY_ENTER) {
         textEdit->platformLooseFocus(true);
@@ -400,7 +400,7 @@ void FrameTextEdit::paste(Clipboard::Kind kind) {
 }
 
 void FrameTextEdit::write(const std::string& text) {
-    const CBaseObjectGuard guard(this);
+    const InUse use(*this); // a pasted text comes by itself
     if (line_.insert(text))
         textEdit->platformTextDidChange();
     showChange();

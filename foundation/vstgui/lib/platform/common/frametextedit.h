@@ -58,6 +58,26 @@ private:
     bool overlayMouseUp(const CPoint& where, const CButtonState& buttons) override;
     bool overlayKeyDown(VstKeyCode& keyCode, UTF8StringPtr text) override;
 
+    /// While an event is worked on: the control may close the field in each call to it.
+    class InUse {
+    public:
+        explicit InUse(FrameTextEdit& field) : field_(field) {
+            field_.remember();
+            ++field_.uses_;
+        }
+        ~InUse() {
+            --field_.uses_;
+            field_.forget();
+        }
+        InUse(const InUse&) = delete;
+        InUse& operator=(const InUse&) = delete;
+
+    private:
+        FrameTextEdit& field_;
+    };
+    /// Whether the control has given the field back; then there may be no control any more.
+    bool isClosed() const { return getNbReference() <= uses_; }
+
     bool useNamedKey(const VstKeyCode& keyCode);
     bool useShortcut(int32_t character);
     void write(const std::string& text);
@@ -82,6 +102,7 @@ private:
     CCoord scrolled_ = 0;                  // pixels of the text that are left of the field
     bool caretShown_ = true;               // it blinks
     bool selecting_ = false;               // the mouse is down
+    int32_t uses_ = 0;                     // events that are worked on
     std::shared_ptr<FrameTextEdit*> self_; // for a text that arrives when the field may be gone
 };
 
