@@ -63,6 +63,15 @@ TEST(X11Clipboard, GivesWhatWasCopiedAndWhatWasSelectedToOthers) {
     EXPECT_EQ(w.ask("CLIPBOARD", "UTF8_STRING"), "mine");
 }
 
+TEST(X11Clipboard, CopiesByAKeyOfTheHostsAfterAnotherProgramCopied) {
+    PEDL_NEEDS_DISPLAY();
+    FieldInHost w("ours");
+    w.host.own("CLIPBOARD", "theirs"); // later than everything that the editor has seen
+    VstKeyCode copy{'c', 0, MODIFIER_CONTROL};
+    EXPECT_TRUE(w.editor.onKeyDown(copy));
+    EXPECT_EQ(w.ask("CLIPBOARD", "UTF8_STRING"), "ours");
+}
+
 TEST(X11Clipboard, PastesTheTextOfOthersInWhateverFormTheyHaveIt) {
     PEDL_NEEDS_DISPLAY();
     std::string longText;
@@ -84,6 +93,17 @@ TEST(X11Clipboard, PastesTheTextOfOthersInWhateverFormTheyHaveIt) {
         w.shortcut(XKB_KEY_v);
         EXPECT_TRUE(w.reads(row.pasted));
     }
+}
+
+TEST(X11Clipboard, ATextWithoutEndIsCutOff) {
+    PEDL_NEEDS_DISPLAY();
+    FieldInHost w("old");
+    w.host.own("CLIPBOARD", std::string(10 * X11Clipboard::kMostTextBytes, 'x'), Habit::InPieces);
+    std::size_t bytes = 0;
+    w.editor.window().clipboard().requestText(
+        Clipboard::Kind::Copied, [&](const std::string& text) { bytes = text.size(); });
+    EXPECT_TRUE(w.until([&] { return bytes > 0; }));
+    EXPECT_EQ(bytes, X11Clipboard::kMostTextBytes);
 }
 
 TEST(X11Clipboard, TheMiddleButtonPastesWhatIsSelectedElsewhere) {

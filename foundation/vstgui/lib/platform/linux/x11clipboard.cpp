@@ -6,6 +6,7 @@
 
 #include "vstgui/lib/platform/common/utf8.h"
 #include "vstgui/lib/platform/iplatformframe.h"
+#include "vstgui/lib/platform/linux/brokenpipeguard.h"
 
 namespace VSTGUI {
 
@@ -45,9 +46,21 @@ X11Clipboard::Selection* X11Clipboard::selectionOf(xcb_atom_t name) {
 // Ours, for others
 
 void X11Clipboard::setText(Kind kind, const std::string& text) {
-    selection(kind) = {text, true, connection_.lastTime()};
-    xcb_set_selection_owner(connection_.xcb(), window_, nameOf(kind), connection_.lastTime());
-    connection_.flush();
+    // The time is that of the last event here, which may lie before what another program took
+    // meanwhile: keys that come by way of the host have none. The server's own is never too early.
+    if (!own(kind, text, connection_.lastTime()))
+        own(kind, text, XCB_CURRENT_TIME);
+}
+
+bool X11Clipboard::own(Kind kind, const std::string& text, xcb_timestamp_t time) {
+    const BrokenPipeGuard guard;
+    xcb_connection_t* const xcb = connection_.xcb();
+    xcb_set_selection_owner(xcb, window_, nameOf(kind), time);
+    const auto reply = owned(
+        xcb_get_selection_owner_reply(xcb, xcb_get_selection_owner(xcb, nameOf(kind)), nullptr));
+    const bool isOwned = reply && reply->owner == window_;
+    selection(kind) = isOwned ? Selection{text, true, time} : Selection{};
+    return isOwned;
 }
 
 void X11Clipboard::answer(const xcb_selection_request_event_t& request) {
@@ -155,10 +168,10 @@ bool X11Clipboard::pieceArrived(const xcb_property_notify_event_t& notice) {
     const auto property = takeProperty();
     if (!property)
         return true;
-    if (xcb_get_property_value_length(property.get()) == 0)
+    append(*property);
+    // More than fits is not asked for: it may have no end.
+    if (xcb_get_property_value_length(property.get()) == 0 || received_.size() >= kMostTextBytes)
         deliver();
-    else
-        append(*property);
     return true;
 }
 

@@ -39,6 +39,7 @@ private:
     Selection* selectionOf(xcb_atom_t name);
     xcb_atom_t nameOf(Kind kind) const;
 
+    bool own(Kind kind, const std::string& text, xcb_timestamp_t time);
     void convert(xcb_atom_t target);
     void answer(const xcb_selection_request_event_t& request);
     bool provide(const Selection& selection, const xcb_selection_request_event_t& request,
