@@ -134,6 +134,23 @@ TEST(X11Life, AListenerMayCloseTheEditorInTheMiddleOfAnEvent) {
     }
 }
 
+TEST(X11Life, ATurnEndsHoweverManyEventsWait) {
+    PEDL_NEEDS_DISPLAY();
+    EditorInHost w;
+    ManualClock clock;
+    auto* const slow = w.editor.add("slow", CRect(0, 0, 100, 100));
+    slow->script["wheel 1"] = [&] { clock.advance(15); };
+    w.host.moveTo(20, 20);
+    w.settle();
+    w.editor.log.take();
+    for (int notch = 0; notch < 3; ++notch)
+        w.host.notch(4);
+    w.editor.idle();
+    EXPECT_EQ(w.editor.log.take(), "slow wheel 1, slow wheel 1");
+    w.editor.idle();
+    EXPECT_EQ(w.editor.log.take(), "slow wheel 1");
+}
+
 /// Opens, shows and closes an editor with a menu, in a window of the host's.
 void runCycle(HostProgram& host) {
     TestEditor editor;

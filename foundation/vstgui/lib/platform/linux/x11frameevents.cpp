@@ -9,6 +9,14 @@
 
 namespace VSTGUI {
 
+namespace {
+
+/// After this long the host has its turn again, whatever still waits: events may come faster than
+/// they are worked off.
+constexpr uint64_t kLongestPumpMs = 20;
+
+} // namespace
+
 void X11Frame::pumpEvents() {
     const CBaseObjectGuard self(this);
     auto first = connection_->nextEvent();
@@ -21,8 +29,12 @@ void X11Frame::pumpEvents() {
 
 void X11Frame::pumpAll(XcbOwned<xcb_generic_event_t> first) {
     const BrokenPipeGuard guard;
-    for (auto event = std::move(first); event && !isClosed(); event = connection_->nextEvent())
+    const uint64_t beganMs = currentTickMs();
+    for (auto event = std::move(first); event;) {
         takeEvent(*event);
+        const bool goesOn = !isClosed() && currentTickMs() - beganMs < kLongestPumpMs;
+        event = goesOn ? connection_->nextEvent() : nullptr;
+    }
     if (!isClosed())
         deliverMotion();
     if (menu_)
