@@ -113,6 +113,20 @@ TEST(TextEdit, EndsInFiveWays) {
     }
 }
 
+TEST(TextEdit, WhatAFieldCannotShowIsNoChange) {
+    FieldWindow w("caf\xC3"); // a letter that was cut in two
+    for (const VstVirtualKey key : {VKEY_RETURN, VKEY_ESCAPE}) {
+        w.open();
+        w.press(key);
+        EXPECT_STREQ(w.field->getText(), "caf\xC3");
+        EXPECT_EQ(w.log.take(), "");
+    }
+    w.open();
+    w.press(VKEY_END);
+    w.window().typeText("e");
+    EXPECT_EQ(w.written(), "cafe");
+}
+
 TEST(TextEdit, AClosingWindowDiscardsWhatIsBeingWritten) {
     FieldWindow w("old");
     w.open();

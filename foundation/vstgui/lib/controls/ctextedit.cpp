@@ -86,8 +86,11 @@ void CTextEdit::looseFocus() {
         return;
     const CBaseObjectGuard guard(this); // a listener may take the field away
     const std::string typed = platformControl->getText();
+    // A field leaves out what it cannot show: that is no change of the user's.
+    platformControl->setText(getText());
+    const bool isChanged = typed != platformControl->getText();
     closeField();
-    if (typed != getText()) {
+    if (isChanged) {
         beginEdit();
         setText(typed.c_str());
         valueChanged();
