@@ -80,6 +80,26 @@ INSTANTIATE_TEST_SUITE_P(, X11Paint,
                                          Kind{"Pieces", {"-extension", "MIT-SHM"}, 24}),
                          [](const auto& kind) { return kind.param.story; });
 
+/// Makes the window larger from within its drawing.
+class GrowingPatch : public Patch {
+public:
+    using Patch::Patch;
+    void draw(CDrawContext* context) override {
+        if (drawings == 0)
+            getFrame()->setSize(TestEditor::kWidth, TestEditor::kHeight + 10);
+        Patch::draw(context);
+    }
+};
+
+TEST(X11Resize, AViewMayResizeTheWindowWhileItDraws) {
+    PEDL_NEEDS_DISPLAY();
+    EditorInHost w;
+    w.editor.theFrame().addView(new GrowingPatch(CRect(0, 0, 100, 100), CColor(1, 2, 3, 255)));
+    w.settle();
+    w.settle();
+    EXPECT_EQ(w.host.pixelAt(50, 50), 0x010203U);
+}
+
 constexpr int kRightPicture = 0, kWrongPicture = 1, kNotAllowed = 2;
 
 /// Draws for a server outside the editor's container, where the number of the editor's segment is

@@ -68,9 +68,10 @@ std::vector<CRect> BufferedFrame::paintBuffer() {
 }
 
 void BufferedFrame::drawInto(const CRect& rect) {
-    if (isClosed() || !surface_)
+    const std::shared_ptr<PixmanSurface> drawn = surface_; // a view may resize the window meanwhile
+    if (isClosed() || !drawn)
         return;
-    CDrawContext* const context = createPixmanContext(*surface_);
+    CDrawContext* const context = createPixmanContext(*drawn);
     context->beginDraw();
     context->setClipRect(rect);
     callback_->platformDrawRect(context, rect);

@@ -99,7 +99,7 @@ private:
     CPoint size_;
     double scaleFactor_ = 1.0;
     DirtyRegion dirty_;
-    std::unique_ptr<PixmanSurface> surface_;
+    std::shared_ptr<PixmanSurface> surface_;
     OwnClipboard ownClipboard_;
 };
 
