@@ -80,6 +80,9 @@ uint32_t layoutOf(uint16_t stateMask) {
     return (stateMask >> 13) & 3U;
 }
 
+/// Its accents serve where the user's locale has no list of them.
+constexpr const char* kKnownLocale = "en_US.UTF-8";
+
 /// The user's, from the environment: what the host made of the process's locale is not known.
 const char* writingLocale() {
     for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"})
@@ -130,6 +133,8 @@ bool X11Keyboard::askForChanges() {
     xcb_xkb_select_events(xcb, static_cast<xcb_xkb_device_spec_t>(device_), kEvents, 0, kEvents,
                           kAllMapParts, kAllMapParts, nullptr);
     context_.reset(xkb_context_new(XKB_CONTEXT_NO_ENVIRONMENT_NAMES));
+    if (context_) // it would write to the host's standard error
+        xkb_context_set_log_fn(context_.get(), [](auto...) {});
     return context_ != nullptr;
 }
 
@@ -223,8 +228,10 @@ void X11Keyboard::ensureCompose() {
     if (hasTriedCompose_)
         return;
     hasTriedCompose_ = true;
-    composeTable_.reset(xkb_compose_table_new_from_locale(context_.get(), writingLocale(),
-                                                          XKB_COMPOSE_COMPILE_NO_FLAGS));
+    for (const char* locale : {writingLocale(), kKnownLocale})
+        if (!composeTable_)
+            composeTable_.reset(xkb_compose_table_new_from_locale(context_.get(), locale,
+                                                                  XKB_COMPOSE_COMPILE_NO_FLAGS));
     if (composeTable_)
         compose_.reset(xkb_compose_state_new(composeTable_.get(), XKB_COMPOSE_STATE_NO_FLAGS));
 }
