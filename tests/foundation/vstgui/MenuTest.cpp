@@ -261,6 +261,15 @@ TEST(MenuList, ScrollsWhereTheScreenIsTooSmall) {
     EXPECT_EQ(list.firstVisibleRow(), 0);
 }
 
+TEST(MenuList, HasFewerColumnsThanAskedForWhereTheyDoNotFit) {
+    MenuWindow w(140);
+    w.menu->setNbItemsPerColumn(3);
+    w.open();
+    EXPECT_LE(w.list().size().x, 1280);
+    EXPECT_FALSE(w.list().entryArea(139).isEmpty());
+    EXPECT_LT(w.list().entryArea(139).right, w.list().size().x);
+}
+
 TEST(MenuList, StaysOnTheScreen) {
     MenuWindow w(40);
     const CRect screen(-100, -50, 300, 400);

@@ -82,6 +82,12 @@ MenuList::~MenuList() {
 }
 
 void MenuList::layOut(CDrawContext& measure, const CPoint& largest) {
+    const auto fittingColumns =
+        std::max(1, static_cast<int32_t>((largest.x - 2 * kFramePixels) / kLeastColumnPixels));
+    if (columns_ > fittingColumns) { // fewer and longer ones: those scroll
+        rowsPerColumn_ = (count() + fittingColumns - 1) / fittingColumns;
+        columns_ = (count() + rowsPerColumn_ - 1) / rowsPerColumn_;
+    }
     measure.setFont(font_);
     CCoord widest = 0;
     for (const Entry& line : entries_)

@@ -27,7 +27,7 @@ public:
     MenuList(const MenuList&) = delete;
     MenuList& operator=(const MenuList&) = delete;
 
-    /// Sets columns and rows. Rows that do not fit scroll, columns get narrower.
+    /// Sets columns and rows. Rows that do not fit scroll, columns get narrower, then fewer.
     /// @param measure  any context, for the width of the titles
     void layOut(CDrawContext& measure, const CPoint& largest);
 
