@@ -1,5 +1,8 @@
 #include "tests/foundation/vstgui/x11/EditorInHost.h"
 
+#include <array>
+#include <cstring>
+
 #include <xkbcommon/xkbcommon.h>
 
 #include "vstgui/lib/controls/ctextedit.h"
@@ -61,6 +64,26 @@ TEST(X11Clipboard, GivesWhatWasCopiedAndWhatWasSelectedToOthers) {
     EXPECT_EQ(w.ask("PRIMARY", "UTF8_STRING"), "Gr\u00FCn") << "a word selected by a double click";
     w.host.own("CLIPBOARD", "mine");
     EXPECT_EQ(w.ask("CLIPBOARD", "UTF8_STRING"), "mine");
+}
+
+TEST(X11Clipboard, GivesSeveralFormsAtOnce) {
+    PEDL_NEEDS_DISPLAY();
+    FieldInHost w("na\u00EFve");
+    w.shortcut(XKB_KEY_c);
+    const HostProgram& host = w.host;
+    std::array<xcb_atom_t, 6> pairs{host.atom("STRING"),    host.atom("ONE"),
+                                    host.atom("image/png"), host.atom("TWO"),
+                                    host.atom("MULTIPLE"),  host.atom("THREE")};
+    xcb_change_property(host.xcb(), XCB_PROP_MODE_REPLACE, host.windowId(), host.atom("ANSWER"),
+                        host.atom("ATOM_PAIR"), 32, pairs.size(), pairs.data());
+    const std::string answer = w.ask("CLIPBOARD", "MULTIPLE");
+    pairs[3] = pairs[5] = XCB_ATOM_NONE; // cannot be had
+    ASSERT_EQ(answer.size(), sizeof(pairs));
+    EXPECT_EQ(std::memcmp(answer.data(), pairs.data(), sizeof(pairs)), 0);
+    const auto asked =
+        xcb_get_property(host.xcb(), 0, host.windowId(), host.atom("ONE"), XCB_ATOM_STRING, 0, 100);
+    const auto text = owned(xcb_get_property_reply(host.xcb(), asked, nullptr));
+    EXPECT_EQ(xcb_get_property_value_length(text.get()), 5);
 }
 
 TEST(X11Clipboard, CopiesByAKeyOfTheHostsAfterAnotherProgramCopied) {

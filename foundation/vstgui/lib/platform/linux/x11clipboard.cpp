@@ -98,14 +98,46 @@ bool X11Clipboard::provide(const Selection& selection, const xcb_selection_reque
         return store(XCB_ATOM_STRING, 8, latin1.size(), latin1.data());
     }
     if (request.target == connection_.atom(Atom::Targets)) {
-        const xcb_atom_t targets[] = {request.target, connection_.atom(Atom::Timestamp),
-                                      utf8,           plain,
-                                      anyText,        XCB_ATOM_STRING};
+        const xcb_atom_t targets[] = {request.target,
+                                      connection_.atom(Atom::Timestamp),
+                                      connection_.atom(Atom::Multiple),
+                                      utf8,
+                                      plain,
+                                      anyText,
+                                      XCB_ATOM_STRING};
         return store(XCB_ATOM_ATOM, 32, std::size(targets), targets);
     }
     if (request.target == connection_.atom(Atom::Timestamp))
         return store(XCB_ATOM_INTEGER, 32, 1, &selection.since);
+    if (request.target == connection_.atom(Atom::Multiple))
+        return provideEach(selection, request, property);
     return false;
+}
+
+/// The property holds pairs of a target and the property for it. Those that cannot be had are
+/// marked in it.
+bool X11Clipboard::provideEach(const Selection& selection,
+                               const xcb_selection_request_event_t& request, xcb_atom_t property) {
+    constexpr uint32_t kMostPairs = 32; // there are a few targets
+    xcb_connection_t* const xcb = connection_.xcb();
+    const auto asked = xcb_get_property(xcb, 0, request.requestor, property,
+                                        XCB_GET_PROPERTY_TYPE_ANY, 0, 2 * kMostPairs);
+    const auto reply = owned(xcb_get_property_reply(xcb, asked, nullptr));
+    if (!reply || reply->format != 32 || reply->bytes_after != 0)
+        return false;
+    auto* const atoms = static_cast<xcb_atom_t*>(xcb_get_property_value(reply.get()));
+    const uint32_t count = reply->value_len & ~1U;
+    for (uint32_t i = 0; i < count; i += 2) {
+        xcb_selection_request_event_t single = request;
+        single.target = atoms[i];
+        xcb_atom_t& place = atoms[i + 1];
+        const bool isNested = single.target == request.target;
+        if (isNested || place == XCB_ATOM_NONE || !provide(selection, single, place))
+            place = XCB_ATOM_NONE;
+    }
+    xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, request.requestor, property,
+                        connection_.atom(Atom::AtomPair), 32, count, atoms);
+    return true;
 }
 
 // Others', for us

@@ -44,6 +44,8 @@ private:
     void answer(const xcb_selection_request_event_t& request);
     bool provide(const Selection& selection, const xcb_selection_request_event_t& request,
                  xcb_atom_t property);
+    bool provideEach(const Selection& selection, const xcb_selection_request_event_t& request,
+                     xcb_atom_t property);
     void arrived(const xcb_selection_notify_event_t& notice);
     bool pieceArrived(const xcb_property_notify_event_t& notice);
     XcbOwned<xcb_get_property_reply_t> takeProperty();

@@ -16,6 +16,8 @@ constexpr std::array<const char*, static_cast<std::size_t>(Atom::Count)> kAtomNa
     "text/plain;charset=utf-8",
     "TARGETS",
     "TIMESTAMP",
+    "MULTIPLE",
+    "ATOM_PAIR",
     "INCR",
     "_VSTGUI_TRANSFER",
     "_XEMBED",

@@ -27,6 +27,8 @@ enum class Atom {
     TextPlainUtf8,
     Targets,
     Timestamp,
+    Multiple,
+    AtomPair,
     Incr,
     Transfer,
     XEmbed,
