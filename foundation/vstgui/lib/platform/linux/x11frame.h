@@ -87,7 +87,7 @@ private:
     void cancelMenu();
     void resizeWindow();
     CPoint logical(int x, int y) const;
-    CPoint note(int x, int y, CButtonState buttons);
+    CPoint note(int x, int y, const CButtonState& buttons);
     XcbOwned<xcb_query_pointer_reply_t> queryPointer() const;
 
     // In the order in which they are made; what stands below goes first.

@@ -122,7 +122,7 @@ CPoint X11Frame::logical(int x, int y) const {
     return {x / getScaleFactor(), y / getScaleFactor()};
 }
 
-CPoint X11Frame::note(int x, int y, CButtonState buttons) {
+CPoint X11Frame::note(int x, int y, const CButtonState& buttons) {
     lastMouse_ = logical(x, y);
     lastButtons_ = buttons;
     return lastMouse_;
