@@ -80,6 +80,30 @@ INSTANTIATE_TEST_SUITE_P(, X11Paint,
                                          Kind{"Pieces", {"-extension", "MIT-SHM"}, 24}),
                          [](const auto& kind) { return kind.param.story; });
 
+TEST(X11Screen, OfAnotherDepthIsDrawnOnToo) {
+    for (const uint8_t depth : {uint8_t{30}, uint8_t{16}}) {
+        SCOPED_TRACE(int{depth});
+        const auto server =
+            XServer::start({"-screen", "0", "640x480x" + std::to_string(int{depth})});
+        if (!server)
+            GTEST_SKIP() << "Xvfb is not installed";
+        server->use();
+        const HostProgram host(TestEditor::kWidth, TestEditor::kHeight, depth);
+        TestEditor editor;
+        ASSERT_TRUE(editor.open(host.window()));
+        editor.theFrame().addView(new Patch(CRect(0, 0, 300, 300), CColor(255, 255, 255, 255)));
+        editor.idle();
+        owned(xcb_get_input_focus_reply(editor.window().connection().xcb(),
+                                        xcb_get_input_focus(editor.window().connection().xcb()),
+                                        nullptr));
+        const uint32_t white = host.pixelAt(50, 50);
+        EXPECT_NE(white, 0U);
+        EXPECT_EQ(white, host.pixelAt(60, 60));
+        EXPECT_NE(white, host.pixelAt(350, 50)) << "nothing is drawn there";
+    }
+    sharedXServer();
+}
+
 /// Makes the window larger from within its drawing.
 class GrowingPatch : public Patch {
 public:

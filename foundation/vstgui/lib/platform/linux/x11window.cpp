@@ -53,7 +53,8 @@ X11Window::~X11Window() {
     connection_.flush();
 }
 
-/// Keeps depth and visual where they serve, else finds others with 24 bits of colour.
+/// Keeps depth and visual where they serve, else finds others with 24 bits of colour: without alpha
+/// before with it. A screen of 30 or 16 bits has the latter alone, and the server converts.
 bool X11Window::findPixels(const X11Connection& connection, const xcb_screen_t& screen,
                            Pixels& pixels) {
     const Pixels wanted = pixels;
@@ -72,7 +73,7 @@ bool X11Window::findPixels(const X11Connection& connection, const xcb_screen_t& 
                 pixels = here;
                 return true;
             }
-            if (!found && depth == 24) {
+            if (!found || (pixels.depth == 32 && depth == 24)) {
                 pixels = here;
                 found = true;
             }
