@@ -48,6 +48,22 @@ TEST(X11Mouse, ADragGoesOnOutsideTheWindowAndEndsThere) {
     EXPECT_EQ(w.logAfter([&] { w.host.button(1, false); }), "knob up, knob exit");
 }
 
+TEST(X11Mouse, ADragEndsWhereTheReleaseIsNotTold) {
+    PEDL_NEEDS_DISPLAY();
+    EditorInHost w;
+    w.editor.add("pad", CRect(0, 0, 100, 100));
+    w.host.moveTo(20, 20);
+    EXPECT_EQ(w.logAfter([&] { w.host.button(1, true); }), "pad down");
+    EXPECT_EQ(w.logAfter([&] { xcb_unmap_window(w.host.xcb(), w.host.windowId()); }), "");
+    EXPECT_EQ(w.logAfter([&] { w.host.button(1, false); }), "pad up");
+    xcb_map_window(w.host.xcb(), w.host.windowId());
+    w.settle();
+    w.host.button(1, true);
+    w.settle();
+    EXPECT_NE(w.logAfter([&] { w.host.destroyWindow(); }).find("pad up"), std::string::npos);
+    w.host.button(1, false);
+}
+
 TEST(X11Mouse, ComesAndGoes) {
     PEDL_NEEDS_DISPLAY();
     EditorInHost w;

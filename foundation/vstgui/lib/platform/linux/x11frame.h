@@ -74,6 +74,7 @@ private:
     void pressed(const xcb_button_press_event_t& press);
     void released(const xcb_button_release_event_t& release);
     void moved(const xcb_motion_notify_event_t& motion);
+    void releaseLost(const CButtonState& stillHeld);
     void left(const xcb_leave_notify_event_t& crossing);
     void keyPressed(const xcb_key_press_event_t& press);
     void keyReleased(const xcb_key_release_event_t& release);
@@ -106,6 +107,7 @@ private:
     std::bitset<256> keysUsed_; // pressed and not the host's: nor are their releases
     CPoint lastMouse_;
     CButtonState lastButtons_;
+    int32_t held_ = 0;           // buttons that were pressed here and not let go yet
     std::vector<CRect> exposed_; // logical pixels
     bool hasFocus_ = false;
     bool isDestroyed_ = false; // by the host

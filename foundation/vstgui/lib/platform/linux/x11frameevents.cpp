@@ -15,16 +15,24 @@ namespace {
 /// they are worked off.
 constexpr uint64_t kLongestPumpMs = 20;
 
+/// The server knows of these whether they are held.
+constexpr int32_t kAskedButtons = kLButton | kMButton | kRButton;
+
 } // namespace
 
 void X11Frame::pumpEvents() {
     const CBaseObjectGuard self(this);
-    auto first = connection_->nextEvent();
+    const auto pointer = held_ != 0 ? queryPointer() : nullptr;
+    auto first = connection_->nextEvent(); // all from before that answer have arrived
+    if (pointer && !first)
+        releaseLost(buttonsOf(pointer->mask));
     clipboard_.dropLateRequest();
     if (first || menu_)
         pumpAll(std::move(first));
-    if (window_ && !connection_->isAlive())
+    if (window_ && !connection_->isAlive()) {
         cancelMenu();
+        releaseLost({});
+    }
 }
 
 void X11Frame::pumpAll(XcbOwned<xcb_generic_event_t> first) {
@@ -109,6 +117,7 @@ void X11Frame::destroyed() {
     isDestroyed_ = true;
     window_->markDestroyed();
     cancelMenu();
+    releaseLost({});
 }
 
 void X11Frame::cancelMenu() {
@@ -138,7 +147,10 @@ void X11Frame::pressed(const xcb_button_press_event_t& press) {
     const int32_t button = buttonBit(press.detail);
     if (button == 0)
         return;
+    releaseLost(buttons);
     takeFocus();
+    if (!isSent(press.response_type))
+        held_ |= button & kAskedButtons;
     buttons |= button;
     const CPoint where = note(press.event_x, press.event_y, buttons);
     if (clicks_.isDoubleClick(press))
@@ -152,6 +164,7 @@ void X11Frame::released(const xcb_button_release_event_t& release) {
         return;                                      // the wheel
     CButtonState buttons = buttonsOf(release.state); // before the release
     buttons &= ~button;
+    held_ &= ~button;
     sendMouseUp(note(release.event_x, release.event_y, buttons), buttons);
 }
 
@@ -161,7 +174,19 @@ void X11Frame::moved(const xcb_motion_notify_event_t& motion) {
     if (!window_ || motion.event != window_->id())
         return; // over a menu that is gone
     const CButtonState buttons = buttonsOf(motion.state);
+    releaseLost(buttons);
     sendMouseMoved(note(motion.event_x, motion.event_y, buttons), buttons);
+}
+
+/// A release is not told when the window is hidden or gone during a drag. Its control still has to
+/// hear of it: the host's edit would stay open.
+void X11Frame::releaseLost(const CButtonState& stillHeld) {
+    const int32_t held = held_ & stillHeld.getButtonState();
+    if (held == held_)
+        return;
+    held_ = held;
+    lastButtons_ = stillHeld;
+    sendMouseUp(lastMouse_, stillHeld);
 }
 
 void X11Frame::left(const xcb_leave_notify_event_t& crossing) {
