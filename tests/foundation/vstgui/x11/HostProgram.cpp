@@ -254,6 +254,8 @@ void HostProgram::take(const xcb_generic_event_t& event) {
     switch (typeOf(event)) {
     case XCB_KEY_PRESS:
     case XCB_KEY_RELEASE:
+        if (eventAs<xcb_key_press_event_t>(event).event != window_)
+            break; // as toolkits do: not one of its windows
         keys_ += (keys_.empty() ? "" : ", ") +
                  std::string(typeOf(event) == XCB_KEY_PRESS ? "press " : "release ") +
                  nameOf(eventAs<xcb_key_press_event_t>(event).detail);

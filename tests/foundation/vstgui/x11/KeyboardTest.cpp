@@ -61,6 +61,25 @@ TEST(X11Keyboard, KeysThatNobodyUsesGoToTheHostPressAndRelease) {
     EXPECT_EQ(w.host.takeKeys(), "press Up, release Up");
 }
 
+TEST(X11Keyboard, AWindowThatListensToNoKeysIsPassedOver) {
+    PEDL_NEEDS_DISPLAY();
+    EditorInHost w;
+    xcb_connection_t* const xcb = w.host.xcb();
+    const xcb_window_t socket = xcb_generate_id(xcb);
+    xcb_create_window(xcb, XCB_COPY_FROM_PARENT, socket, w.host.windowId(), 0, 0, 400, 300, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_map_window(xcb, socket);
+    const auto editor = reinterpret_cast<uintptr_t>(w.editor.window().getPlatformRepresentation());
+    xcb_reparent_window(xcb, static_cast<xcb_window_t>(editor), socket, 0, 0);
+    w.host.sync();
+    w.settle();
+    w.host.click(10, 10);
+    w.settle();
+    w.host.type(XKB_KEY_space);
+    w.settle();
+    EXPECT_EQ(w.host.takeKeys(), "press space, release space");
+}
+
 TEST(X11Keyboard, KeysHaveTheirCodes) {
     PEDL_NEEDS_DISPLAY();
     EditorInHost w;

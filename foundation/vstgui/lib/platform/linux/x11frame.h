@@ -79,6 +79,7 @@ private:
     void keyPressed(const xcb_key_press_event_t& press);
     void keyReleased(const xcb_key_release_event_t& release);
     void handOn(const xcb_key_press_event_t& key);
+    xcb_window_t listenerAround(uint32_t mask) const;
     void focusChanged(const xcb_focus_in_event_t& change, bool hasFocus);
     void embeddingSays(const xcb_client_message_event_t& message);
     void activate(bool state);

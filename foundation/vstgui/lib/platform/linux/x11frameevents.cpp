@@ -242,14 +242,33 @@ void X11Frame::keyReleased(const xcb_key_release_event_t& release) {
 void X11Frame::handOn(const xcb_key_press_event_t& key) {
     if (!isUsable() || isSent(key.response_type))
         return;
-    xcb_key_press_event_t sent = key;
-    sent.event = parent_;
-    sent.child = window_->id();
     const uint32_t mask =
         key.response_type == XCB_KEY_PRESS ? XCB_EVENT_MASK_KEY_PRESS : XCB_EVENT_MASK_KEY_RELEASE;
-    constexpr uint8_t kPropagate = 1;
-    xcb_send_event(connection_->xcb(), kPropagate, parent_, mask,
-                   reinterpret_cast<const char*>(&sent));
+    xcb_key_press_event_t sent = key;
+    sent.event = listenerAround(mask);
+    sent.child = XCB_NONE;
+    if (sent.event != XCB_NONE)
+        xcb_send_event(connection_->xcb(), 0, sent.event, mask,
+                       reinterpret_cast<const char*>(&sent));
+}
+
+/// The nearest window around ours in which a program listens to such events. The server could find
+/// it too, but would not write it into the event, and toolkits drop an event for a window that is
+/// not theirs: GTK's socket for instance has a window of the host's between itself and ours.
+xcb_window_t X11Frame::listenerAround(uint32_t mask) const {
+    xcb_connection_t* const xcb = connection_->xcb();
+    for (xcb_window_t window = parent_;;) {
+        const auto askedAttributes = xcb_get_window_attributes(xcb, window);
+        const auto askedTree = xcb_query_tree(xcb, window);
+        const auto attributes =
+            owned(xcb_get_window_attributes_reply(xcb, askedAttributes, nullptr));
+        const auto tree = owned(xcb_query_tree_reply(xcb, askedTree, nullptr));
+        if (!attributes || !tree || window == tree->root)
+            return XCB_NONE;
+        if (attributes->all_event_masks & mask)
+            return window;
+        window = tree->parent;
+    }
 }
 
 void X11Frame::focusChanged(const xcb_focus_in_event_t& change, bool hasFocus) {
