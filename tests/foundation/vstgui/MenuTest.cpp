@@ -140,6 +140,35 @@ TEST(OptionMenu, MayBeDraggedThroughFromTheFirstPress) {
     EXPECT_FLOAT_EQ(w.menu->getValue(), 2.0F);
 }
 
+/// A window whose menus have been chosen from when `popup` returns.
+class WaitingWindow : public OffscreenFrame {
+    class Menu : public IPlatformOptionMenu {
+        PlatformOptionMenuResult popup(COptionMenu* optionMenu) override { return {optionMenu, 2}; }
+    };
+
+public:
+    using OffscreenFrame::OffscreenFrame;
+    IPlatformOptionMenu* createPlatformOptionMenu() override { return new Menu; }
+};
+
+TEST(OptionMenu, MayHaveItsAnswerAtOnce) {
+    setPlatformFrameFactory(
+        [](IPlatformFrameCallback* callback, const CRect& size, void*) -> IPlatformFrame* {
+            return new WaitingWindow(callback, size);
+        });
+    ManualClock clock;
+    CFrame* const frame = new CFrame(CRect(0, 0, 200, 100), &clock, nullptr);
+    setPlatformFrameFactory(nullptr);
+    COptionMenu* const menu = new COptionMenu(kPlace, nullptr, 1);
+    for (const char* title : {"a", "b", "c"})
+        menu->addEntry(title);
+    frame->addView(menu);
+    OffscreenFrame::of(*frame).mouseDown(25, 15, kLButton);
+    EXPECT_FLOAT_EQ(menu->getValue(), 2.0F);
+    EXPECT_FALSE(menu->isOpen());
+    frame->close();
+}
+
 TEST(OptionMenu, ArrowsStepOverWhatCannotBeChosen) {
     MenuWindow w(1);
     w.menu->addSeparator();

@@ -197,9 +197,14 @@ bool COptionMenu::popup() {
     platformMenu_ = window->createPlatformOptionMenu();
     if (!platformMenu_)
         return false;
-    if (!platformMenu_->popup(this).menu) {
+    const PlatformOptionMenuResult result = platformMenu_->popup(this);
+    if (!result.menu) {
         dismiss();
         return false;
+    }
+    if (result.index >= 0) { // a menu that waits for the choice
+        popupEnded(result.index);
+        return true;
     }
     setDirty(); // another background while it is open
     return true;

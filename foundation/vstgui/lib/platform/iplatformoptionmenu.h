@@ -12,8 +12,9 @@ struct PlatformOptionMenuResult {
     int32_t index;
 };
 
-/// A menu on the screen. Opens at once and reports later, through `COptionMenu::popupEnded`; the
-/// result of `popup` says only whether it opened (its menu is not null then).
+/// A menu on the screen. Those of this layer open at once and report later, through
+/// `COptionMenu::popupEnded`: the result of `popup` says only that it opened, by a menu and the index
+/// -1. One that waits for the choice returns that.
 class IPlatformOptionMenu : public CBaseObject {
 public:
     virtual PlatformOptionMenuResult popup(COptionMenu* optionMenu) = 0;
