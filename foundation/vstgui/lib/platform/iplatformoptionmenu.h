@@ -13,8 +13,8 @@ struct PlatformOptionMenuResult {
 };
 
 /// A menu on the screen. Those of this layer open at once and report later, through
-/// `COptionMenu::popupEnded`: the result of `popup` says only that it opened, by a menu and the index
-/// -1. One that waits for the choice returns that.
+/// `COptionMenu::popupEnded`: the result of `popup` says only that it opened, by a menu and the
+/// index -1. One that waits for the choice returns that.
 class IPlatformOptionMenu : public CBaseObject {
 public:
     virtual PlatformOptionMenuResult popup(COptionMenu* optionMenu) = 0;
