@@ -2,13 +2,28 @@
 
 #include "engine/Stages.h"
 
+#include <array>
 #include <cmath>
 
 namespace pedl {
 
+/// One power in 27 is asked of the library, those between are products with the first 27: the last
+/// bits may differ. The highest is exact, since it chooses the last entry of other tables.
 CutoffTable::CutoffTable() {
-    for (int i = 0; i < kEntries; ++i)
-        hz_[static_cast<std::size_t>(i)] = 20.0 * std::pow(1000.0, i / (kEntries - 1.0));
+    constexpr std::size_t kSteps = 27;
+    static_assert(kEntries % kSteps == 0);
+    const auto power = [](std::size_t entry) {
+        return std::pow(1000.0, static_cast<double>(entry) / (kEntries - 1.0));
+    };
+    std::array<double, kSteps> steps;
+    for (std::size_t i = 0; i < kSteps; ++i)
+        steps[i] = power(i);
+    for (std::size_t first = 0; first < kEntries; first += kSteps) {
+        const double firstHz = 20.0 * power(first);
+        for (std::size_t i = 0; i < kSteps; ++i)
+            hz_[first + i] = firstHz * steps[i];
+    }
+    hz_[kEntries - 1] = 20000.0;
 }
 
 const CutoffTable& CutoffTable::shared() {
