@@ -358,6 +358,38 @@ TEST(TextField, APasteMayArriveLaterEvenTooLate) {
     frame->close();
 }
 
+/// A window with fields of another kind: what is set from outside changes nothing in them.
+class OtherFieldsWindow : public OffscreenFrame {
+    class Field : public IPlatformTextEdit {
+    public:
+        explicit Field(IPlatformTextEditCallback* callback) : IPlatformTextEdit(callback) {}
+        UTF8StringPtr getText() override { return "typed"; }
+        bool setText(UTF8StringPtr) override { return false; }
+        bool updateSize() override { return true; }
+    };
+
+public:
+    using OffscreenFrame::OffscreenFrame;
+    IPlatformTextEdit* createPlatformTextEdit(IPlatformTextEditCallback* callback) override {
+        return new Field(callback);
+    }
+    static IPlatformFrame* create(IPlatformFrameCallback* callback, const CRect& size, void*) {
+        return new OtherFieldsWindow(callback, size);
+    }
+};
+
+TEST(TextEdit, TakesWhatAFieldOfAnotherKindSays) {
+    FieldWindow unused("");
+    setPlatformFrameFactory(OtherFieldsWindow::create);
+    auto* frame = new CFrame(CRect(0, 0, 200, 100), &unused, nullptr);
+    auto* field = new CTextEdit(kField, &unused, 1, "old");
+    frame->addView(field);
+    OffscreenFrame::of(*frame).mouseDown(30, 20, kLButton);
+    OffscreenFrame::of(*frame).mouseDown(150, 80, kLButton);
+    EXPECT_STREQ(field->getText(), "typed");
+    frame->close();
+}
+
 TEST(TextField, OnlyTheCaretIsRedrawnWhenItBlinks) {
     FieldWindow w("abc");
     w.open();

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "vstgui/lib/cframe.h"
+#include "vstgui/lib/platform/common/textline.h"
 
 namespace VSTGUI {
 
@@ -87,8 +88,8 @@ void CTextEdit::looseFocus() {
     const CBaseObjectGuard guard(this); // a listener may take the field away
     const std::string typed = platformControl->getText();
     // A field leaves out what it cannot show: that is no change of the user's.
-    platformControl->setText(getText());
-    const bool isChanged = typed != platformControl->getText();
+    const std::string before = getText();
+    const bool isChanged = typed != before && typed != oneLine(before, kMostFieldCharacters);
     closeField();
     if (isChanged) {
         beginEdit();

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "vstgui/lib/cdrawcontext.h"
+#include "vstgui/lib/platform/common/textline.h"
 #include "vstgui/lib/platform/common/utf8.h"
 
 namespace VSTGUI {
@@ -196,7 +197,7 @@ void NameList::drawRow(CDrawContext* context, int32_t index) const {
     row.left += 5;
     row.right -= kScrollBarWidth + 2;
     context->setFontColor(FileListColors::kText);
-    const std::string name = shownName(entry.name) + (entry.isDirectory ? "/" : "");
+    const std::string name = oneLine(entry.name) + (entry.isDirectory ? "/" : "");
     context->drawString(name.c_str(), row, kLeftText, true);
 }
 

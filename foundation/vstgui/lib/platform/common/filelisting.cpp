@@ -6,7 +6,6 @@
 
 #include <algorithm>
 
-#include "vstgui/lib/platform/common/textline.h"
 #include "vstgui/lib/platform/common/utf8.h"
 
 namespace VSTGUI {
@@ -42,12 +41,6 @@ bool isDirectory(const std::string& path) {
 bool exists(const std::string& path) {
     struct stat status {};
     return lstat(path.c_str(), &status) == 0;
-}
-
-std::string shownName(const std::string& name) {
-    TextLine line(name.size());
-    line.setText(name);
-    return line.text();
 }
 
 std::string startDirectory(const std::string& wanted) {

@@ -34,7 +34,4 @@ bool isDirectory(const std::string& path);
 /// Is anything there, be it a link that leads nowhere?
 bool exists(const std::string& path);
 
-/// A file's name may hold anything: what it shows is one line.
-std::string shownName(const std::string& name);
-
 } // namespace VSTGUI

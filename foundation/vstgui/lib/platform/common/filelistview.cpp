@@ -2,6 +2,7 @@
 
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/cframe.h"
+#include "vstgui/lib/platform/common/textline.h"
 
 namespace VSTGUI {
 
@@ -21,7 +22,7 @@ FileListView::FileListView(const CRect& viewSize, const FileDialogRequest& reque
     setWantsFocus(true);
     const CCoord right = getWidth() - kMargin;
     CCoord top = kMargin;
-    addLabel(CRect(kMargin, top, right, top + kLineHeight), shownName(request.title))
+    addLabel(CRect(kMargin, top, right, top + kLineHeight), oneLine(request.title))
         ->setHoriAlign(kCenterText);
     top += kLineHeight + 4;
     place_ = addLabel(CRect(kMargin, top, right - kButtonWidth - kMargin, top + kButtonHeight), "");
@@ -82,7 +83,7 @@ void FileListView::focusName() {
 
 void FileListView::open(const std::string& directory) {
     directory_ = directory;
-    place_->setText(shownName(directory).c_str());
+    place_->setText(oneLine(directory).c_str());
     names_->setEntries(readFileList(request_, directory));
     say("");
 }

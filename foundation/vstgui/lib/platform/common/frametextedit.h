@@ -23,8 +23,6 @@ class CVSTGUITimer;
 /// A derived class dresses it: place, font, colours, what lies behind the text.
 class FrameTextEdit : public IPlatformTextEdit, private FrameOverlay {
 public:
-    static constexpr std::size_t kMaxCharacters = 255;
-
     FrameTextEdit(BufferedFrame& frame, IPlatformTextEditCallback* callback);
 
     /// Takes the keyboard, the whole text selected. Once, after construction: it asks the
@@ -95,7 +93,7 @@ private:
     void drawPart(CDrawContext* context, const CRect& part, const CColor& color) const;
 
     BufferedFrame& frame_; // remembered
-    TextLine line_{kMaxCharacters};
+    TextLine line_{kMostFieldCharacters};
     COffscreenContext* measure_ = nullptr; // made when first needed
     CVSTGUITimer* blink_;
     CRect shownArea_;                      // where it was drawn last

@@ -31,12 +31,16 @@ std::string firstCharacters(const std::string& text, std::size_t count) {
 
 } // namespace
 
+std::string oneLine(const std::string& text, std::size_t maxCharacters) {
+    return firstCharacters(cleaned(text), maxCharacters);
+}
+
 std::string TextLine::selectedText() const {
     return text_.substr(selectionStart(), selectionEnd() - selectionStart());
 }
 
 void TextLine::setText(const std::string& text) {
-    text_ = firstCharacters(cleaned(text), maxCharacters_);
+    text_ = oneLine(text, maxCharacters_);
     caret_ = anchor_ = text_.size();
 }
 

@@ -51,4 +51,11 @@ private:
     std::size_t anchor_ = 0;
 };
 
+/// Characters that a text field takes.
+constexpr std::size_t kMostFieldCharacters = 255;
+
+/// What a field, or any other single line, shows of a text: valid UTF-8 without line breaks and
+/// other control characters.
+std::string oneLine(const std::string& text, std::size_t maxCharacters = std::string::npos);
+
 } // namespace VSTGUI

@@ -135,12 +135,6 @@ std::unique_ptr<FileDialogBackend> createSystemFileDialog(int32_t index) {
     return std::make_unique<SystemFileDialog>((index == 1) == isDesktopKde() ? kdialog : zenity);
 }
 
-std::string oneLine(const std::string& text) {
-    TextLine line(text.size());
-    line.setText(text);
-    return line.text();
-}
-
 std::vector<std::string> filePatterns(const FileDialogRequest::FileType& type) {
     std::vector<std::string> patterns{"*." + type.extension};
     for (char (*const letter)(char) : {smallLetter, capitalLetter}) {

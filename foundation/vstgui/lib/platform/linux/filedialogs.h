@@ -21,9 +21,6 @@ std::unique_ptr<FileDialogBackend> createSystemFileDialog(int32_t index);
 /// is missing, it crashed. Nobody cancels that quickly.
 constexpr uint64_t kUnseenMs = 500;
 
-/// `text` as valid UTF-8 without line breaks and other control characters.
-std::string oneLine(const std::string& text);
-
 /// "*.zmt", "*.ZMT": as the extension is given, and in small and capital letters.
 std::vector<std::string> filePatterns(const FileDialogRequest::FileType& type);
 

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <string_view>
 
+#include "vstgui/lib/platform/common/textline.h"
 #include "vstgui/lib/platform/iplatformframe.h"
 #include "vstgui/lib/platform/linux/filedialogs.h"
 #include "vstgui/lib/platform/linux/sdbus.h"

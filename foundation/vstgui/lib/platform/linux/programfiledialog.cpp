@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "vstgui/lib/platform/common/textline.h"
 #include "vstgui/lib/platform/iplatformframe.h"
 #include "vstgui/lib/platform/linux/childprogram.h"
 #include "vstgui/lib/platform/linux/filedialogs.h"
