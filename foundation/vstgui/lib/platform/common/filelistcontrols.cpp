@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "vstgui/lib/cdrawcontext.h"
+#include "vstgui/lib/platform/common/overlaycolors.h"
 #include "vstgui/lib/platform/common/textline.h"
 #include "vstgui/lib/platform/common/utf8.h"
 
@@ -27,13 +28,13 @@ void WordButton::setWord(UTF8StringPtr word) {
 }
 
 void WordButton::draw(CDrawContext* context) {
-    context->setFillColor(pressed_ ? FileListColors::kSelection : FileListColors::kList);
+    context->setFillColor(pressed_ ? OverlayColors::kSelection : OverlayColors::kList);
     context->drawRect(size, kDrawFilled);
-    context->setFrameColor(FileListColors::kFrame);
+    context->setFrameColor(OverlayColors::kFrame);
     context->setLineWidth(1);
     context->drawRect(size, kDrawStroked);
     context->setFont(kNormalFontSmall);
-    context->setFontColor(FileListColors::kText);
+    context->setFontColor(OverlayColors::kText);
     context->drawString(word_, size, kCenterText, true);
     setDirty(false);
 }
@@ -112,7 +113,7 @@ bool NameList::useKey(const VstKeyCode& keyCode) {
 }
 
 void NameList::draw(CDrawContext* context) {
-    context->setFillColor(FileListColors::kList);
+    context->setFillColor(OverlayColors::kList);
     context->drawRect(size, kDrawFilled);
     context->setFont(kNormalFontSmall);
     const int32_t last = std::min(count(), firstRow_ + rows());
@@ -120,7 +121,7 @@ void NameList::draw(CDrawContext* context) {
         drawRow(context, i);
     if (count() > rows())
         drawScrollBar(context);
-    context->setFrameColor(FileListColors::kFrame);
+    context->setFrameColor(OverlayColors::kFrame);
     context->setLineWidth(1);
     context->drawRect(size, kDrawStroked);
     setDirty(false);
@@ -191,12 +192,12 @@ void NameList::drawRow(CDrawContext* context, int32_t index) const {
     CRect row(CPoint(size.left + 1, size.top + 1 + (index - firstRow_) * kRowHeight),
               CPoint(getWidth() - 2, kRowHeight));
     if (index == selected_) {
-        context->setFillColor(FileListColors::kSelection);
+        context->setFillColor(OverlayColors::kSelection);
         context->drawRect(row, kDrawFilled);
     }
     row.left += 5;
     row.right -= kScrollBarWidth + 2;
-    context->setFontColor(FileListColors::kText);
+    context->setFontColor(OverlayColors::kText);
     const std::string name = oneLine(entry.name) + (entry.isDirectory ? "/" : "");
     context->drawString(name.c_str(), row, kLeftText, true);
 }
@@ -205,7 +206,7 @@ void NameList::drawScrollBar(CDrawContext* context) const {
     const CCoord length = std::max(kLeastBarPixels, getHeight() * rows() / count());
     const CCoord way = getHeight() - length;
     const CCoord top = size.top + way * firstRow_ / (count() - rows());
-    context->setFillColor(FileListColors::kFrame);
+    context->setFillColor(OverlayColors::kFrame);
     context->drawRect(CRect(CPoint(size.right - kScrollBarWidth, std::floor(top)),
                             CPoint(kScrollBarWidth - 1, std::ceil(length))),
                       kDrawFilled);

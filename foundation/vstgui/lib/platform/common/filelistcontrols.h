@@ -3,21 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "vstgui/lib/ccolor.h"
 #include "vstgui/lib/controls/ccontrol.h"
 #include "vstgui/lib/platform/common/filelisting.h"
 
 namespace VSTGUI {
-
-/// What the file list drawn in the frame looks like.
-namespace FileListColors {
-constexpr CColor kPanel(44, 44, 42, 255);
-constexpr CColor kList(30, 30, 28, 255);
-constexpr CColor kFrame(110, 110, 104, 255);
-constexpr CColor kText(228, 228, 222, 255);
-constexpr CColor kSelection(70, 110, 170, 255);
-constexpr CColor kWarning(240, 190, 90, 255);
-} // namespace FileListColors
 
 /// A button with a word on it, told to the listener when it is let go over the button.
 class WordButton : public CControl {

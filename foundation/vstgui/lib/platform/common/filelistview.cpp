@@ -2,6 +2,7 @@
 
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/cframe.h"
+#include "vstgui/lib/platform/common/overlaycolors.h"
 #include "vstgui/lib/platform/common/textline.h"
 
 namespace VSTGUI {
@@ -18,7 +19,7 @@ enum Tag : int32_t { kUp, kCancel, kAccept, kName };
 
 FileListView::FileListView(const CRect& viewSize, const FileDialogRequest& request)
     : CViewContainer(viewSize), request_(request) {
-    setBackgroundColor(FileListColors::kPanel);
+    setBackgroundColor(OverlayColors::kPanel);
     setWantsFocus(true);
     const CCoord right = getWidth() - kMargin;
     CCoord top = kMargin;
@@ -40,13 +41,13 @@ FileListView::FileListView(const CRect& viewSize, const FileDialogRequest& reque
         name_->setFont(kNormalFontSmall);
         name_->setHoriAlign(kLeftText);
         name_->setTextInset(CPoint(4, 0));
-        name_->setBackColor(FileListColors::kList);
-        name_->setFrameColor(FileListColors::kFrame);
+        name_->setBackColor(OverlayColors::kList);
+        name_->setFrameColor(OverlayColors::kFrame);
         addView(name_);
     }
     const CCoord cancelLeft = right - 2 * kButtonWidth - kMargin;
     message_ = addLabel(CRect(kMargin, buttonsTop, cancelLeft - 4, buttonsTop + kButtonHeight), "");
-    message_->setFontColor(FileListColors::kWarning);
+    message_->setFontColor(OverlayColors::kWarning);
     addButton(right - kButtonWidth - kMargin, buttonsTop, kCancel, "Cancel");
     acceptButton_ = addButton(right, buttonsTop, kAccept, "");
     open(startDirectory(request.directory));
@@ -55,7 +56,7 @@ FileListView::FileListView(const CRect& viewSize, const FileDialogRequest& reque
 CTextLabel* FileListView::addLabel(const CRect& area, const std::string& text) {
     auto* label = new CTextLabel(area, text.c_str());
     label->setFont(kNormalFontSmall);
-    label->setFontColor(FileListColors::kText);
+    label->setFontColor(OverlayColors::kText);
     label->setHoriAlign(kLeftText);
     label->setTransparency(true);
     addView(label);
@@ -71,7 +72,7 @@ WordButton* FileListView::addButton(CCoord right, CCoord top, int32_t tag, UTF8S
 
 void FileListView::drawRect(CDrawContext* context, const CRect& updateRect) {
     CViewContainer::drawRect(context, updateRect);
-    context->setFrameColor(FileListColors::kFrame);
+    context->setFrameColor(OverlayColors::kFrame);
     context->setLineWidth(1);
     context->drawRect(size, kDrawStroked);
 }

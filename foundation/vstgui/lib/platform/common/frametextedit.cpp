@@ -6,6 +6,7 @@
 #include "vstgui/lib/coffscreencontext.h"
 #include "vstgui/lib/cvstguitimer.h"
 #include "vstgui/lib/platform/common/clipboard.h"
+#include "vstgui/lib/platform/common/overlaycolors.h"
 #include "vstgui/lib/platform/common/utf8.h"
 
 namespace VSTGUI {
@@ -14,8 +15,6 @@ namespace {
 
 constexpr int32_t kBlinkMs = 500;
 constexpr CCoord kCaretWidthPixels = 1;
-constexpr CColor kSelectionColor(70, 110, 170, 255);
-constexpr CColor kSelectedTextColor(255, 255, 255, 255);
 
 using Direction = TextLine::Direction;
 using Unit = TextLine::Unit;
@@ -120,11 +119,11 @@ CColor FrameTextEdit::textColor() const {
 }
 
 CColor FrameTextEdit::selectionColor() const {
-    return kSelectionColor;
+    return OverlayColors::kSelection;
 }
 
 CColor FrameTextEdit::selectedTextColor() const {
-    return kSelectedTextColor;
+    return OverlayColors::kSelectedText;
 }
 
 // Where things are

@@ -6,6 +6,7 @@
 
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/controls/coptionmenu.h"
+#include "vstgui/lib/platform/common/overlaycolors.h"
 #include "vstgui/lib/platform/common/utf8.h"
 
 namespace VSTGUI {
@@ -23,14 +24,6 @@ constexpr CCoord kLeastColumnPixels = 40;
 /// A hand that only clicks moves the mouse by less than this.
 constexpr CCoord kClickPixels = 4;
 
-constexpr CColor kPanelColor(44, 44, 42, 255);
-constexpr CColor kFrameColor(110, 110, 104, 255);
-constexpr CColor kTextColor(228, 228, 222, 255);
-constexpr CColor kTitleColor(170, 170, 150, 255);
-constexpr CColor kDisabledColor(130, 130, 126, 255);
-constexpr CColor kHoverColor(70, 110, 170, 255);
-constexpr CColor kHoverTextColor(255, 255, 255, 255);
-
 void drawCheckMark(CDrawContext& context, const CRect& row, const CColor& color) {
     const CCoord x = row.left + 4;
     const CCoord y = std::floor(row.getCenter().y);
@@ -46,12 +39,12 @@ void drawCheckMark(CDrawContext& context, const CRect& row, const CColor& color)
 
 /// A triangle in the middle of an edge that has more behind it.
 void drawMoreMark(CDrawContext& context, const CRect& strip, CCoord direction) {
-    context.setFillColor(kPanelColor);
+    context.setFillColor(OverlayColors::kPanel);
     context.drawRect(strip, kDrawFilled);
     const CPoint tip = strip.getCenter() + CPoint(0, 3 * direction);
     const std::array<CPoint, 3> points{tip, tip + CPoint(-5, -6 * direction),
                                        tip + CPoint(5, -6 * direction)};
-    context.setFillColor(kTextColor);
+    context.setFillColor(OverlayColors::kText);
     context.setDrawMode(kAntiAliasing);
     context.drawPolygon(points.data(), 3, kDrawFilled);
     context.setDrawMode(kAliasing);
@@ -319,7 +312,7 @@ void MenuList::end(Outcome outcome) {
 void MenuList::draw(CDrawContext& context) {
     needsRedraw_ = false;
     const CRect whole(CPoint(0, 0), size_);
-    context.setFillColor(kPanelColor);
+    context.setFillColor(OverlayColors::kPanel);
     context.drawRect(whole, kDrawFilled);
     context.setFont(font_);
     for (int32_t i = 0; i < count(); ++i)
@@ -328,7 +321,7 @@ void MenuList::draw(CDrawContext& context) {
     if (canScroll())
         drawEdges(context);
     context.setLineWidth(1);
-    context.setFrameColor(kFrameColor);
+    context.setFrameColor(OverlayColors::kFrame);
     context.drawRect(whole, kDrawStroked);
 }
 
@@ -337,15 +330,17 @@ void MenuList::drawEntry(CDrawContext& context, int32_t index) {
     const CRect row = entryArea(index);
     if (line.isSeparator) {
         const CCoord y = std::floor(row.getCenter().y);
-        context.setFillColor(kFrameColor);
+        context.setFillColor(OverlayColors::kFrame);
         context.drawRect(CRect(row.left + 3, y, row.right - 3, y + 1), kDrawFilled);
         return;
     }
-    CColor color = line.isTitle ? kTitleColor : line.isSelectable ? kTextColor : kDisabledColor;
+    CColor color = line.isTitle        ? OverlayColors::kTitle
+                   : line.isSelectable ? OverlayColors::kText
+                                       : OverlayColors::kDisabled;
     if (index == hovered_) {
-        context.setFillColor(kHoverColor);
+        context.setFillColor(OverlayColors::kSelection);
         context.drawRect(row, kDrawFilled);
-        color = kHoverTextColor;
+        color = OverlayColors::kSelectedText;
     }
     if (line.isChecked)
         drawCheckMark(context, row, color);
