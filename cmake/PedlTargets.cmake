@@ -55,6 +55,7 @@ endfunction()
 # pedl_test_program(NAME SOURCES ... LIBS ...): one GoogleTest program. Its own sources start from one
 # precompiled header and are not optimised, whatever the preset: their assertions are compiled once
 # and run once, and made up more than half of a build's time. What is tested is optimised as ever.
+# ccache needs -fpch-preprocess to tell what the header holds.
 function(pedl_test_program name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})

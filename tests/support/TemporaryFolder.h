@@ -30,7 +30,7 @@ class TemporaryFolder {
 public:
     TemporaryFolder() {
         std::string pattern = std::filesystem::temp_directory_path() / "pedl-test-XXXXXX";
-        path_ = mkdtemp(pattern.data());
+        path_ = std::filesystem::canonical(mkdtemp(pattern.data()));
     }
     ~TemporaryFolder() {
         std::error_code ignored;

@@ -10,14 +10,13 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "tests/support/TemporaryFolder.h"
 #include "vstgui/lib/cvstguitimer.h"
 #include "vstgui/lib/platform/linux/childprogram.h"
 #include "vstgui/lib/platform/linux/filedialogs.h"
@@ -47,8 +46,6 @@ inline bool waitFor(const std::function<bool()>& condition, double limitMs = 500
 class DialogFixture : public testing::Test {
 protected:
     DialogFixture() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "dialog-XXXXXX").string();
-        folder = std::filesystem::canonical(mkdtemp(pattern.data())).string();
         set("PATH", folder);
         set("XDG_CURRENT_DESKTOP", std::nullopt);
         set("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
@@ -69,10 +66,10 @@ protected:
             siginfo_t child;
             return waitid(P_ALL, 0, &child, WEXITED | WNOHANG | WNOWAIT) != 0;
         })) << "a child is left";
-        EXPECT_FALSE(contentsOf("/proc/self/maps").find("libsystemd") != std::string::npos);
+        EXPECT_FALSE(pedl::test::readText("/proc/self/maps").find("libsystemd") !=
+                     std::string::npos);
         for (const auto& [name, value] : environmentBefore_)
             value ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());
-        std::filesystem::remove_all(folder);
     }
 
     void set(const std::string& name, const std::optional<std::string>& value) {
@@ -81,13 +78,9 @@ protected:
                                    before ? std::optional<std::string>(before) : std::nullopt);
         value ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());
     }
-    static std::string contentsOf(const std::string& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    std::string path(const std::string& name) const { return folder + "/" + name; }
+    std::string path(const std::string& name) const { return temporary / name; }
     void write(const std::string& name, const std::string& text) const {
-        std::ofstream(path(name)) << text;
+        pedl::test::writeText(path(name), text);
     }
 
     State start(std::unique_ptr<FileDialogBackend> backend) {
@@ -111,7 +104,8 @@ protected:
         });
     }
 
-    std::string folder;
+    const pedl::test::TemporaryFolder temporary;
+    const std::string& folder = temporary.path();
     FileDialogRequest request;
     ManualClock clock; // stands still: the user has not seen the dialog yet
     std::unique_ptr<FileDialogBackend> dialog;

@@ -3,8 +3,9 @@
 #include <filesystem>
 #include <fstream>
 
+#include "tests/foundation/vstgui/FileDelegate.h"
 #include "tests/foundation/vstgui/ToolkitWindow.h"
-#include "vstgui/lib/cfileselector.h"
+#include "tests/support/TemporaryFolder.h"
 #include "vstgui/lib/controls/ctextlabel.h"
 #include "vstgui/lib/platform/common/filedialogbackend.h"
 #include "vstgui/lib/platform/common/filelisting.h"
@@ -16,42 +17,22 @@ namespace {
 namespace fs = std::filesystem;
 using Paths = std::vector<std::string>;
 
-/// A folder of its own for a test, with what is found in a musician's.
+/// A folder with what is found in a musician's.
 class TestFolder {
 public:
     TestFolder() {
-        std::string pattern = (fs::temp_directory_path() / "filelist-XXXXXX").string();
-        path_ = fs::canonical(mkdtemp(pattern.data()));
         for (const char* folder : {"sub", "sub/deep", ".hidden"})
-            fs::create_directory(path_ / folder);
+            fs::create_directory(folder_ / folder);
         for (const char* file : {"Lead.zmt", "bass it's \"new\".ZMT", "\u00fcber.zmt", "notes.txt",
                                  ".secret.zmt", "sub/pad.zmt", "new\nline.zmt"})
-            std::ofstream(path_ / file) << "x";
+            pedl::test::writeText(folder_ / file, "x");
     }
-    ~TestFolder() { fs::remove_all(path_); }
     std::string path(const std::string& name = {}) const {
-        return name.empty() ? path_.string() : (path_ / name).string();
+        return name.empty() ? folder_.path() : folder_ / name;
     }
 
 private:
-    fs::path path_;
-};
-
-/// Whoever asked.
-class Delegate : public CBaseObject {
-public:
-    CMessageResult notify(CBaseObject* sender, IdStringPtr message) override {
-        if (message != CNewFileSelector::kSelectEndMessage)
-            return kMessageUnknown;
-        ++ends;
-        paths.clear();
-        auto* selector = static_cast<CNewFileSelector*>(sender);
-        for (int32_t i = 0; i < selector->getNumSelectedFiles(); ++i)
-            paths.push_back(selector->getSelectedFile(static_cast<uint32_t>(i)));
-        return kMessageNotified;
-    }
-    int ends = 0;
-    Paths paths;
+    pedl::test::TemporaryFolder folder_;
 };
 
 /// A window in which a file is asked for.
@@ -107,7 +88,7 @@ public:
     }
     CPoint cancelButton() { return acceptButton() - CPoint(72, 0); }
 
-    Delegate* delegate = new Delegate;
+    FileDelegate* delegate = new FileDelegate;
 };
 
 TEST(FileList, HasFoldersFirstThenFilesOfTheTypesWithoutHiddenOnes) {

@@ -2,11 +2,13 @@
 #include <signal.h>
 
 #include "tests/foundation/vstgui/DialogFixture.h"
+#include "tests/foundation/vstgui/FileDelegate.h"
 #include "tests/foundation/vstgui/ToolkitWindow.h"
-#include "vstgui/lib/cfileselector.h"
 
 namespace VSTGUI {
 namespace {
+
+using pedl::test::readText;
 
 /// The places of the dialogs while no desktop is named.
 constexpr int32_t kZenityIndex = 1, kKDialogIndex = 2;
@@ -30,11 +32,11 @@ protected:
     void awaitFile(const std::string& name) {
         ASSERT_TRUE(waitFor([&] {
             EXPECT_EQ(look(), State::Open);
-            return !contentsOf(path(name)).empty();
+            return !readText(path(name)).empty();
         }));
     }
     bool isAlive(const std::string& fileWithNumber) {
-        return kill(std::stoi(contentsOf(path(fileWithNumber))), 0) == 0;
+        return kill(std::stoi(readText(path(fileWithNumber))), 0) == 0;
     }
     bool goes(const std::string& fileWithNumber) {
         return waitFor([&] {
@@ -95,10 +97,10 @@ TEST_F(ProgramDialog, PassesTheRequestOn) {
         request.kind = row.kind;
         request.saveName = row.kind == Kind::SaveFile ? "-new" : "";
         EXPECT_EQ(ask(sayArguments()), State::Ended);
-        EXPECT_EQ(contentsOf(path("arguments")), zenity + row.zenity);
+        EXPECT_EQ(readText(path("arguments")), zenity + row.zenity);
         start(createSystemFileDialog(kKDialogIndex));
         EXPECT_EQ(end(), State::Ended);
-        EXPECT_EQ(contentsOf(path("arguments")), kdialog + row.kdialog);
+        EXPECT_EQ(readText(path("arguments")), kdialog + row.kdialog);
     }
 }
 
@@ -166,19 +168,19 @@ TEST_F(ProgramDialog, HasNothingOfTheHosts) {
     EXPECT_EQ(state, State::Ended);
     EXPECT_EQ(paths, Paths{"/ok"});
 
-    const std::string environment = "\n" + contentsOf(path("environment"));
+    const std::string environment = "\n" + readText(path("environment"));
     for (const char* gone : {"LD_LIBRARY_PATH=", "GTK_PATH=", "QT_PLUGIN_PATH=", "LC_ALL="})
         EXPECT_EQ(environment.find(std::string("\n") + gone), std::string::npos) << gone;
     for (const char* there : {"GDK_BACKEND=x11", "LC_CTYPE=C.UTF-8", "KEPT=as it is", "PATH="})
         EXPECT_NE(environment.find(std::string("\n") + there), std::string::npos) << there;
-    const std::string status = contentsOf(path("status"));
+    const std::string status = readText(path("status"));
     for (const char* field : {"SigBlk:\t", "SigIgn:\t"}) {
         const std::string bits = status.substr(status.find(field) + 8, 16);
         // 32 and 33 are the C library's own
         EXPECT_EQ(std::stoull(bits, nullptr, 16) & 0x7fffffff, 0) << field << bits;
     }
-    EXPECT_EQ(contentsOf(path("leaked")), "");
-    EXPECT_EQ(contentsOf(path("files")), "/dev/null\n/dev/null\n");
+    EXPECT_EQ(readText(path("leaked")), "");
+    EXPECT_EQ(readText(path("files")), "/dev/null\n/dev/null\n");
 }
 
 TEST_F(ProgramDialog, GoesWithAllItStartedHoweverItRefuses) {
@@ -221,7 +223,7 @@ TEST_F(ProgramDialog, AsksAgainBeforeTheExtensionMeetsAFileThatIsThere) {
 case "$*" in *lead.zmt*) )";
     EXPECT_EQ(ask(script + "echo ${0%/*}/lead.zmt;; *) " + sayAnswer() + ";; esac"), State::Ended);
     EXPECT_EQ(paths, Paths{path("lead.zmt")});
-    const std::string arguments = contentsOf(path("arguments"));
+    const std::string arguments = readText(path("arguments"));
     EXPECT_NE(arguments.find("--title=lead.zmt is there already\n"), std::string::npos);
     EXPECT_NE(arguments.find("--filename=" + path("lead.zmt")), std::string::npos);
 
@@ -244,23 +246,12 @@ private:
     std::unique_ptr<FileDialogBackend> dialog_;
 };
 
-struct Delegate : public CBaseObject {
-    CMessageResult notify(CBaseObject* sender, IdStringPtr) override {
-        ++ends;
-        const char* chosen = static_cast<CNewFileSelector*>(sender)->getSelectedFile(0);
-        path = chosen ? chosen : "";
-        return kMessageNotified;
-    }
-    int ends = 0;
-    std::string path;
-};
-
 TEST_F(ProgramDialog, LeavesTheEditorDrawingAndGoesWithIt) {
     install("kdialog", std::string(hang()));
     setFileDialogFactory([](int32_t index) -> std::unique_ptr<FileDialogBackend> {
         return index < 3 ? std::make_unique<OnX11>(index) : nullptr;
     });
-    auto* delegate = new Delegate;
+    auto* delegate = new FileDelegate;
     {
         ToolkitWindow w;
         ScriptedControl* knob = w.add("knob", CRect(0, 0, 20, 20));
@@ -278,7 +269,7 @@ TEST_F(ProgramDialog, LeavesTheEditorDrawingAndGoesWithIt) {
         ask();
         ASSERT_TRUE(waitFor([&] {
             turn();
-            return !contentsOf(path("pid")).empty();
+            return !readText(path("pid")).empty();
         }));
         w.log.take();
         knob->invalid();

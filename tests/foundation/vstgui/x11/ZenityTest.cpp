@@ -1,34 +1,21 @@
 // The program itself, on a screen of the test's own.
 
+#include "tests/foundation/vstgui/FileDelegate.h"
 #include "tests/foundation/vstgui/x11/EditorInHost.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <unistd.h>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 
-#include "vstgui/lib/cfileselector.h"
 #include "vstgui/lib/cvstguitimer.h"
 #include "vstgui/lib/platform/linux/filedialogs.h"
 #include "vstgui/lib/platform/linux/x11toplevel.h"
 
 namespace VSTGUI {
 namespace {
-
-namespace fs = std::filesystem;
-
-struct Delegate : public CBaseObject {
-    CMessageResult notify(CBaseObject* sender, IdStringPtr /*message*/) override {
-        ++ends;
-        const char* chosen = static_cast<CNewFileSelector*>(sender)->getSelectedFile(0);
-        path = chosen ? chosen : "";
-        return kMessageNotified;
-    }
-    int ends = 0;
-    std::string path;
-};
 
 std::string children() {
     std::ifstream list("/proc/self/task/" + std::to_string(getpid()) + "/children");
@@ -44,9 +31,7 @@ protected:
             GTEST_SKIP() << "zenity is not installed";
         unsetenv("DBUS_SESSION_BUS_ADDRESS"); // no portal
         unsetenv("XDG_RUNTIME_DIR");
-        std::string pattern = (fs::temp_directory_path() / "zenity-XXXXXX").string();
-        folder = fs::canonical(mkdtemp(pattern.data())).string();
-        setenv("HOME", folder.c_str(), 1);
+        setenv("HOME", folder.path().c_str(), 1);
         childrenBefore = children();
         e = std::make_unique<EditorInHost>();
         knob = e->editor.add("knob", CRect(0, 0, 20, 20));
@@ -57,14 +42,12 @@ protected:
         for (int turn = 0; turn < 400 && children() != childrenBefore; ++turn, usleep(5000))
             CVSTGUITimer::fireDueTimers(); // another editor's idle
         EXPECT_EQ(children(), childrenBefore) << "a program is left";
-        if (!folder.empty())
-            fs::remove_all(folder);
     }
 
     void ask(CNewFileSelector::Style style, const std::string& saveName = {}) {
         CNewFileSelector* selector = CNewFileSelector::create(&e->editor.theFrame(), style);
         selector->setTitle("A file, please");
-        selector->setInitialDirectory(folder.c_str());
+        selector->setInitialDirectory(folder.path().c_str());
         selector->setDefaultSaveName(saveName.c_str());
         selector->setDefaultExtension(CFileExtension("Presets", "zmt"));
         EXPECT_TRUE(selector->run(delegate));
@@ -129,10 +112,11 @@ protected:
         e->host.type(key);
     }
 
-    std::string folder, childrenBefore;
+    const pedl::test::TemporaryFolder folder;
+    std::string childrenBefore;
     std::unique_ptr<EditorInHost> e;
     ScriptedControl* knob = nullptr;
-    Delegate* delegate = new Delegate;
+    FileDelegate* delegate = new FileDelegate;
     std::chrono::steady_clock::duration longest{};
 };
 
@@ -162,7 +146,7 @@ TEST_F(Zenity, ShowsItselfWhileTheEditorDraws) {
     awaitDialog();
     EXPECT_EQ(e->logAfter([&] { knob->invalid(); }), "knob draw");
     EXPECT_TRUE(endsAfter(XKB_KEY_Escape));
-    EXPECT_EQ(delegate->path, "");
+    EXPECT_TRUE(delegate->paths.empty());
     EXPECT_TRUE(until([&] { return dialogOnScreen() == XCB_NONE; }));
     EXPECT_LT(longest, std::chrono::milliseconds(50)) << "the host's idle was held";
     RecordProperty("longestIdleMicroseconds",
@@ -173,7 +157,7 @@ TEST_F(Zenity, ReturnsTheNameToSaveUnder) {
     ask(CNewFileSelector::kSelectSaveFile, "it's \"\u00fcber\" lead");
     awaitDialog();
     EXPECT_TRUE(endsAfter(XKB_KEY_Return));
-    EXPECT_EQ(delegate->path, folder + "/it's \"\u00fcber\" lead.zmt");
+    EXPECT_EQ(delegate->paths, std::vector<std::string>{folder / "it's \"\u00fcber\" lead.zmt"});
 }
 
 TEST_F(Zenity, GoesWithTheEditor) {
