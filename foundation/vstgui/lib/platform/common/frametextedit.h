@@ -73,7 +73,8 @@ private:
     private:
         FrameTextEdit& field_;
     };
-    /// Whether the control has given the field back; then there may be no control any more.
+    /// Whether nothing but the events holds the field: the control has given it back, and may be
+    /// gone itself.
     bool isClosed() const { return getNbReference() <= uses_; }
 
     bool useNamedKey(const VstKeyCode& keyCode);
