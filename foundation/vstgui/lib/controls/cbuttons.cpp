@@ -1,7 +1,7 @@
 #include "vstgui/lib/controls/cbuttons.h"
 
 #include "vstgui/lib/cbitmap.h"
-#include "vstgui/lib/cdrawcontext.h"
+#include "vstgui/lib/controls/picturestrip.h"
 
 namespace VSTGUI {
 
@@ -9,14 +9,6 @@ namespace {
 
 bool isPlainReturn(const VstKeyCode& keyCode) {
     return keyCode.modifier == 0 && (keyCode.virt == VKEY_RETURN || keyCode.virt == VKEY_ENTER);
-}
-
-bool fitTo(CControl& control, CCoord pictureHeight) {
-    const CRect fitting(control.getViewSize().getTopLeft(),
-                        CPoint(control.getBackground()->getWidth(), pictureHeight));
-    control.setViewSize(fitting, true);
-    control.setMouseableArea(fitting);
-    return true;
 }
 
 } // namespace
@@ -32,11 +24,8 @@ COnOffButton::COnOffButton(const COnOffButton& button) = default;
 COnOffButton::~COnOffButton() = default;
 
 void COnOffButton::draw(CDrawContext* context) {
-    if (CBitmap* strip = getBackground()) {
-        const CCoord on = value == vmax ? strip->getHeight() / 2 : 0;
-        strip->draw(context, size, CPoint(0, on));
-    }
-    setDirty(false);
+    const bool isOn = value == vmax && getBackground();
+    drawPicture(context, *this, CPoint(0, isOn ? getBackground()->getHeight() / 2 : 0));
 }
 
 CMouseEventResult COnOffButton::onMouseDown(CPoint& /*where*/, const CButtonState& buttons) {
@@ -62,7 +51,7 @@ void COnOffButton::toggle() {
 }
 
 bool COnOffButton::sizeToFit() {
-    return getBackground() && fitTo(*this, getBackground()->getHeight() / 2);
+    return getBackground() && fitToPicture(*this, getBackground()->getHeight() / 2);
 }
 
 CKickButton::CKickButton(const CRect& viewSize, CControlListener* controlListener,
@@ -80,9 +69,7 @@ CKickButton::CKickButton(const CKickButton& button)
 CKickButton::~CKickButton() = default;
 
 void CKickButton::draw(CDrawContext* context) {
-    if (CBitmap* strip = getBackground())
-        strip->draw(context, size, offset + CPoint(0, value == vmax ? heightOfOneImage : 0));
-    setDirty(false);
+    drawPicture(context, *this, offset + CPoint(0, value == vmax ? heightOfOneImage : 0));
 }
 
 void CKickButton::show(float newValue) {
@@ -138,7 +125,7 @@ void CKickButton::letGo() {
 }
 
 bool CKickButton::sizeToFit() {
-    return getBackground() && fitTo(*this, heightOfOneImage);
+    return fitToPicture(*this, heightOfOneImage);
 }
 
 } // namespace VSTGUI

@@ -7,6 +7,7 @@
 #include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/cframe.h"
+#include "vstgui/lib/controls/picturestrip.h"
 
 namespace VSTGUI {
 
@@ -195,21 +196,13 @@ CAnimKnob::CAnimKnob(const CAnimKnob& knob) = default;
 CAnimKnob::~CAnimKnob() = default;
 
 void CAnimKnob::draw(CDrawContext* context) {
-    if (CBitmap* background = getBackground()) {
-        const float position = getValueNormalized() * static_cast<float>(subPixmaps - 1);
-        const auto picture = static_cast<int32_t>(std::max(position, 0.0F)); // not rounded
-        background->draw(context, size, offset + CPoint(0, heightOfOneImage * picture));
-    }
-    setDirty(false);
+    const float position = getValueNormalized() * static_cast<float>(subPixmaps - 1);
+    const auto picture = static_cast<int32_t>(std::max(position, 0.0F)); // not rounded
+    drawPicture(context, *this, offset + CPoint(0, heightOfOneImage * picture));
 }
 
 bool CAnimKnob::sizeToFit() {
-    if (!getBackground())
-        return false;
-    const CRect fitting(size.getTopLeft(), CPoint(getBackground()->getWidth(), heightOfOneImage));
-    setViewSize(fitting, true);
-    setMouseableArea(fitting);
-    return true;
+    return fitToPicture(*this, heightOfOneImage);
 }
 
 void CAnimKnob::setHeightOfOneImage(const CCoord& height) {

@@ -1,7 +1,7 @@
 #include "vstgui/lib/controls/cmoviebitmap.h"
 
 #include "vstgui/lib/cbitmap.h"
-#include "vstgui/lib/cdrawcontext.h"
+#include "vstgui/lib/controls/picturestrip.h"
 
 namespace VSTGUI {
 
@@ -26,21 +26,12 @@ CMovieBitmap::CMovieBitmap(const CMovieBitmap& movie) = default;
 CMovieBitmap::~CMovieBitmap() = default;
 
 void CMovieBitmap::draw(CDrawContext* context) {
-    if (CBitmap* strip = getBackground()) {
-        const float last = static_cast<float>(subPixmaps - 1);
-        const auto picture = static_cast<int32_t>(getValueNormalized() * last + 0.5F);
-        strip->draw(context, size, offset + CPoint(0, heightOfOneImage * picture));
-    }
-    setDirty(false);
+    const int32_t picture = nearestPosition(*this, subPixmaps);
+    drawPicture(context, *this, offset + CPoint(0, heightOfOneImage * picture));
 }
 
 bool CMovieBitmap::sizeToFit() {
-    if (!getBackground())
-        return false;
-    const CRect fitting(size.getTopLeft(), CPoint(getBackground()->getWidth(), heightOfOneImage));
-    setViewSize(fitting, true);
-    setMouseableArea(fitting);
-    return true;
+    return fitToPicture(*this, heightOfOneImage);
 }
 
 } // namespace VSTGUI

@@ -1,7 +1,6 @@
 #include "vstgui/lib/controls/cswitch.h"
 
-#include "vstgui/lib/cbitmap.h"
-#include "vstgui/lib/cdrawcontext.h"
+#include "vstgui/lib/controls/picturestrip.h"
 #include "vstgui/lib/cvstguitimer.h"
 
 #include <utility>
@@ -13,24 +12,12 @@ namespace {
 /// How long a rocker stays at its side after a turn of the wheel.
 constexpr int32_t kRockerWheelMs = 200;
 
-/// The nearest of `count` positions, 0 to `count` - 1.
-int32_t nearestPosition(const CControl& control, int32_t count) {
-    const float last = static_cast<float>(count - 1);
-    return static_cast<int32_t>(control.getValueNormalized() * last + 0.5F);
-}
-
 /// A normalised value; outside 0 to 1 for a point outside the strip.
 float normalisedAt(CCoord along, CCoord length, int32_t positions) {
     if (positions < 2 || length <= 0)
         return 0.0F;
     const auto position = static_cast<int32_t>(along * positions / length);
     return static_cast<float>(position) / static_cast<float>(positions - 1);
-}
-
-void drawPicture(CDrawContext* context, CControl& control, const CPoint& source) {
-    if (CBitmap* strip = control.getBackground())
-        strip->draw(context, control.getViewSize(), source);
-    control.setDirty(false);
 }
 
 /// Tells and shows a new value. One that is on the screen already is told all the same when it has
@@ -58,17 +45,6 @@ int32_t stepByKey(CControl& control, int32_t positions, int32_t direction) {
     control.valueChanged();
     control.endEdit();
     return 1;
-}
-
-bool fitToStrip(CControl& control, CCoord pictureHeight) {
-    const CBitmap* strip = control.getBackground();
-    if (!strip)
-        return false;
-    const CRect fitting(control.getViewSize().getTopLeft(),
-                        CPoint(strip->getWidth(), pictureHeight));
-    control.setViewSize(fitting, true);
-    control.setMouseableArea(fitting);
-    return true;
 }
 
 } // namespace
@@ -129,7 +105,7 @@ int32_t CVerticalSwitch::onKeyDown(VstKeyCode& keyCode) {
 }
 
 bool CVerticalSwitch::sizeToFit() {
-    return fitToStrip(*this, heightOfOneImage);
+    return fitToPicture(*this, heightOfOneImage);
 }
 
 CHorizontalSwitch::CHorizontalSwitch(const CRect& viewSize, CControlListener* controlListener,
@@ -188,7 +164,7 @@ int32_t CHorizontalSwitch::onKeyDown(VstKeyCode& keyCode) {
 }
 
 bool CHorizontalSwitch::sizeToFit() {
-    return fitToStrip(*this, heightOfOneImage);
+    return fitToPicture(*this, heightOfOneImage);
 }
 
 CRockerSwitch::CRockerSwitch(const CRect& viewSize, CControlListener* controlListener,
