@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/InstructionSet.h"
-#include "engine/Relaxed.h"
+#include "foundation/basics/Relaxed.h"
 #include "engine/Smoothing.h"
 #include "engine/Stretch.h"
 

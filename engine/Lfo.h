@@ -2,7 +2,7 @@
 
 #include "engine/InstructionSet.h"
 #include "engine/LfoWaves.h"
-#include "engine/Relaxed.h"
+#include "foundation/basics/Relaxed.h"
 #include "engine/Smoothing.h"
 #include "engine/Stretch.h"
 

@@ -7,7 +7,7 @@
 #include "engine/MeterSnapshot.h"
 #include "engine/MultimodeFilter.h"
 #include "engine/OutputLimiter.h"
-#include "engine/Relaxed.h"
+#include "foundation/basics/Relaxed.h"
 #include "engine/Smoothing.h"
 #include "engine/SoftSaturator.h"
 #include "engine/Stretch.h"

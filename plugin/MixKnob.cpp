@@ -7,8 +7,6 @@ namespace pedl {
 
 namespace {
 
-constexpr auto kRelaxed = std::memory_order_relaxed;
-
 /// The knob never lets a level fall to silence: from zero no ratio could bring it back.
 constexpr double kLowestPosition = 0.0005;
 
@@ -74,26 +72,26 @@ DryWetPair steppedLevels(DryWetPair pair, double step) noexcept {
 }
 
 void MixKnob::setMovesBoth(bool movesBoth) noexcept {
-    movesBoth_.store(movesBoth, kRelaxed);
+    movesBoth_.set(movesBoth);
 }
 
 DryWetPair MixKnob::pair() const noexcept {
-    return {dry_.load(kRelaxed), wet_.load(kRelaxed)};
+    return {dry_.get(), wet_.get()};
 }
 
 void MixKnob::setPair(DryWetPair pair) noexcept {
-    dry_.store(pair.dry, kRelaxed);
-    wet_.store(pair.wet, kRelaxed);
+    dry_.set(pair.dry);
+    wet_.set(pair.wet);
 }
 
 void MixKnob::follow(DryWetPair levels) noexcept {
-    if (!isMoving_.load(kRelaxed))
+    if (!isMoving_.get())
         setPair(levels);
 }
 
 DryWetPair MixKnob::turn(double step, DryWetPair levels) noexcept {
     const DryWetPair moved =
-        movesBoth_.load(kRelaxed) ? steppedLevels(pair(), step) : steppedMix(pair(), levels, step);
+        movesBoth_.get() ? steppedLevels(pair(), step) : steppedMix(pair(), levels, step);
     setPair(moved);
     return moved;
 }

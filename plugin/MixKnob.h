@@ -1,6 +1,6 @@
 #pragma once
 
-#include <atomic>
+#include "foundation/basics/Relaxed.h"
 
 namespace pedl {
 
@@ -44,15 +44,15 @@ public:
     /// Moves the remembered pair by one step and returns it; `levels` are those in force.
     DryWetPair turn(double step, DryWetPair levels) noexcept;
 
-    void beginMove() noexcept { isMoving_.store(true, std::memory_order_relaxed); }
-    void endMove() noexcept { isMoving_.store(false, std::memory_order_relaxed); }
+    void beginMove() noexcept { isMoving_.set(true); }
+    void endMove() noexcept { isMoving_.set(false); }
 
 private:
     // Written by the user interface, the pair by any thread.
-    std::atomic<double> dry_{0.5};
-    std::atomic<double> wet_{0.5};
-    std::atomic<bool> movesBoth_{false};
-    std::atomic<bool> isMoving_{false};
+    Relaxed<double> dry_{0.5};
+    Relaxed<double> wet_{0.5};
+    Relaxed<bool> movesBoth_{false};
+    Relaxed<bool> isMoving_{false};
 };
 
 } // namespace pedl

@@ -7,8 +7,6 @@ namespace pedl {
 
 namespace {
 
-constexpr auto kRelaxed = std::memory_order_relaxed;
-
 constexpr double kSlowestTempoBpm = 15.0;
 constexpr double kFastestTempoBpm = 600.0;
 
@@ -40,20 +38,20 @@ void TempoSync::setMode(float normalised) noexcept {
     const SyncMode nearest = normalised < 0.25F   ? SyncMode::Free
                              : normalised < 0.75F ? SyncMode::ManualTempo
                                                   : SyncMode::HostTempo;
-    mode_.store(nearest, kRelaxed);
+    mode_.set(nearest);
 }
 
 void TempoSync::setManualTempo(float normalised) noexcept {
     constexpr double kSpanBpm = kFastestTempoBpm - kSlowestTempoBpm;
-    manualTempoBpm_.store(kSlowestTempoBpm + kSpanBpm * static_cast<double>(normalised), kRelaxed);
+    manualTempoBpm_.set(kSlowestTempoBpm + kSpanBpm * static_cast<double>(normalised));
 }
 
 void TempoSync::setDivision(float normalised) noexcept {
-    divisionIndex_.store(noteDivisionIndex(normalised), kRelaxed);
+    divisionIndex_.set(noteDivisionIndex(normalised));
 }
 
 SyncMode TempoSync::mode() const noexcept {
-    return mode_.load(kRelaxed);
+    return mode_.get();
 }
 
 TempoSync::Result TempoSync::update(const HostTime& time) noexcept {
@@ -61,17 +59,17 @@ TempoSync::Result TempoSync::update(const HostTime& time) noexcept {
     const bool followsHost = mode == SyncMode::HostTempo && time.tempoBpm.has_value();
     const double tempoBpm = followsHost
                                 ? std::clamp(*time.tempoBpm, kSlowestTempoBpm, kFastestTempoBpm)
-                                : manualTempoBpm_.load(kRelaxed);
-    tempoBpm_.store(tempoBpm, kRelaxed);
-    followsHostTempo_.store(followsHost, kRelaxed);
+                                : manualTempoBpm_.get();
+    tempoBpm_.set(tempoBpm);
+    followsHostTempo_.set(followsHost);
     if (mode == SyncMode::Free)
         return {};
 
-    const NoteDivision division = kNoteDivisions[divisionIndex_.load(kRelaxed)];
+    const NoteDivision division = kNoteDivisions[divisionIndex_.get()];
     const double wantedHz = rateHz(division, tempoBpm);
     const double wanted = (wantedHz - kSlowestRateHz) / kRateSpanHz;
     const double normalised = std::clamp(wanted, 0.0, 1.0);
-    isRateOutOfRange_.store(wanted != normalised, kRelaxed);
+    isRateOutOfRange_.set(wanted != normalised);
 
     Result result;
     result.hasRate = true;
@@ -85,21 +83,21 @@ TempoSync::Result TempoSync::update(const HostTime& time) noexcept {
 }
 
 void TempoSync::reset() noexcept {
-    tempoBpm_.store(kResetTempoBpm, kRelaxed);
-    isRateOutOfRange_.store(false, kRelaxed);
-    followsHostTempo_.store(false, kRelaxed);
+    tempoBpm_.set(kResetTempoBpm);
+    isRateOutOfRange_.set(false);
+    followsHostTempo_.set(false);
 }
 
 double TempoSync::tempoBpm() const noexcept {
-    return tempoBpm_.load(kRelaxed);
+    return tempoBpm_.get();
 }
 
 bool TempoSync::isRateOutOfRange() const noexcept {
-    return isRateOutOfRange_.load(kRelaxed);
+    return isRateOutOfRange_.get();
 }
 
 bool TempoSync::followsHostTempo() const noexcept {
-    return followsHostTempo_.load(kRelaxed);
+    return followsHostTempo_.get();
 }
 
 } // namespace pedl

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "foundation/basics/Relaxed.h"
 #include "parameters/NoteDivision.h"
 #include "plugin/HostTime.h"
 
-#include <atomic>
 #include <cstddef>
 
 namespace pedl {
@@ -52,13 +52,13 @@ public:
 
 private:
     // Written by any thread, read by audio.
-    std::atomic<SyncMode> mode_{SyncMode::Free};
-    std::atomic<double> manualTempoBpm_{kResetTempoBpm};
-    std::atomic<std::size_t> divisionIndex_{kWholeNoteDivision};
+    Relaxed<SyncMode> mode_{SyncMode::Free};
+    Relaxed<double> manualTempoBpm_{kResetTempoBpm};
+    Relaxed<std::size_t> divisionIndex_{kWholeNoteDivision};
     // Written by audio, read by the user interface.
-    std::atomic<double> tempoBpm_{kResetTempoBpm};
-    std::atomic<bool> isRateOutOfRange_{false};
-    std::atomic<bool> followsHostTempo_{false};
+    Relaxed<double> tempoBpm_{kResetTempoBpm};
+    Relaxed<bool> isRateOutOfRange_{false};
+    Relaxed<bool> followsHostTempo_{false};
 
     static constexpr double kResetTempoBpm = 120.0;
 };

@@ -18,8 +18,6 @@ namespace pedl {
 
 namespace {
 
-constexpr auto kRelaxed = std::memory_order_relaxed;
-
 constexpr std::string_view kProductName = "ZMT pedlFilter";
 constexpr std::string_view kVendorName = "zmt-sonics.example";
 constexpr VstInt32 kVendorVersion = 1000;
@@ -288,11 +286,11 @@ bool ZMTpedlFilterEffect::getParameterProperties(VstInt32 index,
 // Parameter values
 
 float ZMTpedlFilterEffect::held(std::int32_t index) const noexcept {
-    return held_[static_cast<std::size_t>(index)].load(kRelaxed);
+    return held_[static_cast<std::size_t>(index)].get();
 }
 
 void ZMTpedlFilterEffect::hold(std::int32_t index, float normalised) noexcept {
-    held_[static_cast<std::size_t>(index)].store(normalised, kRelaxed);
+    held_[static_cast<std::size_t>(index)].set(normalised);
 }
 
 float ZMTpedlFilterEffect::getParameter(VstInt32 index) {
@@ -300,9 +298,9 @@ float ZMTpedlFilterEffect::getParameter(VstInt32 index) {
         return held(index);
     switch (index) {
     case kDisplayParameterMode:
-        return shownQuantity_.load(kRelaxed);
+        return shownQuantity_.get();
     case kDryWetMix:
-        return (mixPosition_.load(kRelaxed) + 1.0F) * 0.5F;
+        return (mixPosition_.get() + 1.0F) * 0.5F;
     case kInverseInputLink:
         return held(kGain); // the linked levels have no value of their own: they follow the gain
     case kLFOFreqOverflow:
@@ -310,9 +308,9 @@ float ZMTpedlFilterEffect::getParameter(VstInt32 index) {
     case kSynchroTempoFromHost:
         return static_cast<float>(tempoSync_.tempoBpm()); // beats per minute, not normalised
     case kParam4:
-        return spare4_.load(kRelaxed);
+        return spare4_.get();
     case kParam5:
-        return spare5_.load(kRelaxed);
+        return spare5_.get();
     default:
         return CPresetSystemEffect::getParameter(index);
     }
@@ -364,7 +362,7 @@ void ZMTpedlFilterEffect::applyTag(std::int32_t index, float value) {
         updateTempoSync();
         break;
     case kDisplayParameterMode:
-        shownQuantity_.store(value < 0.5F ? 0.0F : 1.0F, kRelaxed);
+        shownQuantity_.set(value < 0.5F ? 0.0F : 1.0F);
         tellParameter(kLFOSyncMode, held(kLFOSyncMode)); // its display shows the rate or makes way
         break;
     case kDryWetMix:
@@ -377,10 +375,10 @@ void ZMTpedlFilterEffect::applyTag(std::int32_t index, float value) {
         mixKnob_.setMovesBoth(value != 0.0F);
         break;
     case kParam4:
-        spare4_.store(value, kRelaxed);
+        spare4_.set(value);
         break;
     case kParam5:
-        spare5_.store(value, kRelaxed);
+        spare5_.set(value);
         break;
     default:
         break; // lamps, meters and what is derived take no values
@@ -450,14 +448,14 @@ void ZMTpedlFilterEffect::applyDryWetSource(std::int32_t index) {
 
 void ZMTpedlFilterEffect::turnMixKnob(float value) {
     if (value == kResetMarker) {
-        mixPosition_.store(0.0F, kRelaxed);
+        mixPosition_.set(0.0F);
         mixKnob_.setPair({kUnity, kUnity});
         automateLevels({kUnity, kUnity});
         return;
     }
     if (isProgramLoading() || !std::isfinite(value))
         return;
-    mixPosition_.store(std::clamp(2.0F * value - 1.0F, -1.0F, 1.0F), kRelaxed);
+    mixPosition_.set(std::clamp(2.0F * value - 1.0F, -1.0F, 1.0F));
     automateLevels(mixKnob_.turn(stepOf(value), levelsInForce()));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/ModFilterEngine.h"
+#include "foundation/basics/Relaxed.h"
 #include "foundation/platform/Clock.h"
 #include "foundation/platform/DiagnosticStream.h"
 #include "foundation/platform/SettingsStore.h"
@@ -11,7 +12,6 @@
 #include "presets/CPresetSystemEffect.h"
 
 #include <array>
-#include <atomic>
 #include <cstdint>
 #include <optional>
 
@@ -143,11 +143,11 @@ private:
     MixKnob mixKnob_;
 
     // Written and read by any thread.
-    std::array<std::atomic<float>, kNumParams> held_{};
-    std::atomic<float> shownQuantity_{0.0F}; // 0: cut-off; 1: LFO rate
-    std::atomic<float> mixPosition_{0.0F};   // -1..1; the knob rests at 0
-    std::atomic<float> spare4_{0.0F};
-    std::atomic<float> spare5_{0.0F};
+    std::array<Relaxed<float>, kNumParams> held_{};
+    Relaxed<float> shownQuantity_{0.0F}; // 0: cut-off; 1: LFO rate
+    Relaxed<float> mixPosition_{0.0F};   // -1..1; the knob rests at 0
+    Relaxed<float> spare4_{0.0F};
+    Relaxed<float> spare5_{0.0F};
 
     bool isInputStereo_ = true;
     bool isOutputStereo_ = true;

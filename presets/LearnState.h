@@ -1,8 +1,8 @@
 #pragma once
 
+#include "foundation/basics/Relaxed.h"
 #include "parameters/ParameterIndex.h"
 
-#include <atomic>
 #include <cstdint>
 
 namespace pedl {
@@ -18,38 +18,37 @@ class LearnState {
 public:
     static constexpr std::int32_t kNoTarget = -1;
 
-    void startLearn() noexcept { learn_.store(kNoTarget, kRelaxed); }
-    void stopLearn() noexcept { learn_.store(kOff, kRelaxed); }
-    [[nodiscard]] bool isLearning() const noexcept { return learn_.load(kRelaxed) != kOff; }
+    void startLearn() noexcept { learn_.set(kNoTarget); }
+    void stopLearn() noexcept { learn_.set(kOff); }
+    [[nodiscard]] bool isLearning() const noexcept { return learn_.get() != kOff; }
 
     /// Counts while learning only. A target that is no parameter is none.
     void setTarget(std::int32_t parameter) noexcept {
         const std::int32_t target = isParameter(parameter) ? parameter : kNoTarget;
-        std::int32_t before = learn_.load(kRelaxed);
-        while (before != kOff && !learn_.compare_exchange_weak(before, target, kRelaxed)) {
+        std::int32_t before = learn_.get();
+        while (before != kOff && !learn_.replace(before, target)) {
         }
     }
 
     /// The parameter that the next controller is to be linked to, or `kNoTarget`.
     [[nodiscard]] std::int32_t target() const noexcept {
-        const std::int32_t learn = learn_.load(kRelaxed);
+        const std::int32_t learn = learn_.get();
         return isParameter(learn) ? learn : kNoTarget;
     }
 
-    void startForget() noexcept { isForgetting_.store(true, kRelaxed); }
-    void stopForget() noexcept { isForgetting_.store(false, kRelaxed); }
-    [[nodiscard]] bool isForgetting() const noexcept { return isForgetting_.load(kRelaxed); }
+    void startForget() noexcept { isForgetting_.set(true); }
+    void stopForget() noexcept { isForgetting_.set(false); }
+    [[nodiscard]] bool isForgetting() const noexcept { return isForgetting_.get(); }
 
-    void enableHooks(bool isEnabled) noexcept { hasHooks_.store(isEnabled, kRelaxed); }
-    [[nodiscard]] bool hasHooks() const noexcept { return hasHooks_.load(kRelaxed); }
+    void enableHooks(bool isEnabled) noexcept { hasHooks_.set(isEnabled); }
+    [[nodiscard]] bool hasHooks() const noexcept { return hasHooks_.get(); }
 
 private:
-    static constexpr auto kRelaxed = std::memory_order_relaxed;
     static constexpr std::int32_t kOff = -2;
 
-    std::atomic<std::int32_t> learn_{kOff}; // off, no target, or the target
-    std::atomic<bool> isForgetting_{false};
-    std::atomic<bool> hasHooks_{true};
+    Relaxed<std::int32_t> learn_{kOff}; // off, no target, or the target
+    Relaxed<bool> isForgetting_{false};
+    Relaxed<bool> hasHooks_{true};
 };
 
 } // namespace pedl

@@ -6,8 +6,6 @@ namespace pedl {
 
 namespace {
 
-constexpr auto kRelaxed = std::memory_order_relaxed;
-
 constexpr std::int32_t kLinkPositions = kNumControllers + 1;          // the last one is none
 constexpr std::int32_t kChannelPositions = MidiMap::kAllChannels + 1; // the first one is off
 constexpr unsigned kChannelMask = 0x0F;                               // of a status byte
@@ -22,9 +20,9 @@ template <typename Entries> auto& entryOf(Entries& entries, std::int32_t index) 
 void MidiMap::link(std::int32_t parameter, std::int32_t controller) noexcept {
     if (!isParameter(parameter) || !isController(controller))
         return;
-    entryOf(controllerOfParameter_, parameter).store(controller, kRelaxed);
-    entryOf(linkValue_, parameter).store(listValue(controller, kLinkPositions), kRelaxed);
-    entryOf(parameterOfController_, controller).store(parameter, kRelaxed);
+    entryOf(controllerOfParameter_, parameter).set(controller);
+    entryOf(linkValue_, parameter).set(listValue(controller, kLinkPositions));
+    entryOf(parameterOfController_, controller).set(parameter);
 }
 
 void MidiMap::relink(std::int32_t parameter, std::int32_t controller) noexcept {
@@ -45,26 +43,25 @@ void MidiMap::forgetParameter(std::int32_t parameter) noexcept {
     const std::int32_t controller = controllerOf(parameter);
     unlink(parameter);
     if (isController(controller))
-        entryOf(parameterOfController_, controller).store(kNone, kRelaxed);
+        entryOf(parameterOfController_, controller).set(kNone);
 }
 
 void MidiMap::forgetController(std::int32_t controller) noexcept {
     if (!isController(controller))
         return;
     const std::int32_t parameter = drivenBy(controller);
-    entryOf(parameterOfController_, controller).store(kNone, kRelaxed);
+    entryOf(parameterOfController_, controller).set(kNone);
     if (isParameter(parameter))
         unlink(parameter);
 }
 
 void MidiMap::unlink(std::int32_t parameter) noexcept {
-    entryOf(controllerOfParameter_, parameter).store(kNone, kRelaxed);
-    entryOf(linkValue_, parameter).store(listValue(kNone, kLinkPositions), kRelaxed);
+    entryOf(controllerOfParameter_, parameter).set(kNone);
+    entryOf(linkValue_, parameter).set(listValue(kNone, kLinkPositions));
 }
 
 std::int32_t MidiMap::controllerOf(std::int32_t parameter) const noexcept {
-    return isParameter(parameter) ? entryOf(controllerOfParameter_, parameter).load(kRelaxed)
-                                  : kNone;
+    return isParameter(parameter) ? entryOf(controllerOfParameter_, parameter).get() : kNone;
 }
 
 std::int32_t MidiMap::parameterOf(std::int32_t controller) const noexcept {
@@ -73,50 +70,49 @@ std::int32_t MidiMap::parameterOf(std::int32_t controller) const noexcept {
 }
 
 std::int32_t MidiMap::drivenBy(std::int32_t controller) const noexcept {
-    return isController(controller) ? entryOf(parameterOfController_, controller).load(kRelaxed)
-                                    : kNone;
+    return isController(controller) ? entryOf(parameterOfController_, controller).get() : kNone;
 }
 
 void MidiMap::clear() noexcept {
     for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter)
         unlink(parameter);
     for (auto& parameter : parameterOfController_)
-        parameter.store(kNone, kRelaxed);
+        parameter.set(kNone);
 }
 
 void MidiMap::rebuild() noexcept {
     for (auto& parameter : parameterOfController_)
-        parameter.store(kNone, kRelaxed);
+        parameter.set(kNone);
     for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter) {
         const std::int32_t controller = controllerOf(parameter);
         if (!isController(controller))
             continue;
         auto& first = entryOf(parameterOfController_, controller);
-        if (first.load(kRelaxed) == kNone)
-            first.store(parameter, kRelaxed);
+        if (first.get() == kNone)
+            first.set(parameter);
         else
             unlink(parameter);
     }
 }
 
 float MidiMap::linkValue(std::int32_t parameter) const noexcept {
-    return isParameter(parameter) ? entryOf(linkValue_, parameter).load(kRelaxed) : 0.0F;
+    return isParameter(parameter) ? entryOf(linkValue_, parameter).get() : 0.0F;
 }
 
 void MidiMap::setLinkValue(std::int32_t parameter, float normalised) noexcept {
     if (!isParameter(parameter))
         return;
     // A zero keeps its sign: what a chunk brought is saved with the same bytes.
-    entryOf(linkValue_, parameter).store(normalised >= 0.0F ? normalised : 0.0F, kRelaxed);
+    entryOf(linkValue_, parameter).set(normalised >= 0.0F ? normalised : 0.0F);
     const std::int32_t controller = listPosition(normalised, kLinkPositions);
     if (isController(controller)) {
-        entryOf(controllerOfParameter_, parameter).store(controller, kRelaxed);
-        entryOf(parameterOfController_, controller).store(parameter, kRelaxed);
+        entryOf(controllerOfParameter_, parameter).set(controller);
+        entryOf(parameterOfController_, controller).set(parameter);
         return;
     }
     // The controller's own end stays: it goes on moving the parameter until the map is rebuilt or
     // the controller linked anew. Songs that set a link to none rely on the knob staying alive.
-    entryOf(controllerOfParameter_, parameter).store(kNone, kRelaxed);
+    entryOf(controllerOfParameter_, parameter).set(kNone);
 }
 
 float MidiMap::channelValue() const noexcept {
@@ -124,11 +120,11 @@ float MidiMap::channelValue() const noexcept {
 }
 
 void MidiMap::setChannelValue(float normalised) noexcept {
-    channel_.store(listPosition(normalised, kChannelPositions), kRelaxed);
+    channel_.set(listPosition(normalised, kChannelPositions));
 }
 
 std::int32_t MidiMap::channel() const noexcept {
-    return channel_.load(kRelaxed);
+    return channel_.get();
 }
 
 bool MidiMap::receives(std::uint8_t status) const noexcept {

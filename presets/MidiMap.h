@@ -1,9 +1,9 @@
 #pragma once
 
+#include "foundation/basics/Relaxed.h"
 #include "parameters/ParameterIndex.h"
 
 #include <array>
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
 
@@ -22,7 +22,7 @@ constexpr std::int32_t kNumControllers = 128;
 /// until `rebuild`. A parameter or controller number that does not exist is let pass without
 /// effect.
 ///
-/// Thread: any, real time. Each entry is a relaxed atomic of its own, so a controller that moves
+/// Thread: any, real time. Each entry is `Relaxed` on its own, so a controller that moves
 /// while links are being changed follows the old or the new one.
 class MidiMap {
 public:
@@ -84,10 +84,10 @@ public:
 private:
     void unlink(std::int32_t parameter) noexcept;
 
-    std::array<std::atomic<std::int32_t>, kNumParams> controllerOfParameter_;
-    std::array<std::atomic<std::int32_t>, kNumControllers> parameterOfController_;
-    std::array<std::atomic<float>, kNumParams> linkValue_;
-    std::atomic<std::int32_t> channel_{kAllChannels};
+    std::array<Relaxed<std::int32_t>, kNumParams> controllerOfParameter_;
+    std::array<Relaxed<std::int32_t>, kNumControllers> parameterOfController_;
+    std::array<Relaxed<float>, kNumParams> linkValue_;
+    Relaxed<std::int32_t> channel_{kAllChannels};
 };
 
 } // namespace pedl

@@ -6,8 +6,6 @@ namespace pedl {
 
 namespace {
 
-constexpr auto kRelaxed = std::memory_order_relaxed;
-
 std::size_t position(std::int32_t parameter) {
     assert(isParameter(parameter) && "caller checks the parameter");
     return static_cast<std::size_t>(parameter);
@@ -23,31 +21,31 @@ ProgramBank::Slot& ProgramBank::at(std::int32_t slot) const noexcept {
 }
 
 std::int32_t ProgramBank::currentSlot() const noexcept {
-    return currentSlot_.load(kRelaxed);
+    return currentSlot_.get();
 }
 
 void ProgramBank::setCurrentSlot(std::int32_t slot) noexcept {
     assert(isProgramSlot(slot) && "caller checks the slot");
-    currentSlot_.store(slot, kRelaxed);
+    currentSlot_.set(slot);
 }
 
 float ProgramBank::value(std::int32_t slot, std::int32_t parameter) const noexcept {
-    return at(slot).normalised[position(parameter)].load(kRelaxed);
+    return at(slot).normalised[position(parameter)].get();
 }
 
 void ProgramBank::setValue(std::int32_t slot, std::int32_t parameter, float normalised) noexcept {
-    at(slot).normalised[position(parameter)].store(normalised, kRelaxed);
+    at(slot).normalised[position(parameter)].set(normalised);
 }
 
 void ProgramBank::setValueInEverySlot(std::int32_t parameter, float normalised) noexcept {
     for (Slot& slot : *slots_)
-        slot.normalised[position(parameter)].store(normalised, kRelaxed);
+        slot.normalised[position(parameter)].set(normalised);
 }
 
 ProgramName ProgramBank::name(std::int32_t slot) const noexcept {
     ProgramName name{};
     for (std::size_t i = 0; i < kProgramNameBytes; ++i)
-        name[i] = at(slot).name[i].load(kRelaxed);
+        name[i] = at(slot).name[i].get();
     return terminated(name); // bytes of two names, when another thread was writing
 }
 
@@ -58,7 +56,7 @@ void ProgramBank::setName(std::int32_t slot, std::string_view text) noexcept {
 void ProgramBank::setStoredName(std::int32_t slot, const ProgramName& stored) noexcept {
     const ProgramName name = terminated(stored);
     for (std::size_t i = 0; i < kProgramNameBytes; ++i)
-        at(slot).name[i].store(name[i], kRelaxed);
+        at(slot).name[i].set(name[i]);
 }
 
 ProgramRecord ProgramBank::record(std::int32_t slot) const noexcept {

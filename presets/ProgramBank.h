@@ -1,9 +1,9 @@
 #pragma once
 
+#include "foundation/basics/Relaxed.h"
 #include "presets/ProgramRecord.h"
 
 #include <array>
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -21,7 +21,7 @@ constexpr std::int32_t kNumPrograms = 140;
 ///
 /// Names and values are zero until someone writes them. Slots are 0 to 139 and parameters 0 to 55
 /// everywhere; the caller sees to it.
-/// Thread: any. Each value and each character is a relaxed atomic, so a name read while it is being
+/// Thread: any. Each value and each character is `Relaxed`, so a name read while it is being
 /// written may mix both. Values are real time; the edit snapshot is the user interface's alone.
 class ProgramBank {
 public:
@@ -52,14 +52,14 @@ public:
 
 private:
     struct Slot {
-        std::array<std::atomic<char>, kProgramNameBytes> name{};
-        std::array<std::atomic<float>, kNumParams> normalised{};
+        std::array<Relaxed<char>, kProgramNameBytes> name{};
+        std::array<Relaxed<float>, kNumParams> normalised{};
     };
 
     [[nodiscard]] Slot& at(std::int32_t slot) const noexcept;
 
     std::unique_ptr<std::array<Slot, kNumPrograms>> slots_;
-    std::atomic<std::int32_t> currentSlot_{0}; // written by the user interface, read by audio
+    Relaxed<std::int32_t> currentSlot_{0}; // written by the user interface, read by audio
     ProgramRecord editSnapshot_;
 };
 

@@ -19,6 +19,12 @@ public:
     /// Reads the value and puts `value` in its place in one step.
     T exchange(T value) noexcept { return value_.exchange(value, std::memory_order_relaxed); }
 
+    /// Puts `value` in the place of `expected`. False where the value is another one, which
+    /// `expected` then holds, and at times for no reason: call it in a loop.
+    bool replace(T& expected, T value) noexcept {
+        return value_.compare_exchange_weak(expected, value, std::memory_order_relaxed);
+    }
+
     /// Raises the value to `candidate` where that is larger. For one writer at a time: a reader
     /// that clears in between may lose this one peak, which is accepted.
     void raiseTo(T candidate) noexcept {
