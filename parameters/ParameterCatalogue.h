@@ -2,6 +2,7 @@
 
 #include "parameters/DisplayText.h"
 #include "parameters/ParameterIndex.h"
+#include "parameters/ParameterRows.h"
 
 #include <array>
 #include <cstdint>
@@ -68,70 +69,14 @@ struct ParameterRow {
 };
 
 // clang-format off
-/// One row a parameter, in index order. Rows without a name are hidden from hosts.
-constexpr auto kParameterRows = [] {
-    using enum TextRule;
-    using enum Automation;
-    return std::array<ParameterRow, kNumParams>{{
-    // identifier             short      long                     text             Default    steps              automated
-    {kPower,                 "Byps",    "Bypass",                Process,         0.0F,      StepClass::Switch, Yes},
-    {kGain,                  "Gain",    "Gain",                  GainDb,          0.5F,      StepClass::Fine,   Yes},
-    {kFreezMode,             "FrzMode", "FreezMode",             FreezeMode,      0.0F,      StepClass::Three,  Yes},
-    {kFreez,                 "Freeze",  "Freez",                 OnOff,           0.0F,      StepClass::Switch, Yes},
-    {kLFOType,               "LFOwave", "LFOWave",               TextRule::Wave,  0.0F,      StepClass::Wave,   Yes},
-    {kLFOFilter,             "LFOfltr", "LFOflt",                Percent,         0.5F,      StepClass::Fine,   Yes},
-    {kLFOWidth,              "LFOwidh", "LFOwidh",               WidthRatio,      0.5F,      StepClass::Fine,   Yes},
-    {kLFOSyncMode,           "LFOsync", "LFOsync",               SyncMode,        0.0F,      StepClass::Three,  Yes},
-    {kLFOFreq,               "LFOfreq", "LFOfreq",               LfoRateHz,       0.066044F, StepClass::Rate,   Yes},
-    {kLFOSynchroRate,        "LFOnote", "LFOnote",               TextRule::Note,  0.290323F, StepClass::Note,   Yes},
-    {kTempoSetup,            "Tempo",   "Tempo BPM",             TempoBpm,        0.179487F, StepClass::Rate,   Yes},
-    {kLFORndmizationType,    "RNDtype", "RNDtype",               RandomType,      0.0F,      StepClass::Switch, Yes},
-    {kLFORndmization,        "LFOrnd",  "LFOrandomization",      Percent,         0.0F,      StepClass::Fine,   Yes},
-    {kLFOSpread,             "LFOsprd", "LFOsprd",               SpreadDegrees,   0.5F,      StepClass::Fine,   Yes},
-    {kRateLFOByEnvDefeat,    "ELfoRSt", "ELFOrSt",               OnOff,           0.0F,      StepClass::Switch, Yes},
-    {kRateLFOByEnv,          "EnLfoRt", "EF-LFO",                BipolarPercent,  0.5F,      StepClass::Fine,   Yes},
-    {kDepthLFOByEnvDefeat,   "ELfoDSt", "ELFOdSt",               OnOff,           0.0F,      StepClass::Switch, Yes},
-    {kDepthLFOByEnv,         "EnLfoDt", "EF-LFOdeep",            BipolarPercent,  0.5F,      StepClass::Fine,   Yes},
-    {kFilterType,            "FltrTyp", "Filter Type",           FilterMorph,     0.0F,      StepClass::Fine,   Yes},
-    {kFilterPole,            "FltrSlp", "Filter Slope",          Slope,           1.0F,      StepClass::Switch, Yes},
-    {kFilterReso,            "FltrRes", "Filter Q",              Percent,         0.300797F, StepClass::Fine,   Yes},
-    {kFilterCutoffFreq,      "FltrCut", "Filter Cutoff",         CutoffHz,        0.566642F, StepClass::Cutoff, Yes},
-    {kFilterFreqMin,         "",        "",                      Empty,           0.0F,      StepClass::Cutoff, No},
-    {kFilterFreqMax,         "",        "",                      Empty,           1.0F,      StepClass::Cutoff, No},
-    {kParam2,                "",        "",                      Empty,           0.0F,      StepClass::Spare,  No},
-    {kFilterSaturation,      "FltrSat", "Filter Saturate",       Percent,         0.5F,      StepClass::Fine,   Yes},
-    {kEnvThresholdMode,      "ThrsMod", "EFthresholdMode",       ThresholdMode,   0.0F,      StepClass::Switch, Yes},
-    {kEnvThreshold,          "Thresh",  "EFthreshold",           ThresholdDb,     0.5F,      StepClass::Fine,   Yes},
-    {kEnvAttack,             "Attack",  "EFattack",              AttackMs,        0.67191F,  StepClass::Fine,   Yes},
-    {kEnvAttackExtension,    "AtkExtn", "EFattackExtended",      ExtensionFactor, 0.5F,      StepClass::Fine,   Yes},
-    {kEnvRelease,            "Release", "EFrelease",             ReleaseMs,       0.667329F, StepClass::Fine,   Yes},
-    {kEnvRange,              "Range",   "EFrange",               Percent,         0.504156F, StepClass::Fine,   Yes},
-    {kFilterFreqByLFODefeat, "LfFrqSt", "LFrqSta",               OnOff,           0.0F,      StepClass::Switch, Yes},
-    {kFilterFreqByLFO,       "LfoFreq", "LFO-Frq",               Percent,         0.0F,      StepClass::Fine,   Yes},
-    {kGainByLFODefeat,       "LGainSt", "LGaiSta",               OnOff,           0.0F,      StepClass::Switch, Yes},
-    {kGainByLFO,             "LfoGain", "LFO-Gain",              BipolarPercent,  0.5F,      StepClass::Fine,   Yes},
-    {kFilterFreqByENVDefeat, "EnFrqSt", "EFrqSta",               OnOff,           1.0F,      StepClass::Switch, Yes},
-    {kFilterFreqByENV,       "EnvFreq", "EF-Frq",                BipolarPercent,  0.849953F, StepClass::Fine,   Yes},
-    {kGainByENVDefeat,       "EGainSt", "EGaiSta",               OnOff,           0.0F,      StepClass::Switch, Yes},
-    {kGainByENV,             "EnvGain", "EF-Gain",               BipolarPercent,  0.5F,      StepClass::Fine,   Yes},
-    {kFreqFollow,            "",        "",                      Empty,           0.0F,      StepClass::Fine,   No},
-    {kLimSoftSatRouting,     "Route",   "Route",                 Routing,         0.0F,      StepClass::Three,  Yes},
-    {kLimiterDefeat,         "LimStat", "Limiter Status",        OnOff,           1.0F,      StepClass::Switch, Yes},
-    {kLimiterTreshold,       "LimLvl",  "Limiter Level",         Percent,         0.5F,      StepClass::Fine,   Yes},
-    {kSoftSatDefeat,         "SatStat", "SoftSat Status",        OnOff,           1.0F,      StepClass::Switch, Yes},
-    {kSoftSatTreshold,       "SatLvl",  "SoftSat Level",         Percent,         0.5F,      StepClass::Fine,   Yes},
-    {kDryDefeat,             "DryStat", "DryStat",               OnOff,           0.0F,      StepClass::Switch, Yes},
-    {kDry,                   "Dry",     "Dry",                   LevelDb,         0.5F,      StepClass::Fine,   Yes},
-    {kDryGlobal,             "",        "",                      Empty,           0.5F,      StepClass::Fine,   No},
-    {kWetDefeat,             "WetStat", "WetStat",               OnOff,           1.0F,      StepClass::Switch, Yes},
-    {kWet,                   "Wet",     "Wet",                   LevelDb,         0.5F,      StepClass::Fine,   Yes},
-    {kWetGlobal,             "",        "",                      Empty,           0.5F,      StepClass::Fine,   No},
-    {kDryWetGlobal,          "DW_Glb",  "DW_Glb",                LevelSource,     0.0F,      StepClass::Switch, Yes},
-    {kModulationOnOff,       "AllMod",  "All Modulation Switch", Modulation,      0.0F,      StepClass::Switch, Yes},
-    {kParam3,                "",        "",                      Empty,           0.0F,      StepClass::Spare,  No},
-    {kFreqNoteScaleSwitch,   "Scale",   "Scale",                 NoteScale,       0.0F,      StepClass::Switch, Yes},
-    }};
-}();
+#define PEDL_CATALOGUE_ROW(identifier, shortName, longName, text, defaultValue, steps, automation, ...) \
+    ParameterRow{identifier, shortName, longName, TextRule::text,                                        \
+                 defaultValue, StepClass::steps, Automation::automation},
+/// The rows of `ParameterRows.h`, in index order.
+constexpr std::array<ParameterRow, kNumParams> kParameterRows{{
+    PEDL_PARAMETER_ROWS(PEDL_CATALOGUE_ROW)
+}};
+#undef PEDL_CATALOGUE_ROW
 
 /// Tags beyond the parameters that a host or the view may ask about.
 constexpr auto kTagRows = [] {
@@ -148,14 +93,6 @@ constexpr auto kTagRows = [] {
     }};
 }();
 // clang-format on
-
-[[nodiscard]] consteval bool rowsAreInIndexOrder() {
-    for (std::int32_t index = 0; index < kNumParams; ++index)
-        if (kParameterRows[static_cast<std::size_t>(index)].index != index)
-            return false;
-    return true;
-}
-static_assert(rowsAreInIndexOrder());
 
 /// The row of a parameter or tag; null for an index that has none.
 [[nodiscard]] const ParameterRow* findParameterRow(std::int32_t index) noexcept;

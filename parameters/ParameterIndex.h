@@ -1,5 +1,7 @@
 #pragma once
 
+#include "parameters/ParameterRows.h"
+
 #include <cstdint>
 
 namespace pedl {
@@ -8,66 +10,14 @@ namespace pedl {
 // belong to them, and the tags of the view's controls. A control's tag is the index of the
 // parameter that it shows.
 
-/// The parameters in the order that hosts, stored programs and MIDI links count them.
+#define PEDL_IDENTIFIER(identifier, ...) identifier,
 enum ParameterIndex : std::int32_t {
-    kPower,
-    kGain,
-    kFreezMode,
-    kFreez,
-    kLFOType,
-    kLFOFilter,
-    kLFOWidth,
-    kLFOSyncMode,
-    kLFOFreq,
-    kLFOSynchroRate,
-    kTempoSetup,
-    kLFORndmizationType,
-    kLFORndmization,
-    kLFOSpread,
-    kRateLFOByEnvDefeat,
-    kRateLFOByEnv,
-    kDepthLFOByEnvDefeat,
-    kDepthLFOByEnv,
-    kFilterType,
-    kFilterPole,
-    kFilterReso,
-    kFilterCutoffFreq,
-    kFilterFreqMin,
-    kFilterFreqMax,
-    kParam2,
-    kFilterSaturation,
-    kEnvThresholdMode,
-    kEnvThreshold,
-    kEnvAttack,
-    kEnvAttackExtension,
-    kEnvRelease,
-    kEnvRange,
-    kFilterFreqByLFODefeat,
-    kFilterFreqByLFO,
-    kGainByLFODefeat,
-    kGainByLFO,
-    kFilterFreqByENVDefeat,
-    kFilterFreqByENV,
-    kGainByENVDefeat,
-    kGainByENV,
-    kFreqFollow,
-    kLimSoftSatRouting,
-    kLimiterDefeat,
-    kLimiterTreshold,
-    kSoftSatDefeat,
-    kSoftSatTreshold,
-    kDryDefeat,
-    kDry,
-    kDryGlobal,
-    kWetDefeat,
-    kWet,
-    kWetGlobal,
-    kDryWetGlobal,
-    kModulationOnOff,
-    kParam3,
-    kFreqNoteScaleSwitch,
+    // clang-format off
+    PEDL_PARAMETER_ROWS(PEDL_IDENTIFIER)
+    // clang-format on
     kNumParams
 };
+#undef PEDL_IDENTIFIER
 static_assert(kNumParams == 56, "hosts, stored programs and files count on 56");
 
 /// Index 56 + p addresses the MIDI link of parameter p.
