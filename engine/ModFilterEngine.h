@@ -7,10 +7,10 @@
 #include "engine/MeterSnapshot.h"
 #include "engine/MultimodeFilter.h"
 #include "engine/OutputLimiter.h"
-#include "foundation/basics/Relaxed.h"
 #include "engine/Smoothing.h"
 #include "engine/SoftSaturator.h"
 #include "engine/Stretch.h"
+#include "foundation/basics/Relaxed.h"
 
 #include <cstdint>
 
@@ -80,6 +80,10 @@ public:
     void setLfoFilter(float normalised) noexcept { lfo_.setFilter(normalised); }
     void setLfoWidth(float normalised) noexcept { lfo_.setWidth(normalised); }
     void setLfoRate(float normalised) noexcept { lfo_.setRate(normalised); }
+    /// The rate as it was set last.
+    [[nodiscard]] float normalisedLfoRate() const noexcept {
+        return static_cast<float>(lfo_.normalisedRate());
+    }
     void setLfoRandomType(float normalised) noexcept { lfo_.setRandomType(normalised); }
     void setLfoRandomAmount(float normalised) noexcept { lfo_.setRandomAmount(normalised); }
     void setLfoSpread(float normalised) noexcept { lfo_.setSpread(normalised); }

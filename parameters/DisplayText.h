@@ -6,10 +6,14 @@
 
 namespace pedl {
 
-/// Characters of a parameter's name or value text; a host's buffer holds one more, the zero.
+/// Characters of a parameter's name, and of a number; the interface promises room for as many and a
+/// zero.
 constexpr std::size_t kParameterTextLength = 8;
 
-/// A short text held by value; what does not fit into its eight characters is left out.
+/// Characters of the longest text of a value, "abovethrs".
+constexpr std::size_t kDisplayTextLength = 9;
+
+/// A short text held by value; what does not fit into its nine characters is left out.
 ///
 /// Thread: any, real time.
 class DisplayText {
@@ -24,7 +28,7 @@ public:
     }
 
     constexpr void append(char character) {
-        if (length_ < kParameterTextLength)
+        if (length_ < kDisplayTextLength)
             characters_[length_++] = character;
     }
 
@@ -34,7 +38,7 @@ public:
     [[nodiscard]] constexpr std::string_view view() const { return {characters_.data(), length_}; }
 
 private:
-    std::array<char, kParameterTextLength> characters_{};
+    std::array<char, kDisplayTextLength> characters_{};
     std::size_t length_ = 0;
 };
 

@@ -73,7 +73,7 @@ DisplayText numberText(float value, int decimals) {
         text.append(static_cast<char>('0' + static_cast<int>(digit)));
         fraction = fraction * 10.0 - digit;
     }
-    return text;
+    return text.view().substr(0, kParameterTextLength);
 }
 
 DisplayText oneDecimalText(double value) {

@@ -11,7 +11,6 @@
 #include "plugin/TempoSync.h"
 #include "presets/CPresetSystemEffect.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 
@@ -26,9 +25,10 @@ struct EffectSurroundings {
 
 /// The effect as hosts see it: identity, parameters, audio.
 ///
-/// Owns the engine and one held value per parameter. A value that comes in is held, turned into
-/// engine terms by the row of its parameter, written into the current program, and told to the
-/// view.
+/// Owns the engine. A value that comes in is written into the current program, turned into engine
+/// terms by the row of its parameter, and told to the view; it is read back from the program,
+/// except for what the program does not know: the rate that a tempo gives, and the levels in bank
+/// mode.
 ///
 /// Thread: `process...`, `setParameter` and `getParameter` any, real time; the rest main or user
 /// interface.
@@ -75,6 +75,7 @@ public:
 
     // Hooks of the preset system
     void initialiseFactoryPrograms() override;
+    void playStored(std::int32_t parameter) override;
     void getLongParameterName(std::int32_t index, char* text) override;
     [[nodiscard]] std::int32_t learnTarget(std::int32_t tag) override;
     [[nodiscard]] bool isNotLearnable(std::int32_t index) const override;
@@ -96,28 +97,18 @@ public:
     [[nodiscard]] bool isOutputStereo() const noexcept { return isOutputStereo_; }
 
 private:
-    using EngineSetter = void (ModFilterEngine::*)(float) noexcept;
-    using Consequence = void (ZMTpedlFilterEffect::*)();
+    struct Mapping;
 
-    /// What follows when a parameter's value is held: one engine setter, then what else hangs on
-    /// it.
-    struct ControlRow {
-        std::int32_t index;
-        EngineSetter toEngine;
-        Consequence consequence;
-    };
-    static const std::array<ControlRow, kNumParams> kControlRows;
-    static constexpr bool rowsAreInIndexOrder(const std::array<ControlRow, kNumParams>& rows);
+    static constexpr VstInt32 kChannels = 2;
 
-    [[nodiscard]] float held(std::int32_t index) const noexcept;
-    void hold(std::int32_t index, float normalised) noexcept;
-    void holdStartValues() noexcept;
+    /// What the current slot has for a parameter, in 0..1.
+    [[nodiscard]] float programValue(std::int32_t parameter) const noexcept;
+    [[nodiscard]] bool hasShortTextBuffers();
 
-    void applyParameter(std::int32_t index, float normalised);
-    void applyLevel(std::int32_t index, float normalised);
+    [[nodiscard]] float tagValue(std::int32_t index);
     void applyTag(std::int32_t index, float value);
 
-    // Consequences, named after what they do
+    // Consequences of a value, named after what they do; `ParameterRows.h` says whose
     void tellInverseLink();
     void tellFrequencySlider();
     void changeSyncMode();
@@ -128,7 +119,8 @@ private:
     void applyWetSource() { applyDryWetSource(kWet); }
     void applyBothSources();
 
-    // Relative controls
+    // Dry and wet levels
+    void editSharedLevel(std::int32_t index, float normalised);
     void turnMixKnob(float value);
     void turnInverseLink(float value);
     void automateLevels(DryWetPair levels);
@@ -143,7 +135,9 @@ private:
     MixKnob mixKnob_;
 
     // Written and read by any thread.
-    std::array<Relaxed<float>, kNumParams> held_{};
+    Relaxed<float> programDry_{
+        0.5F}; // the program's own levels: an edit in bank mode goes into the
+    Relaxed<float> programWet_{0.5F}; // slot, and is not heard there until the program is selected
     Relaxed<float> shownQuantity_{0.0F}; // 0: cut-off; 1: LFO rate
     Relaxed<float> mixPosition_{0.0F};   // -1..1; the knob rests at 0
     Relaxed<float> spare4_{0.0F};

@@ -51,10 +51,6 @@ CPresetSystemEffect::CPresetSystemEffect(audioMasterCallback host, Clock& clock,
     AudioEffect::programsAreChunks(true);
 }
 
-void CPresetSystemEffect::setView(PresetSystemView* view) noexcept {
-    view_.store(view, std::memory_order_release);
-}
-
 void CPresetSystemEffect::startPresetSystem() {
     bank_.takeEditSnapshot(0); // before the user's bank: what is missing there is the factory's
     userDefaults_.load(FileKind::Bank);
@@ -66,23 +62,21 @@ void CPresetSystemEffect::startPresetSystem() {
 }
 
 void CPresetSystemEffect::selectProgram(std::int32_t slot) {
-    isProgramLoading_.store(true, std::memory_order_relaxed);
+    isProgramLoading_.set(true);
     curProgram = 0;
     bank_.setCurrentSlot(slot);
-    applySlot(slot);
-    isProgramLoading_.store(false, std::memory_order_relaxed);
+    for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter) {
+        const float normalised = bank_.value(slot, parameter);
+        if (!isNormalised(normalised))
+            continue;
+        playStored(parameter);
+        tellParameter(parameter, normalised);
+    }
+    isProgramLoading_.set(false);
     clock_.sleepMs(kSelectWaitMs);
     updateDisplay();
     beginEdit(kChangeMarker);
     endEdit(kChangeMarker);
-}
-
-void CPresetSystemEffect::applySlot(std::int32_t slot) {
-    for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter) {
-        const float normalised = bank_.value(slot, parameter);
-        if (isNormalised(normalised))
-            setParameter(parameter, normalised);
-    }
 }
 
 void CPresetSystemEffect::renameCurrentProgram(const char* name) {
@@ -93,11 +87,15 @@ void CPresetSystemEffect::renameCurrentProgram(const char* name) {
 }
 
 void CPresetSystemEffect::setParameter(VstInt32 index, float normalised) {
-    if (!isProgramLoading()) {
-        if (isParameter(index))
-            bank_.setValue(currentSlot(), index, normalised);
-        countForLearning(index);
+    if (isParameter(index)) {
+        storeParameter(index, normalised);
+        playStored(index);
     }
+    noteChange(index, normalised);
+}
+
+void CPresetSystemEffect::noteChange(std::int32_t index, float normalised) {
+    countForLearning(index);
     if (isMidiLink(index)) {
         midiMap_.setLinkValue(index - kFirstMidiLink, normalised);
     } else if (index == kMidiChannel) {
@@ -124,10 +122,8 @@ void CPresetSystemEffect::setProgramName(char* name) {
         return;
     const std::int32_t slot = currentSlot();
     bank_.setName(slot, {name, ::strnlen(name, kProgramNameBytes)});
-    if (PresetSystemView* const view = view_.load(std::memory_order_acquire)) {
-        const ProgramName stored = bank_.name(slot);
-        view->programNameChanged(nameText(stored));
-    }
+    const ProgramName stored = bank_.name(slot);
+    view_.tell([&](PresetSystemView& view) { view.programNameChanged(nameText(stored)); });
 }
 
 void CPresetSystemEffect::getProgramName(char* name) {
@@ -169,12 +165,12 @@ void CPresetSystemEffect::layOverMidiLinks(const MidiLinks& links) {
 }
 
 void CPresetSystemEffect::showLoaded(const LoadedBank& loaded) {
-    if (PresetSystemView* const view = view_.load(std::memory_order_acquire)) {
+    view_.tell([&](PresetSystemView& view) {
         for (std::int32_t slot = 0; slot < kNumPrograms; ++slot)
             if (loaded.named[static_cast<std::size_t>(slot)])
-                view->programMenuEntryChanged(slot);
-        view->programShown(loaded.currentSlot);
-    }
+                view.programMenuEntryChanged(slot);
+        view.programShown(loaded.currentSlot);
+    });
     selectProgram(loaded.currentSlot);
 }
 
@@ -279,6 +275,7 @@ VstInt32 CPresetSystemEffect::loadRawChunk(const ChunkView& chunk) {
     for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter)
         if (const auto link = links.linkValue[static_cast<std::size_t>(parameter)])
             midiMap_.link(parameter, listPosition(*link, kNumControllers + 1));
+    midiMap_.rebuild();
     setParameter(kMidiChannel, kAllChannelsValue);
     showLoaded(loaded);
     return kChunkTaken;
@@ -288,14 +285,12 @@ VstInt32 CPresetSystemEffect::loadRawChunk(const ChunkView& chunk) {
 
 void CPresetSystemEffect::stopLearn() noexcept {
     learnState_.stopLearn();
-    if (PresetSystemView* const view = view_.load(std::memory_order_acquire))
-        view->learnEnded();
+    view_.tell([](PresetSystemView& view) { view.learnEnded(); });
 }
 
 void CPresetSystemEffect::stopForget() noexcept {
     learnState_.stopForget();
-    if (PresetSystemView* const view = view_.load(std::memory_order_acquire))
-        view->forgetEnded();
+    view_.tell([](PresetSystemView& view) { view.forgetEnded(); });
 }
 
 void CPresetSystemEffect::countForLearning(std::int32_t tag) {
@@ -352,28 +347,21 @@ void CPresetSystemEffect::automate(std::int32_t index, float normalised) {
     endEdit(index);
 }
 
-bool CPresetSystemEffect::isProgramLoading() const noexcept {
-    return isProgramLoading_.load(std::memory_order_relaxed);
-}
-
 void CPresetSystemEffect::tellParameter(std::int32_t index, float normalised) noexcept {
-    if (PresetSystemView* const view = view_.load(std::memory_order_acquire))
-        view->parameterChanged(index, normalised);
+    view_.tell([=](PresetSystemView& view) { view.parameterChanged(index, normalised); });
 }
 
 void CPresetSystemEffect::tellMidiChannel() noexcept {
-    if (PresetSystemView* const view = view_.load(std::memory_order_acquire))
-        view->midiChannelChanged(midiMap_.channelValue());
+    view_.tell(
+        [this](PresetSystemView& view) { view.midiChannelChanged(midiMap_.channelValue()); });
 }
 
 void CPresetSystemEffect::tellMidiActivity() noexcept {
-    if (PresetSystemView* const view = view_.load(std::memory_order_acquire))
-        view->midiActivity();
+    view_.tell([](PresetSystemView& view) { view.midiActivity(); });
 }
 
 void CPresetSystemEffect::tellSuspended() noexcept {
-    if (PresetSystemView* const view = view_.load(std::memory_order_acquire))
-        view->processingSuspended();
+    view_.tell([](PresetSystemView& view) { view.processingSuspended(); });
 }
 
 } // namespace pedl

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/basics/Relaxed.h"
 #include "foundation/platform/Clock.h"
 #include "foundation/platform/DiagnosticStream.h"
 #include "foundation/platform/SettingsStore.h"
@@ -17,9 +18,9 @@
 #include "presets/StreamReader.h"
 #include "presets/StreamWriter.h"
 #include "presets/UserDefaults.h"
+#include "presets/ViewLink.h"
 
 #include <array>
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -42,8 +43,9 @@ public:
     CPresetSystemEffect(audioMasterCallback host, Clock& clock, DiagnosticStream& diagnostics,
                         SettingsStore& settings);
 
-    /// Whom to tell of changes; null for nobody. The view must stay alive until it is taken away.
-    void setView(PresetSystemView* view) noexcept;
+    /// Whom to tell of changes; null for nobody. When it returns, the view that was told before is
+    /// called no more, on any thread.
+    void setView(PresetSystemView* view) noexcept { view_.set(view); }
 
     // Programs of the bank
 
@@ -106,8 +108,8 @@ public:
     bool keepRecentFiles() const { return recentFiles_.write(settings_); }
 
     // What the host calls
-    /// Writes a change into the current slot and lets it count for learning, unless it comes from
-    /// that slot. Takes MIDI links and the channel too.
+    /// Writes a change into the current slot, plays it and lets it count for learning. Takes MIDI
+    /// links and the channel too.
     void setParameter(VstInt32 index, float normalised) override;
     float getParameter(VstInt32 index) override;
     void setProgramName(char* name) override;
@@ -128,6 +130,11 @@ public:
 
     /// Fills the bank as it leaves the factory.
     virtual void initialiseFactoryPrograms() = 0;
+
+    /// Makes the value of a parameter heard that the current slot holds now. It comes from the
+    /// slot, so it is not stored; and another thread may store the same parameter meanwhile, so
+    /// what is heard in the end must be what the slot holds in the end. Thread: any, real time.
+    virtual void playStored(std::int32_t parameter) = 0;
 
     /// The long name, cut to eight characters and a terminator.
     virtual void getLongParameterName(std::int32_t index, char* text) = 0;
@@ -154,9 +161,17 @@ protected:
 
     [[nodiscard]] ProgramBank& editableBank() noexcept { return bank_; }
 
-    /// Whether `selectProgram` is applying values: they come from the slot and are not written
-    /// back.
-    [[nodiscard]] bool isProgramLoading() const noexcept;
+    /// Whether some thread is selecting a program and has not played all of its values yet.
+    [[nodiscard]] bool isProgramLoading() const noexcept { return isProgramLoading_.get(); }
+
+    /// Writes a value into the current slot, as the user's or the host's edit.
+    void storeParameter(std::int32_t parameter, float normalised) noexcept {
+        bank_.setValue(currentSlot(), parameter, normalised);
+    }
+
+    /// What follows a change of any index: learning and forgetting, and MIDI links and channel
+    /// where it is theirs.
+    void noteChange(std::int32_t index, float normalised);
 
     void tellParameter(std::int32_t index, float normalised) noexcept;
     void tellSuspended() noexcept;
@@ -167,7 +182,6 @@ protected:
 private:
     using ChunkBuffer = std::array<std::byte, kChunkBytes>;
 
-    void applySlot(std::int32_t slot);
     void layOverMidiLinks(const MidiLinks& links);
     LoadResult loadProgram(std::span<const std::byte> stored, OrderDecision decision);
     LoadResult loadBank(std::span<const std::byte> stored, OrderDecision decision);
@@ -189,8 +203,8 @@ private:
     RecentFiles recentFiles_;
     PresetFiles files_{*this, recentFiles_, diagnostics_};
     UserDefaults userDefaults_{*this, settings_};
-    std::atomic<PresetSystemView*> view_{nullptr}; // set by the user interface, read by any thread
-    std::atomic<bool> isProgramLoading_{false};    // set by the selecting thread, read by any
+    ViewLink view_;
+    Relaxed<bool> isProgramLoading_{false}; // set by the selecting thread, read by any
 };
 
 } // namespace pedl

@@ -44,7 +44,7 @@ TEST(ValueText, SelectorsChangeWhereTheirPositionsBegin) {
     expectChanges(TextRule::Routing,     {{0.0F, "pre WET"}, {0.25F, "post WET"}, {0.75F, "post MIX"}});
     // cut to eight characters
     expectChanges(TextRule::ThresholdMode,
-                  {{0.0F, "abovethr"}, {0.25F, "belowthr"}, {0.75F, "around"}});
+                  {{0.0F, "abovethrs"}, {0.25F, "belowthrs"}, {0.75F, "around"}});
     expectChanges(TextRule::Wave, {{0.0F, "sin"}, {0.16666667F, "tri"}, {0.33333334F, "sawUp"},
         {0.5F, "sawDown"}, {0.6666667F, "sqr"}, {0.8333334F, "spike"}, {1.0F, "rnd"}});
     // clang-format on

@@ -19,11 +19,15 @@ public:
     using CPresetSystemEffect::editableBank;
     using CPresetSystemEffect::startPresetSystem;
 
+    void processReplacing(float**, float**, VstInt32) override {}
     void setParameter(VstInt32 index, float normalised) override {
-        journal_.note("set ", index, " ", normalised);
+        if (!isParameter(index))
+            journal_.note("set ", index, " ", normalised);
         CPresetSystemEffect::setParameter(index, normalised);
     }
-    void processReplacing(float**, float**, VstInt32) override {}
+    void playStored(std::int32_t parameter) override {
+        journal_.note("set ", parameter, " ", bank().value(currentSlot(), parameter));
+    }
     void initialiseFactoryPrograms() final { writeFactoryPrograms(editableBank()); }
     void getLongParameterName(std::int32_t, char* text) override { *text = '\0'; }
     std::int32_t learnTarget(std::int32_t tag) override { return tag; }
