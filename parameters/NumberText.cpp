@@ -1,7 +1,5 @@
 #include "parameters/NumberText.h"
 
-#include <array>
-#include <charconv>
 #include <cmath>
 
 namespace pedl {
@@ -77,12 +75,9 @@ DisplayText numberText(float value, int decimals) {
 }
 
 DisplayText oneDecimalText(double value) {
-    std::array<char, 32> digits;
-    const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                      std::chars_format::fixed, 1);
-    if (result.ec != std::errc())
-        return {};
-    return std::string_view(digits.data(), static_cast<std::size_t>(result.ptr - digits.data()));
+    DisplayText text;
+    text.appendFixed(value, 1);
+    return text;
 }
 
 DisplayText decibelText(double factor) {

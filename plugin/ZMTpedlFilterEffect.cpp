@@ -1,5 +1,6 @@
 #include "plugin/ZMTpedlFilterEffect.h"
 
+#include "foundation/basics/FixedText.h"
 #include "presets/FactoryPrograms.h"
 #include "presets/StreamFormat.h"
 
@@ -38,6 +39,17 @@ ZMTpedlFilterEffect::~ZMTpedlFilterEffect() {
 
 void ZMTpedlFilterEffect::initialiseFactoryPrograms() {
     writeFactoryPrograms(editableBank());
+}
+
+void ZMTpedlFilterEffect::callFailed(VstInt32 opcode, const char* why) noexcept {
+    FixedText<120> text = "ZMT pedlFilter:host call ";
+    text.appendInteger(opcode);
+    text.append(" failed, nothing changed: ");
+    text.append(why);
+    try {
+        diagnostics().line(text);
+    } catch (...) { // neither the call nor its line could be had
+    }
 }
 
 void ZMTpedlFilterEffect::setSampleRate(float rateHz) {

@@ -56,6 +56,9 @@ public:
     VstInt32 getProgram() override { return 0; }
     void setProgram(VstInt32 /*program*/) override {}
 
+    /// One diagnostic line.
+    void callFailed(VstInt32 opcode, const char* why) noexcept override;
+
     // Parameters
     void setParameter(VstInt32 index, float normalised) override;
     float getParameter(VstInt32 index) override;

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "foundation/basics/FixedText.h"
+
 #include <cmath>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace pedl {
@@ -26,16 +27,19 @@ namespace pedl {
     return isNormalised(value) ? value : 1.0F;
 }
 
+/// A line on a repaired value, held by value: a load must not stop half way for want of memory.
+using RepairText = FixedText<160>;
+
 /// What was found in a program's value, where, and in which slot under which name.
 ///
 /// @param place  as "on load of preset", in front of the slot
-[[nodiscard]] std::string programRepairText(std::int32_t parameter, float value,
+[[nodiscard]] RepairText programRepairText(std::int32_t parameter, float value,
                                             std::string_view place, std::int32_t slot,
                                             std::string_view programName);
 
 /// What was found in a value that belongs to no program, and where. One that is not a number is
 /// told without its parameter.
-[[nodiscard]] std::string plainRepairText(std::int32_t parameter, float value,
+[[nodiscard]] RepairText plainRepairText(std::int32_t parameter, float value,
                                           std::string_view place);
 
 } // namespace pedl

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <exception>
 #include <limits>
 
 namespace {
@@ -20,6 +21,33 @@ void copyFront(const char* from, std::size_t length, char* to, VstInt32 maxLen) 
     const std::size_t copied = std::min(length, static_cast<std::size_t>(maxLen));
     std::memcpy(to, from, copied);
     to[copied] = '\0';
+}
+
+constexpr VstInt32 kNoOpcode = -1; // for calls that have an entry of their own in the record
+
+/// What a call answers that could not be carried out.
+VstIntPtr noTo(VstInt32 opcode) {
+    return opcode == effSetChunk || opcode == effGetCurrentMidiProgram ? -1 : 0;
+}
+
+/// What `call` answers, or `no` where it throws.
+template <typename Answer, typename Call>
+Answer guarded(AudioEffect& object, VstInt32 opcode, Answer no, Call call) noexcept {
+    try {
+        return call();
+    } catch (const std::exception& exception) {
+        object.callFailed(opcode, exception.what());
+    } catch (...) {
+        object.callFailed(opcode, "unknown");
+    }
+    return no;
+}
+
+template <typename Call> void guarded(AudioEffect& object, Call call) noexcept {
+    guarded(object, kNoOpcode, 0, [&] {
+        call();
+        return 0;
+    });
 }
 
 } // namespace
@@ -219,7 +247,9 @@ VstIntPtr VSTCALLBACK AudioEffect::dispatchCall(AEffect* effect, VstInt32 opcode
     AudioEffect* const object = objectOf(effect);
     if (object == nullptr)
         return 0;
-    const VstIntPtr answer = object->dispatcher(opcode, index, value, ptr, opt);
+    const VstIntPtr answer = guarded(*object, opcode, noTo(opcode), [&] {
+        return object->dispatcher(opcode, index, value, ptr, opt);
+    });
     if (opcode != effClose)
         return answer;
     delete object; // the record goes with it: nothing of the instance is touched after this
@@ -229,27 +259,29 @@ VstIntPtr VSTCALLBACK AudioEffect::dispatchCall(AEffect* effect, VstInt32 opcode
 void VSTCALLBACK AudioEffect::processCall(AEffect* effect, float** inputs, float** outputs,
                                           VstInt32 sampleFrames) {
     if (AudioEffect* const object = objectOf(effect))
-        object->process(inputs, outputs, sampleFrames);
+        guarded(*object, [&] { object->process(inputs, outputs, sampleFrames); });
 }
 
 void VSTCALLBACK AudioEffect::processReplacingCall(AEffect* effect, float** inputs, float** outputs,
                                                    VstInt32 sampleFrames) {
     if (AudioEffect* const object = objectOf(effect))
-        object->processReplacing(inputs, outputs, sampleFrames);
+        guarded(*object, [&] { object->processReplacing(inputs, outputs, sampleFrames); });
 }
 
 void VSTCALLBACK AudioEffect::processDoubleReplacingCall(AEffect* effect, double** inputs,
                                                          double** outputs, VstInt32 sampleFrames) {
     if (AudioEffect* const object = objectOf(effect))
-        object->processDoubleReplacing(inputs, outputs, sampleFrames);
+        guarded(*object, [&] { object->processDoubleReplacing(inputs, outputs, sampleFrames); });
 }
 
 void VSTCALLBACK AudioEffect::setParameterCall(AEffect* effect, VstInt32 index, float normalised) {
     if (AudioEffect* const object = objectOf(effect))
-        object->setParameter(index, normalised);
+        guarded(*object, [&] { object->setParameter(index, normalised); });
 }
 
 float VSTCALLBACK AudioEffect::getParameterCall(AEffect* effect, VstInt32 index) {
     AudioEffect* const object = objectOf(effect);
-    return object != nullptr ? object->getParameter(index) : 0.0F;
+    if (object == nullptr)
+        return 0.0F;
+    return guarded(*object, kNoOpcode, 0.0F, [&] { return object->getParameter(index); });
 }

@@ -25,6 +25,12 @@ public:
 
     AEffect* getAeffect() { return &cEffect; }
 
+    /// Told of a host call that ended in an exception. That goes no further, since hosts are C: the
+    /// call has been answered with the interface's no. What the call had begun is undone by whoever
+    /// threw.
+    /// @param opcode of the dispatcher, or -1 for audio and parameters
+    virtual void callFailed(VstInt32 /*opcode*/, const char* /*why*/) noexcept {}
+
     /// Turns a host call into one of the operations below. Unknown calls answer 0.
     virtual VstIntPtr dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
                                  float opt);
