@@ -1,9 +1,9 @@
 #include "engine/CutoffPath.h"
 
 #include "engine/Stages.h"
+#include "parameters/ValueLaws.h"
 
 #include <array>
-#include <cmath>
 
 namespace pedl {
 
@@ -13,17 +13,17 @@ CutoffTable::CutoffTable() {
     constexpr std::size_t kSteps = 27;
     static_assert(kEntries % kSteps == 0);
     const auto power = [](std::size_t entry) {
-        return std::pow(1000.0, static_cast<double>(entry) / (kEntries - 1.0));
+        return laws::cutoffRatio(static_cast<double>(entry) / (kEntries - 1.0));
     };
     std::array<double, kSteps> steps;
     for (std::size_t i = 0; i < kSteps; ++i)
         steps[i] = power(i);
     for (std::size_t first = 0; first < kEntries; first += kSteps) {
-        const double firstHz = 20.0 * power(first);
+        const double firstHz = laws::kLowestCutoffHz * power(first);
         for (std::size_t i = 0; i < kSteps; ++i)
             hz_[first + i] = firstHz * steps[i];
     }
-    hz_[kEntries - 1] = 20000.0;
+    hz_[kEntries - 1] = laws::kHighestCutoffHz;
 }
 
 const CutoffTable& CutoffTable::shared() {

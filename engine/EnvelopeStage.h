@@ -3,6 +3,7 @@
 #include "engine/EnvelopeFollower.h"
 #include "engine/Lanes.h"
 #include "engine/VectorMath.h"
+#include "parameters/ValueLaws.h"
 
 #include <cstdint>
 
@@ -86,6 +87,7 @@ private:
         constexpr double kAboveFloor = 0.0001;
         constexpr double kBelowFloor = 0.0002;
         constexpr double kAroundFloor = 0.1;
+        constexpr double kBelowTop = 2.0001; // halved, the threshold is a hair above 1
         const MonoStretch& slope = state.depthSlope.stretch();
         const MonoStretch& rest = state.depthRest.stretch();
         const V range(controls.range);
@@ -106,7 +108,7 @@ private:
                 cutoffLevel = level;
                 logOfGainBase = vectormath::naturalLogarithm(parts);
             } else if constexpr (mode == Mode::Below) {
-                const V under = (root - one) * range + V(2.0001) - V(kBelowFloor);
+                const V under = (root - one) * range + V(kBelowTop) - V(kBelowFloor);
                 const auto parts = vectormath::logarithmParts(
                     (xsimd::max(under, V(0.0)) + V(kBelowFloor)) * V(0.5));
                 // The level rises as the input falls, the cut-off falls with the input.
@@ -127,8 +129,8 @@ private:
 
             (cutoffLevel * V(controls.cutoffAmount)).store_aligned(output.cutoffOffset.at + i);
 
-            const V hz = (V(controls.rateAmount) * (level * level) + rate) * V(14.99) + V(0.01);
-            xsimd::max(hz, V(0.01)).store_aligned(output.rateHz.at + i);
+            const V hz = laws::lfoRateHz(V(controls.rateAmount) * (level * level) + rate);
+            xsimd::max(hz, V(laws::kLowestLfoRateHz)).store_aligned(output.rateHz.at + i);
 
             // base / base^exponent
             const V gain = hasGain ? vectormath::exp(restExponent * logOfGainBase) : one;

@@ -4,6 +4,7 @@
 #include "engine/Lanes.h"
 #include "engine/MultimodeFilter.h"
 #include "engine/VectorMath.h"
+#include "parameters/ValueLaws.h"
 
 #include <cstdint>
 
@@ -59,9 +60,9 @@ private:
     static void poles(State& state, const Controls& controls, const CutoffStretch& cutoff,
                       int lanes) {
         Work& work = state.work;
-        constexpr double kSpanHz = kHighestCutoffHz - kLowestCutoffHz;
+        constexpr double kSpanHz = laws::kHighestCutoffHz - laws::kLowestCutoffHz;
         constexpr double kPositionsPerHz = (TrigonometryTable::kEntries - 1) / kSpanHz;
-        const V one(1.0), low(kLowestCutoffHz), high(kHighestCutoffHz);
+        const V one(1.0), low(laws::kLowestCutoffHz), high(laws::kHighestCutoffHz);
         for (int i = 0; i < lanes; i += kLanes) {
             const V hz = V::load_aligned(cutoff.hz.at + i);
             const V inside = (xsimd::abs(hz - low) + (low + high) - xsimd::abs(hz - high)) * V(0.5);
@@ -215,8 +216,8 @@ private:
         }
     }
 
-    /// One biquad with its clip, whose curve u (u^2 + 27) / (9 u^2 + 27) reaches exactly 1 at
-    /// u = 3. The clipped value is what the recursion goes on with.
+    /// One biquad with its clip, whose curve u (u^2 + 27) / (9 u^2 + 27), close to a hyperbolic
+    /// tangent, reaches exactly 1 at u = 3. The clipped value is what the recursion goes on with.
     struct Biquad {
         Pair x1, x2, y1, y2;
 
@@ -225,7 +226,7 @@ private:
               y1(Pair::load_aligned(history.y1)), y2(Pair::load_aligned(history.y2)) {}
 
         Pair next(Pair x, const Work& work, int at) {
-            const Pair three(3.0), k27(27.0);
+            const Pair three(3.0), nine(9.0), k27(27.0);
             const Pair forward = x * Pair::load_aligned(work.b0.at + at) +
                                  Pair::load_aligned(work.b1.at + at) * x1 +
                                  Pair::load_aligned(work.b2.at + at) * x2;
@@ -236,7 +237,7 @@ private:
                 xsimd::min(xsimd::max(Pair::load_aligned(work.drive.at + at) * y, -three), three);
             const Pair square = u * u;
             const Pair clipped = u * Pair::load_aligned(work.inverseDrive.at + at) *
-                                 (square + k27) / (Pair(9.0) * square + k27);
+                                 (square + k27) / (nine * square + k27);
             x2 = x1;
             x1 = x;
             y2 = y1;

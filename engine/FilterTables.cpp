@@ -1,8 +1,11 @@
 #include "engine/FilterTables.h"
 
+#include "parameters/ValueLaws.h"
+
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <numbers>
 #include <thread>
 #include <vector>
 
@@ -72,8 +75,8 @@ private:
 /// Asked of the library for one angle in 32, and turned from there by the angles between: the last
 /// bit may differ, and a new sample rate costs a tenth of the time.
 TrigonometryTable::TrigonometryTable(double sampleRateHz) {
-    constexpr double kTwoPi = 6.283185307179586;
-    constexpr double kSpanHz = kHighestCutoffHz - kLowestCutoffHz;
+    constexpr double kTwoPi = 2.0 * std::numbers::pi;
+    constexpr double kSpanHz = laws::kHighestCutoffHz - laws::kLowestCutoffHz;
     constexpr std::size_t kTurns = 32;
     static_assert(kEntries % kTurns == 0);
 
@@ -84,7 +87,8 @@ TrigonometryTable::TrigonometryTable(double sampleRateHz) {
         turns[i] = {std::sin(omega), std::cos(omega)};
     }
     for (std::size_t first = 0; first < kEntries; first += kTurns) {
-        const double hz = kLowestCutoffHz + kSpanHz * static_cast<double>(first) / (kEntries - 1.0);
+        const double hz =
+            laws::kLowestCutoffHz + kSpanHz * static_cast<double>(first) / (kEntries - 1.0);
         const double omega = kTwoPi * hz / sampleRateHz;
         const double sine = std::sin(omega);
         const double cosine = std::cos(omega);

@@ -5,9 +5,6 @@
 
 namespace pedl {
 
-constexpr double kLowestCutoffHz = 20.0;
-constexpr double kHighestCutoffHz = 20000.0;
-
 /// Sine and cosine of omega = 2 pi f / fs for frequencies in equal steps of Hz.
 struct alignas(16) SineCosine {
     double sine, cosine;

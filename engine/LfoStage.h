@@ -30,13 +30,69 @@ template <typename Lanes> struct LfoStage {
     }
 
 private:
-    /// base^exponent for the random rate: the exponent is added to the bits of a double, which are
+    /// 16^exponent for the random rate: the exponent is added to the bits of a double, which are
     /// nearly the logarithm. This cheap power is part of the sound of the randomisation.
     static double sixteenToThe(double exponent) {
         constexpr double kBitsOf16 = 4255105.0; // upper half of 16.0, less the offset below
         constexpr std::int32_t kOffset = 1072632447;
         const auto upper = static_cast<std::int32_t>(kBitsOf16 * exponent) + kOffset;
         return __builtin_bit_cast(double, static_cast<std::uint64_t>(upper) << 32);
+    }
+
+    /// A place between two neighbours of a random table.
+    struct Place {
+        std::int64_t step, next;
+        double fraction;
+
+        explicit Place(double position) {
+            const auto whole = static_cast<std::int64_t>(position);
+            step = whole & kWaveMask;
+            next = (step + 1) & kWaveMask;
+            fraction = position - static_cast<double>(whole);
+        }
+        double of(const double* table) const {
+            return (1.0 - fraction) * table[step] + fraction * table[next];
+        }
+    };
+
+    /// The low-pass over the random values, run frame by frame.
+    struct RandomFilter {
+        Lfo::Biquad b;
+        double x1, x2, y1, y2;
+
+        RandomFilter(const State& state, const Lfo::Biquad& coefficients)
+            : b(coefficients), x1(state.x1), x2(state.x2), y1(state.y1), y2(state.y2) {}
+
+        double next(double x0) {
+            const double y = guarded(b.b0 * x0 + b.b1 * x1 + b.b2 * x2 - b.a1 * y1 - b.a2 * y2);
+            x2 = x1;
+            x1 = x0;
+            y2 = y1;
+            y1 = y;
+            return y;
+        }
+        void store(State& state) const {
+            state.x1 = x1;
+            state.x2 = x2;
+            state.y1 = y1;
+            state.y2 = y2;
+        }
+    };
+
+    /// Randomised rate of the fast kind: up to four times it and down to a quarter, as the filtered
+    /// random value says.
+    static double fastRate(double rate, double amount, double filtered) {
+        constexpr double kLowest = 0.25;
+        if (amount == 0.0)
+            return rate;
+        return rate + amount * (rate * sixteenToThe(filtered) * kLowest - rate);
+    }
+
+    /// Randomised rate of the slow kind, from a random step of -1..1: it drifts.
+    static double slowRate(double rate, double amount, double step) {
+        constexpr double kReach = 0.9;
+        const double factor = kReach - kReach * step;
+        return ((1.0 - amount) * (1.0 - factor) + factor) * rate;
     }
 
     /// Moves both phases frame by frame and reads the wave's table on the way.
@@ -49,57 +105,33 @@ private:
         const bool isRandom = controls.wave == Wave::Random;
         const bool isFast = controls.randomType == Lfo::RandomType::Fast;
         const double amount = controls.randomAmount;
-        const Lfo::Biquad b = controls.biquad;
         const double spreadSteps = state.spread * (kWaveSteps / 2.0);
+        RandomFilter filter(state, controls.biquad);
         double phase = state.phase;
         double randomPhase = state.randomPhase;
-        double x1 = state.x1, x2 = state.x2, y1 = state.y1, y2 = state.y2;
         for (int i = 0; i < frames; ++i) {
             const double rate = rateHz.at[i];
-            const auto randomStep = static_cast<std::int64_t>(randomPhase);
-            const auto j = randomStep & kWaveMask;
-            const auto next = (j + 1) & kWaveMask;
-            const double fraction = randomPhase - static_cast<double>(randomStep);
-
-            const double x0 = values[j];
-            const double y = guarded(b.b0 * x0 + b.b1 * x1 + b.b2 * x2 - b.a1 * y1 - b.a2 * y2);
-            x2 = x1;
-            x1 = x0;
-            y2 = y1;
-            y1 = y;
-
-            double increment = rate;
-            if (isFast) {
-                if (amount != 0.0)
-                    increment = rate + amount * (rate * sixteenToThe(y) * 0.25 - rate);
-            } else {
-                const double step = (1.0 - fraction) * steps[j] + fraction * steps[next];
-                const double factor = 0.9 - 0.9 * step;
-                increment = ((1.0 - amount) * (1.0 - factor) + factor) * rate;
-            }
-            increment *= controls.phaseScale;
-
+            const Place random(randomPhase);
+            const double filtered = filter.next(values[random.step]);
+            const double walked = isFast ? fastRate(rate, amount, filtered)
+                                         : slowRate(rate, amount, random.of(steps));
             if (isRandom) {
-                table.at[2 * i] = (1.0 - fraction) * values[j] + fraction * values[next];
-                table.at[2 * i + 1] = interpolated(values, randomPhase + state.spread);
+                table.at[2 * i] = random.of(values);
+                table.at[2 * i + 1] = rightOf(values, randomPhase + state.spread);
             } else {
                 const auto left = static_cast<std::int64_t>(phase) & kWaveMask;
                 const auto right = static_cast<std::int64_t>(phase + spreadSteps) & kWaveMask;
                 table.at[2 * i] = isMirrored ? 1.0 - wave[left] : wave[left];
                 table.at[2 * i + 1] = isMirrored ? 1.0 - wave[right] : wave[right];
             }
-
-            phase = wrapped(phase + increment);
+            phase = wrapped(phase + walked * controls.phaseScale);
             randomPhase =
                 wrapped(randomPhase + (controls.randomFollowsRate ? rate * controls.randomScale
                                                                   : controls.randomScale));
         }
         state.phase = phase;
         state.randomPhase = randomPhase;
-        state.x1 = x1;
-        state.x2 = x2;
-        state.y1 = y1;
-        state.y2 = y2;
+        filter.store(state);
     }
 
     static const double* waveTable(const Controls& controls) {
@@ -119,13 +151,9 @@ private:
         return controls.waves->sine.data();
     }
 
-    /// Random values between two steps; a position before the table's start counts as its start.
-    static double interpolated(const double* values, double position) {
-        const double inside = position > 0.0 ? position : 0.0;
-        const auto step = static_cast<std::int64_t>(inside);
-        const double fraction = inside - static_cast<double>(step);
-        const auto j = step & kWaveMask;
-        return (1.0 - fraction) * values[j] + fraction * values[(j + 1) & kWaveMask];
+    /// The right channel's random value; a position before the table's start counts as its start.
+    static double rightOf(const double* values, double position) {
+        return Place(position > 0.0 ? position : 0.0).of(values);
     }
 
     static double wrapped(double phase) {

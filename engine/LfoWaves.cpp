@@ -1,12 +1,11 @@
 #include "engine/LfoWaves.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace pedl {
 
 namespace {
-
-constexpr double kTwoPi = 6.283185307179586;
 
 [[nodiscard]] double triangleAt(int i) noexcept {
     const int quarter = kWaveSteps / 4;
@@ -25,7 +24,7 @@ constexpr double kTwoPi = 6.283185307179586;
 /// A peak of 102 steps up and 102 down at the start of each half cycle; the second points down.
 [[nodiscard]] double spikeAt(int i) noexcept {
     constexpr int kSideSteps = 102;
-    constexpr double kSlope = 10.0 / 1024.0;
+    constexpr double kSlope = 10.0 / 1024.0; // a hair less than 1 at the peak
     const int half = kWaveSteps / 2;
     const int step = i % half;
     const double sign = i < half ? 1.0 : -1.0;
@@ -37,6 +36,7 @@ constexpr double kTwoPi = 6.283185307179586;
 }
 
 [[nodiscard]] LfoWaves buildWaves() noexcept {
+    constexpr double kTwoPi = 2.0 * std::numbers::pi;
     LfoWaves waves;
     for (int i = 0; i < kWaveSteps; ++i) {
         const auto at = static_cast<std::size_t>(i);
@@ -54,16 +54,21 @@ public:
     explicit Generator(std::uint32_t seed) noexcept : state_(seed) {}
 
     /// The next integer of 0..32767, over the largest: 0..1.
-    [[nodiscard]] double unipolar() noexcept { return next() / 32767.0; }
+    [[nodiscard]] double unipolar() noexcept { return next() / kLargest; }
 
     /// The same, spread over -1..1.
-    [[nodiscard]] double bipolar() noexcept { return 2.0 * next() / 32767.0 - 1.0; }
+    [[nodiscard]] double bipolar() noexcept { return 2.0 * next() / kLargest - 1.0; }
 
 private:
+    /// A linear congruential generator; its upper bits are the better ones.
     [[nodiscard]] std::uint32_t next() noexcept {
-        state_ = state_ * 214013u + 2531011u;
+        constexpr std::uint32_t kMultiplier = 214013;
+        constexpr std::uint32_t kIncrement = 2531011;
+        state_ = state_ * kMultiplier + kIncrement;
         return (state_ >> 16) & 32767u;
     }
+
+    static constexpr double kLargest = 32767.0;
 
     std::uint32_t state_;
 };

@@ -16,12 +16,14 @@ template <typename Lanes> struct OutputStage {
                       StereoStretch& io, int frames) {
         state.drive.advance(controls.drive, controls.smoothing, frames);
         follow(state, controls, io, frames);
+        constexpr double kKnee = 2.0;   // envelope from which on the output stands at the ceiling
+        constexpr double kSlope = 0.25; // of the gain below it: both curves meet smoothly there
         const V one(1.0);
         double gains[kLanes];
         for (int i = 0; i < frames; i += kLanes) {
             const V envelope = V::load_aligned(state.envelopes.at + i);
             const V gain =
-                xsimd::select(envelope >= V(2.0), one / envelope, one - envelope * V(0.25));
+                xsimd::select(envelope >= V(kKnee), one / envelope, one - envelope * V(kSlope));
             const auto both = doubled(gain);
             double* const at = io.at + 2 * i;
             (V::load_aligned(at) * both.first).store_aligned(at);
@@ -65,6 +67,7 @@ private:
         constexpr double kFastestFall = -0.0333; // of the distance, in one frame
         constexpr double kFallScale = 0.145;
         constexpr double kFloor = 0.001;
+        constexpr double kRestLevel = 0.999; // of a steady peak; with the floor 1 at the ceiling
         const double fallSpeed = controls.release * kFallScale;
         const MonoStretch& drives = state.drive.stretch();
         double envelope = state.envelope;
@@ -74,7 +77,7 @@ private:
             const double peak = (left > right ? left : right) * drives.at[i];
             const double distance = peak - envelope;
             const double rise = (distance > 0.0 ? distance : 0.0) * controls.attack;
-            const double rest = peak * 0.999 + kFloor - envelope;
+            const double rest = peak * kRestLevel + kFloor - envelope;
             const double square = rest * rest;
             const double slow = square * square * fallSpeed;
             const double fast = kFastestFall * distance; // below 0 while the peak is above

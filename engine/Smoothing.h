@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 namespace pedl {
 
@@ -18,7 +19,7 @@ constexpr double kSettleRest = 0.1091012;
 
 /// Coefficient of a one-pole low-pass, one update a frame: 1 - e^(-2 pi fc / fs).
 [[nodiscard]] inline double onePoleCoefficient(double cornerHz, double sampleRateHz) noexcept {
-    constexpr double kTwoPi = 6.283185307179586;
+    constexpr double kTwoPi = 2.0 * std::numbers::pi;
     return 1.0 - std::exp(-kTwoPi * cornerHz / sampleRateHz);
 }
 

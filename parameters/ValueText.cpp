@@ -2,6 +2,7 @@
 
 #include "parameters/NoteDivision.h"
 #include "parameters/NumberText.h"
+#include "parameters/ValueLaws.h"
 
 #include <algorithm>
 #include <array>
@@ -11,8 +12,8 @@ namespace pedl {
 
 namespace {
 
-// The formulas repeat what the engine makes of a value, in double precision from the float that the
-// host holds; the last step to a number text is in single precision.
+// The laws are those of the engine, in double precision from the float that the host holds; the
+// last step to a number text is in single precision.
 
 int truncated(double value) {
     return static_cast<int>(value);
@@ -24,24 +25,23 @@ DisplayText numberOf(double value, int decimals) {
 
 /// Off below one half, on from there.
 DisplayText twoWay(double v, const char* off, const char* on) {
-    return truncated(v + 0.5) == 0 ? off : on;
+    return laws::twoWayState(v) == 0 ? off : on;
 }
 
 /// Three positions that change at one quarter and three quarters.
 DisplayText threeWay(double v, const std::array<const char*, 3>& texts) {
-    return texts[static_cast<std::size_t>(truncated(2.0 * v + 0.5))];
+    return texts[static_cast<std::size_t>(laws::threeWayState(v))];
 }
 
-/// The wave is cut, not rounded, to its position: the random wave is reached at 1 alone.
 DisplayText waveText(double v) {
     constexpr std::array<const char*, 7> kWaves{"sin", "tri",   "sawUp", "sawDown",
                                                 "sqr", "spike", "rnd"};
-    return kWaves[static_cast<std::size_t>(truncated(6.0 * v))];
+    return kWaves[static_cast<std::size_t>(laws::waveState(v))];
 }
 
 /// Values just below 0 dB read "0.0", not "-0.0". Single precision throughout.
 DisplayText gainText(float v) {
-    const float gainDb = 48.0F * v - 24.0F;
+    const float gainDb = laws::inputGainDb(v);
     return numberText(gainDb > -0.1F ? std::max(0.0F, gainDb) : gainDb, 1);
 }
 
@@ -75,18 +75,17 @@ DisplayText morphText(double v) {
 }
 
 DisplayText thresholdText(double v) {
-    constexpr double kRangeSquared = 63096.0; // 48 dB, as the square of a factor
     constexpr double kFloorDb = -96.0;
-    return decibelText(std::sqrt(1.0 / std::pow(kRangeSquared, 1.0 - v)), kFloorDb);
+    return decibelText(std::sqrt(1.0 / laws::thresholdFactor(v)), kFloorDb);
 }
 
 DisplayText attackText(double v) {
-    const double attackMs = std::pow(2000.0, std::pow(v, 0.722));
+    const double attackMs = laws::attackMs(laws::attackBend(v));
     return numberOf(attackMs, attackMs < 10.0 ? 1 : 0);
 }
 
 DisplayText extensionText(double v) {
-    const double factor = v <= 0.5 ? 2.0 * v : 6.0 * v - 2.0;
+    const double factor = laws::holdExtension(v);
     if (factor < 0.005)
         return "off";
     DisplayText text("x");
@@ -119,16 +118,16 @@ DisplayText valueText(TextRule rule, float normalised) {
     case TextRule::BipolarPercent: return numberOf(200.0 * v - 100.0, 0);
     case TextRule::SpreadDegrees: return numberOf(360.0 * v - 180.0, 0);
     case TextRule::WidthRatio: return widthText(v);
-    case TextRule::LfoRateHz: return numberOf(14.99 * v + 0.01, 2);
-    case TextRule::TempoBpm: return numberOf(585.0 * v + 15.0, 1);
+    case TextRule::LfoRateHz: return numberOf(laws::lfoRateHz(v), 2);
+    case TextRule::TempoBpm: return numberOf(laws::tempoBpm(v), 1);
     case TextRule::Note: return noteDivisionText(kNoteDivisions[noteDivisionIndex(normalised)]);
     case TextRule::FilterMorph: return morphText(v);
-    case TextRule::CutoffHz: return numberOf(20.0 * std::pow(1000.0, v), 0);
+    case TextRule::CutoffHz: return numberOf(laws::kLowestCutoffHz * laws::cutoffRatio(v), 0);
     case TextRule::ThresholdDb: return thresholdText(v);
     case TextRule::AttackMs: return attackText(v);
     case TextRule::ExtensionFactor: return extensionText(v);
-    case TextRule::ReleaseMs: return numberOf(3.0 * std::pow(1000.0, std::pow(v, 0.585)), 0);
-    case TextRule::LevelDb: return decibelText(4.0 * v * v);
+    case TextRule::ReleaseMs: return numberOf(laws::releaseMs(v), 0);
+    case TextRule::LevelDb: return decibelText(laws::dryWetLevel(v));
     }
     // clang-format on
     return {};

@@ -1,17 +1,13 @@
 #include "plugin/TempoSync.h"
 
+#include "parameters/ValueLaws.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace pedl {
 
 namespace {
-
-constexpr double kSlowestTempoBpm = 15.0;
-constexpr double kFastestTempoBpm = 600.0;
-
-constexpr double kSlowestRateHz = 0.01;
-constexpr double kRateSpanHz = 14.99; // up to 15 Hz
 
 /// Seconds of a whole note at one beat (a quarter note) per minute.
 constexpr double kWholeNoteSecondsBpm = 240.0;
@@ -34,16 +30,11 @@ double phaseAt(double positionQuarters, NoteDivision division, double cyclesPerQ
 } // namespace
 
 void TempoSync::setMode(float normalised) noexcept {
-    // The switch's positions 0, 1/2 and 1; between them the nearer one counts.
-    const SyncMode nearest = normalised < 0.25F   ? SyncMode::Free
-                             : normalised < 0.75F ? SyncMode::ManualTempo
-                                                  : SyncMode::HostTempo;
-    mode_.set(nearest);
+    mode_.set(static_cast<SyncMode>(laws::threeWayState(normalised)));
 }
 
 void TempoSync::setManualTempo(float normalised) noexcept {
-    constexpr double kSpanBpm = kFastestTempoBpm - kSlowestTempoBpm;
-    manualTempoBpm_.set(kSlowestTempoBpm + kSpanBpm * static_cast<double>(normalised));
+    manualTempoBpm_.set(laws::tempoBpm(normalised));
 }
 
 void TempoSync::setDivision(float normalised) noexcept {
@@ -57,9 +48,9 @@ SyncMode TempoSync::mode() const noexcept {
 TempoSync::Result TempoSync::update(const HostTime& time) noexcept {
     const SyncMode mode = this->mode();
     const bool followsHost = mode == SyncMode::HostTempo && time.tempoBpm.has_value();
-    const double tempoBpm = followsHost
-                                ? std::clamp(*time.tempoBpm, kSlowestTempoBpm, kFastestTempoBpm)
-                                : manualTempoBpm_.get();
+    const double tempoBpm =
+        followsHost ? std::clamp(*time.tempoBpm, laws::kSlowestTempoBpm, laws::kFastestTempoBpm)
+                    : manualTempoBpm_.get();
     tempoBpm_.set(tempoBpm);
     followsHostTempo_.set(followsHost);
     if (mode == SyncMode::Free)
@@ -67,7 +58,7 @@ TempoSync::Result TempoSync::update(const HostTime& time) noexcept {
 
     const NoteDivision division = kNoteDivisions[divisionIndex_.get()];
     const double wantedHz = rateHz(division, tempoBpm);
-    const double wanted = (wantedHz - kSlowestRateHz) / kRateSpanHz;
+    const double wanted = laws::normalisedLfoRate(wantedHz);
     const double normalised = std::clamp(wanted, 0.0, 1.0);
     isRateOutOfRange_.set(wanted != normalised);
 
