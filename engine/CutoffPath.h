@@ -1,9 +1,9 @@
 #pragma once
 
 #include "engine/InstructionSet.h"
-#include "foundation/basics/Relaxed.h"
 #include "engine/Smoothing.h"
 #include "engine/Stretch.h"
+#include "foundation/basics/Relaxed.h"
 
 #include <array>
 

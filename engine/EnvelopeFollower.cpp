@@ -1,19 +1,19 @@
 #include "engine/EnvelopeFollower.h"
 
 #include "engine/Stages.h"
-#include "engine/SwitchState.h"
+#include "parameters/ValueLaws.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 namespace pedl {
 
 namespace {
 
-/// Threshold factor at the lowest threshold: 96 dB.
-constexpr double kLargestThresholdFactor = 63096.0;
+constexpr double kMsASecond = 1000.0;
 
 /// How much slower than the stated time the two smoothers run, by attack shape: small shapes leave
 /// the second one nearly transparent, 1 makes both equal.
@@ -39,10 +39,34 @@ constexpr std::array<ShapeKnot, 14> kShapeKnots{{
 }};
 // clang-format on
 
+/// What both smoothers run slower by at a shape of 0 (one pole) to 1 (two equal poles).
+[[nodiscard]] ShapeKnot stretchesAt(double shape) noexcept {
+    std::size_t high = 1;
+    while (high + 1 < kShapeKnots.size() && kShapeKnots[high].shape < shape)
+        ++high;
+    const ShapeKnot& below = kShapeKnots[high - 1];
+    const ShapeKnot& above = kShapeKnots[high];
+    const double way = (shape - below.shape) / (above.shape - below.shape);
+    return {shape, below.stretch1 + (above.stretch1 - below.stretch1) * way,
+            below.stretch2 + (above.stretch2 - below.stretch2) * way};
+}
+
 /// Coefficient of one smoother: `stretch` times the corner of a pole that rises in `timeMs`.
 [[nodiscard]] double timeCoefficient(double stretch, double timeMs, double sampleRateHz) noexcept {
-    constexpr double kPi = 3.141592653589793;
-    return 1.0 - std::exp(-kPi * stretch * 1000.0 / (timeMs * sampleRateHz));
+    return 1.0 - std::exp(-std::numbers::pi * stretch * kMsASecond / (timeMs * sampleRateHz));
+}
+
+/// Time for which a peak is held, by the attack: fitted so that a rise is never cut short. In
+/// single precision, as the attack is.
+[[nodiscard]] float holdMs(float attackMs) noexcept {
+    constexpr float kCubic = 7.279e-8F;
+    constexpr float kSquare = 0.0002075F;
+    constexpr float kLinear = 0.2643F;
+    constexpr float kConstant = 0.3773F;
+    constexpr float kOffset = 0.64139F; // the shortest attacks hold nothing
+    const float ms = kCubic * attackMs * attackMs * attackMs - kSquare * attackMs * attackMs +
+                     kLinear * attackMs + kConstant - kOffset;
+    return std::max(0.0F, ms);
 }
 
 /// Level to which the smoothers are emptied: the threshold, silence, or half way.
@@ -61,126 +85,64 @@ constexpr std::array<ShapeKnot, 14> kShapeKnots{{
 } // namespace
 
 EnvelopeFollower::EnvelopeFollower(InstructionSet instructions) : stages_(stagesFor(instructions)) {
-    setAttackShape(0.0);
+    deriveTimes();
 }
 
-void EnvelopeFollower::setAttackTime(double attackMs) noexcept {
-    attackMs_.set(attackMs);
-    const double rate = sampleRateHz_.get();
-    attack1_.set(timeCoefficient(stretch1_.get(), attackMs, rate));
-    attack2_.set(timeCoefficient(stretch2_.get(), attackMs, rate));
-}
-
-void EnvelopeFollower::setReleaseTime(double releaseMs) noexcept {
-    releaseMs_.set(releaseMs);
-    const double rate = sampleRateHz_.get();
-    release1_.set(timeCoefficient(stretch1_.get(), releaseMs, rate));
-    release2_.set(timeCoefficient(stretch2_.get(), releaseMs, rate));
-}
-
-void EnvelopeFollower::setAttackShape(double shape) noexcept {
-    const double inside = std::min(shape, 1.0);
-    shape_.set(inside);
-    for (std::size_t i = 0; i + 1 < kShapeKnots.size(); ++i) {
-        const ShapeKnot& low = kShapeKnots[i];
-        const ShapeKnot& high = kShapeKnots[i + 1];
-        if (low.shape <= inside && inside <= high.shape) {
-            const double way = (inside - low.shape) / (high.shape - low.shape);
-            stretch1_.set(low.stretch1 + (high.stretch1 - low.stretch1) * way);
-            stretch2_.set(low.stretch2 + (high.stretch2 - low.stretch2) * way);
-            break;
-        }
-    }
-    setAttackTime(attackMs_.get());
-    setReleaseTime(releaseMs_.get());
-}
-
-void EnvelopeFollower::setHoldTime(double holdMs) noexcept {
-    holdMs_.set(holdMs);
-    updateHoldLength();
+void EnvelopeFollower::setAttack(float normalised) noexcept {
+    attack_.set(normalised);
+    changes_.mark(Group::Times, Group::Hold);
 }
 
 void EnvelopeFollower::setExtension(double normalised) noexcept {
-    extension_.set(normalised <= 0.5 ? 2.0 * normalised : 6.0 * normalised - 2.0);
-    updateHoldLength();
+    extension_.set(laws::holdExtension(normalised));
+    changes_.mark(Group::Hold);
 }
 
-void EnvelopeFollower::updateHoldLength() noexcept {
-    const double frames = holdMs_.get() * extension_.get() * 0.001 * sampleRateHz_.get();
-    holdFrames_.set(static_cast<std::int32_t>(frames));
+void EnvelopeFollower::setRelease(double normalised) noexcept {
+    releaseMs_.set(laws::releaseMs(normalised));
+    changes_.mark(Group::Times, Group::Hold);
 }
 
 void EnvelopeFollower::setRange(double normalised) noexcept {
-    range_.set(3.0 * normalised * normalised);
-    rangeBelow_.set(3.0 * std::sqrt(normalised));
+    rangeNormalised_.set(normalised);
+    changes_.mark(Group::Range);
 }
 
 void EnvelopeFollower::setThreshold(double normalised) noexcept {
-    const double factor = std::pow(kLargestThresholdFactor, 1.0 - normalised);
-    thresholdFactor_.set(factor);
-    belowFloor_.set(0.248 - (kLargestThresholdFactor - factor) * 0.183 / kLargestThresholdFactor);
-    updateGainExponent();
+    threshold_.set(normalised);
+    changes_.mark(Group::Threshold);
 }
 
 void EnvelopeFollower::setMode(double normalised) noexcept {
-    mode_.set(threeWayState(normalised));
-    updateDepth();
-    updateGainExponent();
+    mode_.set(laws::threeWayState(normalised));
 }
 
 void EnvelopeFollower::setDepthAmount(double normalised) noexcept {
     depthAmount_.set(normalised);
-    updateDepth();
+    changes_.mark(Group::Depth);
 }
 
 void EnvelopeFollower::setDepthSwitch(double normalised) noexcept {
-    depthSwitch_.set(switchState(normalised));
-    updateDepth();
-}
-
-void EnvelopeFollower::updateDepth() noexcept {
-    if (depthSwitch_.get() == 0.0) {
-        depthSlope_.set(0.0);
-        depthRest_.set(1.0);
-        return;
-    }
-    const double amount = 2.0 * depthAmount_.get() - 1.0;
-    const double bent = std::pow(std::abs(amount), 1.4);
-    depthSlope_.set(amount < 0.0 ? -4.0 * bent : 4.0 * bent);
-    depthRest_.set(amount < 0.0 ? 1.0 : std::max(0.0, 1.0 - bent));
+    depthSwitch_.set(laws::twoWayState(normalised));
+    changes_.mark(Group::Depth);
 }
 
 void EnvelopeFollower::setGainAmount(double normalised) noexcept {
     gainAmount_.set(normalised);
-    updateGainExponent();
+    changes_.mark(Group::Gain);
 }
 
 void EnvelopeFollower::setGainSwitch(double normalised) noexcept {
-    gainSwitch_.set(switchState(normalised));
-    updateGainExponent();
-}
-
-void EnvelopeFollower::updateGainExponent() noexcept {
-    if (gainSwitch_.get() == 0.0) {
-        gainExponent_.set(1.0);
-        return;
-    }
-    const double rest = 1.0 - gainAmount_.get();
-    gainExponent_.set(1.0 / (0.5 * std::pow(4.0, 2.0 * rest * rest)));
+    gainSwitch_.set(laws::twoWayState(normalised));
+    changes_.mark(Group::Gain);
 }
 
 void EnvelopeFollower::setRateAmount(double normalised) noexcept {
     rateNormalised_.set(normalised);
-    updateRateAmount();
 }
 
 void EnvelopeFollower::setRateSwitch(double normalised) noexcept {
-    rateSwitch_.set(switchState(normalised));
-    updateRateAmount();
-}
-
-void EnvelopeFollower::updateRateAmount() noexcept {
-    rateAmount_.set(rateSwitch_.get() == 0.0 ? 0.0 : 2.0 * rateNormalised_.get() - 1.0);
+    rateSwitch_.set(laws::twoWayState(normalised));
 }
 
 void EnvelopeFollower::setCutoffAmount(double normalised) noexcept {
@@ -188,20 +150,98 @@ void EnvelopeFollower::setCutoffAmount(double normalised) noexcept {
 }
 
 void EnvelopeFollower::setCutoffSwitch(double normalised) noexcept {
-    cutoffSwitch_.set(switchState(normalised));
+    cutoffSwitch_.set(laws::twoWayState(normalised));
+}
+
+void EnvelopeFollower::deriveChanged() noexcept {
+    const auto changed = changes_.take();
+    if (changed.has(Group::Times))
+        deriveTimes();
+    if (changed.has(Group::Hold))
+        deriveHold();
+    if (changed.has(Group::Threshold))
+        deriveThreshold();
+    if (changed.has(Group::Range))
+        deriveRange();
+    if (changed.has(Group::Depth))
+        deriveDepth();
+    if (changed.has(Group::Gain))
+        deriveGain();
+}
+
+void EnvelopeFollower::deriveTimes() noexcept {
+    const float bent = laws::attackBend(attack_.get());
+    const double attackMs = laws::attackMs(bent);
+    const double releaseMs = releaseMs_.get();
+    const ShapeKnot at = stretchesAt(std::min<double>(2.0F * bent, 1.0));
+    attack1_ = timeCoefficient(at.stretch1, attackMs, sampleRateHz_);
+    attack2_ = timeCoefficient(at.stretch2, attackMs, sampleRateHz_);
+    release1_ = timeCoefficient(at.stretch1, releaseMs, sampleRateHz_);
+    release2_ = timeCoefficient(at.stretch2, releaseMs, sampleRateHz_);
+}
+
+void EnvelopeFollower::deriveHold() noexcept {
+    constexpr double kSecondsAMs = 0.001;
+    const double ms = holdMs(laws::attackMs(laws::attackBend(attack_.get())));
+    const double frames = ms * extension_.get() * kSecondsAMs * sampleRateHz_;
+    holdFrames_ = static_cast<std::int32_t>(frames);
+}
+
+void EnvelopeFollower::deriveThreshold() noexcept {
+    // The gain's floor in mode "below" rises as the threshold falls.
+    constexpr double kHighestFloor = 0.248;
+    constexpr double kFloorSpan = 0.183;
+    thresholdFactor_ = laws::thresholdFactor(threshold_.get());
+    belowFloor_ = kHighestFloor - (laws::kHighestThresholdFactor - thresholdFactor_) * kFloorSpan /
+                                      laws::kHighestThresholdFactor;
+}
+
+void EnvelopeFollower::deriveRange() noexcept {
+    constexpr double kHighestRange = 3.0;
+    const double normalised = rangeNormalised_.get();
+    range_ = kHighestRange * normalised * normalised;
+    rangeBelow_ = kHighestRange * std::sqrt(normalised);
+}
+
+void EnvelopeFollower::deriveDepth() noexcept {
+    constexpr double kBend = 1.4;
+    constexpr double kSteepest = 4.0;
+    if (depthSwitch_.get() == 0.0) {
+        depthSlope_ = 0.0;
+        depthRest_ = 1.0;
+        return;
+    }
+    const double amount = 2.0 * depthAmount_.get() - 1.0;
+    const double bent = std::pow(std::abs(amount), kBend);
+    depthSlope_ = amount < 0.0 ? -kSteepest * bent : kSteepest * bent;
+    depthRest_ = amount < 0.0 ? 1.0 : std::max(0.0, 1.0 - bent);
+}
+
+void EnvelopeFollower::deriveGain() noexcept {
+    constexpr double kLowestRatio =
+        0.5; // with the knob at its end; 1 in the middle, 8 at the start
+    constexpr double kRatioBase = 4.0;
+    if (gainSwitch_.get() == 0.0) {
+        gainExponent_ = 1.0;
+        return;
+    }
+    const double rest = 1.0 - gainAmount_.get();
+    gainExponent_ = 1.0 / (kLowestRatio * std::pow(kRatioBase, 2.0 * rest * rest));
 }
 
 void EnvelopeFollower::setSampleRate(double sampleRateHz) noexcept {
-    sampleRateHz_.set(sampleRateHz);
-    setAttackShape(shape_.get());
+    deriveChanged(); // a hold that was set until now has its length at the old rate
+    sampleRateHz_ = sampleRateHz;
+    deriveTimes();
 }
 
 void EnvelopeFollower::reinitialise() noexcept {
-    smoothedRange_ = range_.get();
-    smoothedRangeBelow_ = rangeBelow_.get();
-    state_.depthSlope.snap(depthSlope_.get());
-    state_.depthRest.snap(depthRest_.get());
-    smoothedGainExponent_ = gainExponent_.get();
+    deriveChanged();
+    smoothedRange_ = range_;
+    smoothedRangeBelow_ = rangeBelow_;
+    state_.depthSlope.snap(depthSlope_);
+    state_.depthRest.snap(depthRest_);
+    smoothedGainExponent_ = gainExponent_;
     smoothedCutoffAmount_ = cutoffAmount_.get();
     state_.first = state_.second = restPower(mode());
     state_.held = 0.0;
@@ -210,56 +250,59 @@ void EnvelopeFollower::reinitialise() noexcept {
 }
 
 void EnvelopeFollower::tick(const ControlTick& tick, double modulation) noexcept {
-    smoothedRangeBelow_ = ticked(smoothedRangeBelow_, rangeBelow_.get(), tick.slow, tick);
-    const double exponent = modulation * gainExponent_.get() + (1.0 - modulation);
+    deriveChanged();
+    smoothedRangeBelow_ = ticked(smoothedRangeBelow_, rangeBelow_, tick.slow, tick);
+    const double exponent = modulation * gainExponent_ + (1.0 - modulation);
     smoothedGainExponent_ = ticked(smoothedGainExponent_, exponent, tick.slow, tick);
     const double cutoffAmount = modulation * cutoffSwitch_.get() * cutoffAmount_.get();
     smoothedCutoffAmount_ = ticked(smoothedCutoffAmount_, cutoffAmount, tick.slow, tick);
-    smoothedRange_ = ticked(smoothedRange_, range_.get(), tick.slow, tick);
+    smoothedRange_ = ticked(smoothedRange_, range_, tick.slow, tick);
     makeup_ = makeupFor(smoothedGainExponent_);
 }
 
 double EnvelopeFollower::makeupFor(double exponent) const noexcept {
     constexpr double kTypicalPower = 0.25; // of programme material, in units of full scale
-    const double typical = thresholdFactor_.get() * kTypicalPower;
+    const double typical = thresholdFactor_ * kTypicalPower;
     double base = 0.0;
     switch (mode()) {
     case ThresholdMode::Below:
         return 1.0;
     case ThresholdMode::Above:
-        base = (std::max(1.0, typical) - 1.0) * range_.get() + 1.0;
+        base = (std::max(1.0, typical) - 1.0) * range_ + 1.0;
         break;
     case ThresholdMode::Around:
-        base = (typical - 0.5) * range_.get() + 1.0;
+        base = (typical - 0.5) * range_ + 1.0;
         break;
     }
     // The lowest typical power is 0.25 and the largest range 3: the base can come down to 0.25.
     base = std::max(base, std::numeric_limits<double>::min());
-    const double gain = base / std::pow(base, exponent);
+    const double inverseGain = 1.0 / (base / std::pow(base, exponent));
     // An expanding setting is taken back in full by the square root, a compressing one only by the
     // fourth root: compressed material may get louder, which is what one turns it up for.
-    return exponent < 1.0 ? std::sqrt(1.0 / gain) : std::sqrt(2.0 * std::sqrt(0.25 / gain));
+    const double root = std::sqrt(inverseGain);
+    return exponent < 1.0 ? root : std::sqrt(root);
 }
 
 void EnvelopeFollower::process(const StereoStretch& gained, double normalisedRate, double perFrame,
                                int frames, EnvelopeOutput& output) noexcept {
+    deriveChanged();
     Controls controls;
     controls.mode = mode();
-    controls.thresholdFactor = thresholdFactor_.get();
-    controls.belowFloor = belowFloor_.get();
+    controls.thresholdFactor = thresholdFactor_;
+    controls.belowFloor = belowFloor_;
     controls.range = controls.mode == ThresholdMode::Below ? smoothedRangeBelow_ : smoothedRange_;
-    controls.holdFrames = holdFrames_.get();
-    controls.attack1 = attack1_.get();
-    controls.attack2 = attack2_.get();
-    controls.release1 = release1_.get();
-    controls.release2 = release2_.get();
+    controls.holdFrames = holdFrames_;
+    controls.attack1 = attack1_;
+    controls.attack2 = attack2_;
+    controls.release1 = release1_;
+    controls.release2 = release2_;
     controls.cutoffAmount = smoothedCutoffAmount_;
     controls.gainExponent = smoothedGainExponent_;
-    controls.rateAmount = rateAmount_.get();
+    controls.rateAmount = rateAmount();
     controls.normalisedRate = normalisedRate;
 
-    state_.depthSlope.advance(depthSlope_.get(), perFrame, frames);
-    state_.depthRest.advance(depthRest_.get(), perFrame, frames);
+    state_.depthSlope.advance(depthSlope_, perFrame, frames);
+    state_.depthRest.advance(depthRest_, perFrame, frames);
     stages_.envelope(state_, controls, gained, frames, output);
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "engine/ChangeMarks.h"
 #include "engine/InstructionSet.h"
-#include "foundation/basics/Relaxed.h"
 #include "engine/Smoothing.h"
 #include "engine/Stretch.h"
+#include "foundation/basics/Relaxed.h"
 
 #include <cstdint>
 
@@ -27,24 +28,20 @@ struct EnvelopeOutput {
 /// slowed down by the attack shape: a soft, S-shaped rise. The logarithm of the root of that is the
 /// level.
 ///
-/// Threads: setters any; `process` and `tick` audio, real time; the rest while no audio runs.
+/// Threads: setters, `rateAmount` and `mode` any, real time; `process`, `tick` and `makeup` audio,
+/// real time; the rest while no audio runs.
 class EnvelopeFollower {
 public:
     enum class ThresholdMode : int { Above = 0, Below = 1, Around = 2 };
 
     explicit EnvelopeFollower(InstructionSet instructions = widestInstructionSet());
 
-    /// @param attackMs 1..2000; the level takes about this long to rise
-    void setAttackTime(double attackMs) noexcept;
-    /// @param releaseMs 3..3000
-    void setReleaseTime(double releaseMs) noexcept;
-    /// @param shape 0 one pole .. 1 two equal poles; above 1 counts as 1
-    void setAttackShape(double shape) noexcept;
-    /// @param holdMs time for which a peak is held, times the extension; 0 or above
-    void setHoldTime(double holdMs) noexcept;
-
-    // The values below are normalised, 0..1.
+    // Normalised values, 0..1.
+    /// Short attacks rise by one pole, long ones by two, and hold a peak the longer.
+    void setAttack(float normalised) noexcept;
     void setExtension(double normalised) noexcept;
+    /// Applies the attack again, hold included: both share the attack's shape.
+    void setRelease(double normalised) noexcept;
     void setRange(double normalised) noexcept;
     void setThreshold(double normalised) noexcept;
     void setMode(double normalised) noexcept;
@@ -57,8 +54,9 @@ public:
     void setCutoffAmount(double normalised) noexcept;
     void setCutoffSwitch(double normalised) noexcept;
 
-    /// Frames per second. Recomputes the four coefficients; the hold keeps its length in frames
-    /// until its time or extension is set again, and songs have been mixed with that.
+    /// Frames per second. The four coefficients follow at once; the hold keeps its length in frames
+    /// until the attack, its extension or the release is set again, and songs have been mixed with
+    /// that.
     void setSampleRate(double sampleRateHz) noexcept;
 
     /// Ends all ramps and empties the smoothers to the rest of the present mode.
@@ -78,7 +76,9 @@ public:
     [[nodiscard]] double makeup() const noexcept { return makeup_; }
 
     /// Slope of the LFO rate over the squared level, -1..1; 0 with its switch off.
-    [[nodiscard]] double rateAmount() const noexcept { return rateAmount_.get(); }
+    [[nodiscard]] double rateAmount() const noexcept {
+        return rateSwitch_.get() == 0.0 ? 0.0 : 2.0 * rateNormalised_.get() - 1.0;
+    }
 
     [[nodiscard]] ThresholdMode mode() const noexcept {
         return static_cast<ThresholdMode>(mode_.get());
@@ -107,30 +107,38 @@ public:
     };
 
 private:
-    void updateCoefficients() noexcept;
-    void updateHoldLength() noexcept;
-    void updateDepth() noexcept;
-    void updateGainExponent() noexcept;
-    void updateRateAmount() noexcept;
+    enum class Group { Times, Hold, Threshold, Range, Depth, Gain };
+
+    void deriveChanged() noexcept;
+    void deriveTimes() noexcept;
+    void deriveHold() noexcept;
+    void deriveThreshold() noexcept;
+    void deriveRange() noexcept;
+    void deriveDepth() noexcept;
+    void deriveGain() noexcept;
     [[nodiscard]] double makeupFor(double exponent) const noexcept;
 
     const StageTable& stages_;
+    double sampleRateHz_ = kStartRateHz;
 
-    // Targets and settings: written by any thread, read by audio.
-    Relaxed<double> sampleRateHz_{44100.0};
-    Relaxed<double> attackMs_{1.0}, releaseMs_{3.0}, shape_{0.0};
-    Relaxed<double> stretch1_{0.733}, stretch2_{10000.0}; // factors of the attack shape
-    Relaxed<double> attack1_{1.0}, attack2_{1.0}, release1_{1.0}, release2_{1.0};
-    Relaxed<double> holdMs_{0.0}, extension_{1.0};
-    Relaxed<std::int32_t> holdFrames_{0};
-    Relaxed<double> thresholdFactor_{1.0}, belowFloor_{0.0};
-    Relaxed<double> range_{0.0}, rangeBelow_{0.0};
+    // Written by any thread, read by audio.
+    Relaxed<float> attack_{0.0F};
+    Relaxed<double> releaseMs_{3.0}, extension_{1.0};
+    Relaxed<double> threshold_{1.0}, rangeNormalised_{0.0};
     Relaxed<int> mode_{0};
     Relaxed<double> depthAmount_{0.5}, depthSwitch_{0.0};
-    Relaxed<double> depthSlope_{0.0}, depthRest_{1.0};
-    Relaxed<double> gainAmount_{0.5}, gainSwitch_{0.0}, gainExponent_{1.0};
-    Relaxed<double> rateNormalised_{0.5}, rateSwitch_{0.0}, rateAmount_{0.0};
+    Relaxed<double> gainAmount_{0.5}, gainSwitch_{0.0};
+    Relaxed<double> rateNormalised_{0.5}, rateSwitch_{0.0};
     Relaxed<double> cutoffAmount_{0.0}, cutoffSwitch_{0.0};
+    ChangeMarks<Group> changes_;
+
+    // Derived from them.
+    double attack1_ = 1.0, attack2_ = 1.0, release1_ = 1.0, release2_ = 1.0;
+    std::int32_t holdFrames_ = 0;
+    double thresholdFactor_ = 1.0, belowFloor_ = 0.0;
+    double range_ = 0.0, rangeBelow_ = 0.0;
+    double depthSlope_ = 0.0, depthRest_ = 1.0;
+    double gainExponent_ = 1.0;
 
     // Moved by `tick`.
     double smoothedRange_ = 0.0, smoothedRangeBelow_ = 0.0;

@@ -1,52 +1,42 @@
 #include "engine/Lfo.h"
 
 #include "engine/Stages.h"
+#include "parameters/ValueLaws.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace pedl {
-
-namespace {
-
-constexpr double kTwoPi = 6.283185307179586;
-
-/// Normalised rate 0..1 in Hz: 0.01..15.
-[[nodiscard]] double rateHzFromNormalised(double normalised) noexcept {
-    return 0.01 + 14.99 * normalised;
-}
-
-} // namespace
 
 Lfo::Lfo(std::uint32_t seed, InstructionSet instructions)
     : stages_(stagesFor(instructions)), waves_(LfoWaves::shared()) {
     state_.random.draw(seed);
-    updateFilter();
-    updateBiquad();
+    deriveFilter();
+    deriveRandomFilter();
 }
 
 void Lfo::setType(double normalised) noexcept {
-    type_.set(static_cast<int>(6.0 * normalised));
+    type_.set(laws::waveState(normalised));
 }
 
 void Lfo::setFilter(double normalised) noexcept {
     filter_.set(normalised);
-    updateFilter();
+    changes_.mark(Group::Filter);
 }
 
 void Lfo::setWidth(double normalised) noexcept {
-    const double width = 0.125 * std::pow(64.0, 1.0 - normalised);
-    width_.set(width);
-    inverseWidth_.set(1.0 / width);
+    constexpr double kNarrowest = 0.125;
+    constexpr double kSpan = 64.0; // the widest over the narrowest
+    width_.set(kNarrowest * std::pow(kSpan, 1.0 - normalised));
 }
 
 void Lfo::setRate(double normalised) noexcept {
     rate_.set(normalised);
-    updateFilter();
-    updateBiquad();
+    changes_.mark(Group::Filter, Group::RandomFilter);
 }
 
 void Lfo::setRandomType(double normalised) noexcept {
-    randomType_.set(static_cast<int>(normalised + 0.5));
+    randomType_.set(laws::twoWayState(normalised));
 }
 
 void Lfo::setSpread(double normalised) noexcept {
@@ -54,32 +44,50 @@ void Lfo::setSpread(double normalised) noexcept {
     spread_.set(std::copysign(way * way, way));
 }
 
-void Lfo::updateFilter() noexcept {
-    const double cornerHz = 10.0 * std::pow(10.0, 1.0 - filter_.get()) + 15.0 * rate_.get();
-    filterCoefficient_.set(onePoleCoefficient(cornerHz, sampleRateHz_.get()));
+void Lfo::deriveChanged() noexcept {
+    const auto changed = changes_.take();
+    if (changed.has(Group::Filter))
+        deriveFilter();
+    if (changed.has(Group::RandomFilter))
+        deriveRandomFilter();
+}
+
+/// A fast LFO keeps its edges: the corner rises with the rate.
+void Lfo::deriveFilter() noexcept {
+    constexpr double kLowestCornerHz = 10.0;
+    constexpr double kCornerSpan = 10.0; // the highest over the lowest
+    constexpr double kCornerHzByRate = 15.0;
+    const double cornerHz = kLowestCornerHz * std::pow(kCornerSpan, 1.0 - filter_.get()) +
+                            kCornerHzByRate * rate_.get();
+    filterCoefficient_ = onePoleCoefficient(cornerHz, sampleRateHz_);
 }
 
 // Low-pass of R. Bristow-Johnson's "Audio EQ Cookbook" at 2.82 times the rate, well damped: random
 // values turn into a walk that keeps pace with the wave.
-void Lfo::updateBiquad() noexcept {
+void Lfo::deriveRandomFilter() noexcept {
+    constexpr double kTwoPi = 2.0 * std::numbers::pi;
     constexpr double kCornerOverRate = 2.0 * 1.41;
     constexpr double kTwoQ = 0.4;
-    const double w =
-        kTwoPi * kCornerOverRate * rateHzFromNormalised(rate_.get()) / sampleRateHz_.get();
+    const double w = kTwoPi * kCornerOverRate * laws::lfoRateHz(rate_.get()) / sampleRateHz_;
     const double alpha = std::sin(w) / kTwoQ;
     const double a0 = 1.0 + alpha;
-    b0_.set((1.0 - std::cos(w)) / 2.0 / a0);
-    b1_.set((1.0 - std::cos(w)) / a0);
-    b2_.set((1.0 - std::cos(w)) / 2.0 / a0);
-    a1_.set(-2.0 * std::cos(w) / a0);
-    a2_.set((1.0 - alpha) / a0);
+    randomFilter_.b0 = (1.0 - std::cos(w)) / 2.0 / a0;
+    randomFilter_.b1 = (1.0 - std::cos(w)) / a0;
+    randomFilter_.b2 = (1.0 - std::cos(w)) / 2.0 / a0;
+    randomFilter_.a1 = -2.0 * std::cos(w) / a0;
+    randomFilter_.a2 = (1.0 - alpha) / a0;
+}
+
+void Lfo::setSampleRate(double sampleRateHz) noexcept {
+    deriveChanged(); // what was set until now belongs to the old rate
+    sampleRateHz_ = sampleRateHz;
 }
 
 void Lfo::reinitialise(std::uint32_t seed) noexcept {
     state_.spread = spread_.get();
     state_.phase = state_.randomPhase = 0.0;
-    updateFilter();
-    updateBiquad();
+    changes_.mark(Group::Filter, Group::RandomFilter);
+    deriveChanged();
     state_.random.draw(seed);
     // The lamps start dark, and the smoothed wave rises from there.
     state_.smoothed[0] = state_.smoothed[1] = -1.0;
@@ -94,24 +102,24 @@ void Lfo::process(const MonoStretch& rateHz, int frames, LfoOutput& output) noex
     constexpr double kWaveStepsACycle = 4.0; // the same for the random wave itself
     constexpr double kSlowStepsASecond = 0.625;
     constexpr double kSmoothing = 0.3; // of the low-pass's coefficient
-    const double sampleRateHz = sampleRateHz_.get();
+    deriveChanged();
     Controls controls;
     controls.wave = wave();
     controls.randomType = static_cast<RandomType>(randomType_.get());
     controls.width = width_.get();
-    controls.inverseWidth = inverseWidth_.get();
+    controls.inverseWidth = 1.0 / controls.width;
     controls.randomAmount = randomAmount_.get();
-    controls.phaseScale = kWaveSteps / sampleRateHz;
+    controls.phaseScale = kWaveSteps / sampleRateHz_;
     if (controls.wave == Wave::Random)
-        controls.randomScale = kWaveStepsACycle / sampleRateHz;
+        controls.randomScale = kWaveStepsACycle / sampleRateHz_;
     else if (controls.randomType == RandomType::Fast)
-        controls.randomScale = kFastStepsACycle / sampleRateHz;
+        controls.randomScale = kFastStepsACycle / sampleRateHz_;
     else
-        controls.randomScale = kSlowStepsASecond / sampleRateHz;
+        controls.randomScale = kSlowStepsASecond / sampleRateHz_;
     controls.randomFollowsRate =
         controls.wave == Wave::Random || controls.randomType == RandomType::Fast;
-    controls.smoothing = filterCoefficient_.get() * kSmoothing;
-    controls.biquad = {b0_.get(), b1_.get(), b2_.get(), a1_.get(), a2_.get()};
+    controls.smoothing = filterCoefficient_ * kSmoothing;
+    controls.biquad = randomFilter_;
     controls.waves = &waves_;
     stages_.lfo(state_, controls, rateHz, frames, output);
 }

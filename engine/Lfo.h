@@ -1,10 +1,11 @@
 #pragma once
 
+#include "engine/ChangeMarks.h"
 #include "engine/InstructionSet.h"
 #include "engine/LfoWaves.h"
-#include "foundation/basics/Relaxed.h"
 #include "engine/Smoothing.h"
 #include "engine/Stretch.h"
+#include "foundation/basics/Relaxed.h"
 
 #include <cstdint>
 
@@ -22,8 +23,8 @@ struct LfoOutput {
 /// Low-frequency oscillator: seven waves read from tables, with a width that bends them, two kinds
 /// of randomisation, and a right channel that is spread away from the left in phase.
 ///
-/// Threads: setters any; `tick`, `lockPhase` and `process` audio, real time; the rest while no
-/// audio runs.
+/// Threads: setters, `wave` and `normalisedRate` any, real time; `tick`, `lockPhase`, `process` and
+/// `filterCoefficient` audio, real time; the rest while no audio runs.
 class Lfo {
 public:
     enum class Wave : int { Sine, Triangle, SawUp, SawDown, Square, Spike, Random };
@@ -40,8 +41,9 @@ public:
     void setRandomAmount(double normalised) noexcept { randomAmount_.set(normalised); }
     void setSpread(double normalised) noexcept;
 
-    /// Frames per second; takes effect in full at `reinitialise`.
-    void setSampleRate(double sampleRateHz) noexcept { sampleRateHz_.set(sampleRateHz); }
+    /// Frames per second. The phases follow at once, a filter when what it depends on is set again
+    /// or at `reinitialise`.
+    void setSampleRate(double sampleRateHz) noexcept;
 
     /// Back to phase 0 with new random waves; ends the ramp of the spread.
     void reinitialise(std::uint32_t seed) noexcept;
@@ -59,8 +61,9 @@ public:
     [[nodiscard]] Wave wave() const noexcept { return static_cast<Wave>(type_.get()); }
     [[nodiscard]] double normalisedRate() const noexcept { return rate_.get(); }
 
-    /// Coefficient of the LFO's low-pass, which the cut-off path uses three times.
-    [[nodiscard]] double filterCoefficient() const noexcept { return filterCoefficient_.get(); }
+    /// Coefficient of the LFO's low-pass at the last `process`; the cut-off path uses it three
+    /// times.
+    [[nodiscard]] double filterCoefficient() const noexcept { return filterCoefficient_; }
 
     /// Low-pass over the random values: direct form I, a0 = 1.
     struct Biquad {
@@ -90,19 +93,25 @@ public:
     };
 
 private:
-    void updateFilter() noexcept;
-    void updateBiquad() noexcept;
+    enum class Group { Filter, RandomFilter };
+
+    void deriveChanged() noexcept;
+    void deriveFilter() noexcept;
+    void deriveRandomFilter() noexcept;
 
     const StageTable& stages_;
     const LfoWaves& waves_;
+    double sampleRateHz_ = kStartRateHz;
 
     // Written by any thread, read by audio.
-    Relaxed<double> sampleRateHz_{44100.0};
     Relaxed<int> type_{0}, randomType_{0};
-    Relaxed<double> width_{1.0}, inverseWidth_{1.0};
-    Relaxed<double> rate_{0.0}, filter_{0.5}, filterCoefficient_{1.0};
+    Relaxed<double> width_{1.0}, rate_{0.0}, filter_{0.5};
     Relaxed<double> randomAmount_{0.0}, spread_{0.0};
-    Relaxed<double> b0_{0.0}, b1_{0.0}, b2_{0.0}, a1_{0.0}, a2_{0.0};
+    ChangeMarks<Group> changes_;
+
+    // Derived from them.
+    double filterCoefficient_ = 1.0;
+    Biquad randomFilter_;
 
     State state_;
 };

@@ -1,7 +1,7 @@
 #include "engine/ModFilterEngine.h"
 
 #include "engine/Stages.h"
-#include "engine/SwitchState.h"
+#include "parameters/ValueLaws.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,12 +14,6 @@ namespace {
 
 /// Below this share a blended-in signal cannot change the last bit of what it is blended into.
 constexpr double kInaudibleShare = 1e-20;
-
-/// Dry and wet level: unity in the middle, +12 dB at the end.
-[[nodiscard]] double levelFromNormalised(float normalised) noexcept {
-    const double v = normalised;
-    return 4.0 * v * v;
-}
 
 template <typename Sample> [[nodiscard]] Sample narrowed(double sample) noexcept {
     if constexpr (std::is_same_v<Sample, double>) {
@@ -86,11 +80,17 @@ void ModFilterEngine::process(const Sample* const* inputs, Sample* const* output
     }
 }
 
-ModFilterEngine::Block ModFilterEngine::startBlock() noexcept {
+/// What follows from values that are set one by one.
+void ModFilterEngine::updateTargets() noexcept {
     wet_.target.set(wetSwitch_.get() * wetLevel_.get());
     dry_.target.set(drySwitch_.get() * dryLevel_.get());
-    if (isLocked_.get())
-        lfo_.lockPhase(lockedPhase_.get());
+    filterSwitch_.target.set(filter_.slope() == FilterSlope::Off ? 0.0 : 1.0);
+}
+
+ModFilterEngine::Block ModFilterEngine::startBlock() noexcept {
+    const double lockedPhase = lockedPhase_.get();
+    if (!std::isnan(lockedPhase))
+        lfo_.lockPhase(lockedPhase);
     tick_.nudge = kDenormalGuard;
     const double modulation = modulation_.get();
     return {
@@ -103,6 +103,7 @@ ModFilterEngine::Block ModFilterEngine::startBlock() noexcept {
 }
 
 void ModFilterEngine::controlTick(const Block& block) noexcept {
+    updateTargets();
     power_.move(tick_, tick_.fast);
     dry_.move(tick_, tick_.fast);
     inputGain_.move(tick_, tick_.fast);
@@ -219,17 +220,19 @@ void ModFilterEngine::limitAndSaturate(StereoStretch& signal, int frames) noexce
 void ModFilterEngine::fillMeterSnapshot(MeterSnapshot& snapshot) noexcept {
     const bool isAround = envelope_.mode() == EnvelopeFollower::ThresholdMode::Around;
     const bool isLimiterOn = limiterSwitch_.target.get() != 0.0;
-    constexpr double kSaturationScale = 0.251188643; // -12 dB
+    const bool isSaturatorOn = saturatorSwitch_.target.get() != 0.0;
+    const double saturatorPeak = saturator_.readMeter(); // cleared whether it is shown or not
+    constexpr double kSaturationScale = 0.251188643;     // -12 dB
     snapshot.envelopeLevel = envelopeMeter_.exchange(0.0) * (isAround ? 0.5 : 1.0);
     snapshot.dryPeak = dryPeak_.exchange(0.0) * 0.5;
     snapshot.wetPeak = wetPeak_.exchange(0.0) * 0.5;
     snapshot.lfoLeft = lfoMeterLeft_.get();
     snapshot.lfoRight = lfoMeterRight_.get();
     snapshot.limiterGain = isLimiterOn ? limiterMeter_.get() : 1.0;
-    snapshot.saturationLevel = saturator_.readMeter() * kSaturationScale;
+    snapshot.saturationLevel = isSaturatorOn ? saturatorPeak * kSaturationScale : 0.0;
     snapshot.reservedValue = 0.0;
     snapshot.reservedFlag = false;
-    snapshot.lfoRateHz = 0.01 + 14.99 * lfo_.normalisedRate();
+    snapshot.lfoRateHz = laws::lfoRateHz(lfo_.normalisedRate());
 }
 
 ModulationState ModFilterEngine::modulation() const noexcept {
@@ -262,8 +265,8 @@ void ModFilterEngine::reset() noexcept {
 }
 
 void ModFilterEngine::reinitialise(std::uint32_t seed) {
-    wet_.target.set(wetSwitch_.get() * wetLevel_.get());
-    dry_.target.set(drySwitch_.get() * dryLevel_.get());
+    filter_.setSampleRate(sampleRateHz_); // first: where memory is short, it throws
+    updateTargets();
     for (Ticked* value :
          {&power_, &dry_, &wet_, &filterSwitch_, &limiterSwitch_, &saturatorSwitch_})
         value->snap();
@@ -271,13 +274,10 @@ void ModFilterEngine::reinitialise(std::uint32_t seed) {
     cutoff_.reinitialise();
     lfoToGainSmoother_.snap(lfoToGain_.get()); // as set, whether switched on or not
     envelope_.reinitialise();
-    isLocked_.set(false);
-    lockedPhase_.set(0.0);
+    lockedPhase_.set(kNotLocked);
 
     updateCoefficients();
     lfo_.reinitialise(seed);
-    filter_.setSampleRate(sampleRateHz_);
-    limiter_.setDefaults();
     limiter_.setSampleRate(sampleRateHz_);
     saturator_.setSampleRate(sampleRateHz_);
 
@@ -291,7 +291,7 @@ void ModFilterEngine::reinitialise(std::uint32_t seed) {
 
 void ModFilterEngine::updateCoefficients() noexcept {
     constexpr double kSlowSeconds = 0.23;
-    constexpr double kFramesATick = 127.0; // the grid less one
+    constexpr double kFramesATick = kTickFrames - 1;
     constexpr double kPerFrameSeconds = 0.1;
     constexpr double kFastOverSlow = 6.0;
     tick_.slow = settleCoefficient(kSlowSeconds * sampleRateHz_ / kFramesATick);
@@ -300,16 +300,16 @@ void ModFilterEngine::updateCoefficients() noexcept {
 }
 
 void ModFilterEngine::setPower(float normalised) noexcept {
-    power_.target.set(std::clamp(1.0 - switchState(normalised), 0.0, 1.0));
+    power_.target.set(std::clamp(1.0 - laws::twoWayState(normalised), 0.0, 1.0));
 }
 
 void ModFilterEngine::setInputGain(float normalised) noexcept {
-    const double gainDb = 48.0 * static_cast<double>(normalised) - 24.0;
-    inputGain_.target.set(static_cast<double>(static_cast<float>(std::pow(10.0, gainDb / 20.0))));
+    const double gain = laws::factorFromDb(laws::inputGainDb<double>(normalised));
+    inputGain_.target.set(static_cast<double>(static_cast<float>(gain)));
 }
 
 void ModFilterEngine::setFreeze(float normalised) noexcept {
-    isFrozen_.set(switchState(normalised) > 0.0);
+    isFrozen_.set(laws::twoWayState(normalised) != 0);
 }
 
 void ModFilterEngine::setFilterType(float normalised) noexcept {
@@ -322,33 +322,17 @@ void ModFilterEngine::setFilterType(float normalised) noexcept {
 }
 
 void ModFilterEngine::setFilterSlope(float normalised) noexcept {
-    const int state = threeWayState(normalised);
-    filterSwitch_.target.set(state == 0 ? 0.0 : 1.0);
-    filter_.setSlope(state == 2);
+    filter_.setSlope(static_cast<FilterSlope>(laws::threeWayState(normalised)));
 }
 
 void ModFilterEngine::setFilterSaturation(float normalised) noexcept {
-    filter_.setSaturation(static_cast<double>(normalised) * 3.999 * 0.5 + 0.001);
-}
-
-void ModFilterEngine::setEnvAttack(float normalised) noexcept {
-    // In single precision throughout: the attack of saved songs was computed so.
-    const float bent = std::pow(normalised, 0.722f);
-    const float t = std::pow(2000.0f, bent);
-    const float holdMs =
-        7.279e-8f * t * t * t - 0.0002075f * t * t + 0.2643f * t + 0.3773f - 0.64139f;
-    envelope_.setAttackTime(t);
-    envelope_.setAttackShape(2.0f * bent);
-    envelope_.setHoldTime(std::max(0.0f, holdMs));
-}
-
-void ModFilterEngine::setEnvRelease(float normalised) noexcept {
-    envelope_.setReleaseTime(3.0 *
-                             std::pow(1000.0, std::pow(static_cast<double>(normalised), 0.585)));
+    constexpr double kSpan = 3.999;
+    constexpr double kLowest = 0.001; // as good as none
+    filter_.setSaturation(static_cast<double>(normalised) * kSpan * 0.5 + kLowest);
 }
 
 void ModFilterEngine::setLfoToCutoffSwitch(float normalised) noexcept {
-    lfoToCutoffSwitch_.set(switchState(normalised));
+    lfoToCutoffSwitch_.set(laws::twoWayState(normalised));
 }
 
 void ModFilterEngine::setLfoToCutoff(float normalised) noexcept {
@@ -357,60 +341,61 @@ void ModFilterEngine::setLfoToCutoff(float normalised) noexcept {
 }
 
 void ModFilterEngine::setLfoToGainSwitch(float normalised) noexcept {
-    lfoToGainSwitch_.set(switchState(normalised));
+    lfoToGainSwitch_.set(laws::twoWayState(normalised));
 }
 
 void ModFilterEngine::setLfoToGain(float normalised) noexcept {
+    constexpr double kLargest = 10.0; // octaves, before the tangent that bounds the gain
     const double way = 2.0 * static_cast<double>(normalised) - 1.0;
-    lfoToGain_.set(std::copysign(10.0 * way * way, way));
+    lfoToGain_.set(std::copysign(kLargest * way * way, way));
 }
 
 void ModFilterEngine::setRouting(float normalised) noexcept {
-    routing_.set(threeWayState(normalised));
+    routing_.set(laws::threeWayState(normalised));
 }
 
 void ModFilterEngine::setLimiterSwitch(float normalised) noexcept {
-    limiterSwitch_.target.set(switchState(normalised));
+    limiterSwitch_.target.set(laws::twoWayState(normalised));
 }
 
 void ModFilterEngine::setLimiterLevel(float normalised) noexcept {
     constexpr double kCurve = 1.5145731728; // ln 0.35 / ln 0.5: -1.5 dB with the knob in the middle
-    const double levelDb = (1.0 - std::pow(static_cast<double>(normalised), kCurve)) * 30.0 - 21.0;
-    limiter_.setLevel(std::pow(10.0, levelDb / 20.0));
+    constexpr double kSpanDb = 30.0;
+    constexpr double kLowestDb = -21.0;
+    const double curve = std::pow(static_cast<double>(normalised), kCurve);
+    limiter_.setLevel(laws::factorFromDb((1.0 - curve) * kSpanDb + kLowestDb));
 }
 
 void ModFilterEngine::setSaturatorSwitch(float normalised) noexcept {
-    const double state = switchState(normalised);
-    saturatorSwitch_.target.set(state);
-    saturator_.setOff(state == 0.0);
+    saturatorSwitch_.target.set(laws::twoWayState(normalised));
 }
 
 void ModFilterEngine::setDrySwitch(float normalised) noexcept {
-    drySwitch_.set(switchState(normalised));
+    drySwitch_.set(laws::twoWayState(normalised));
 }
 
 void ModFilterEngine::setDryLevel(float normalised) noexcept {
-    dryLevel_.set(levelFromNormalised(normalised));
+    dryLevel_.set(laws::dryWetLevel(normalised));
 }
 
 void ModFilterEngine::setWetSwitch(float normalised) noexcept {
-    wetSwitch_.set(switchState(normalised));
+    wetSwitch_.set(laws::twoWayState(normalised));
 }
 
 void ModFilterEngine::setWetLevel(float normalised) noexcept {
-    wetLevel_.set(levelFromNormalised(normalised));
+    wetLevel_.set(laws::dryWetLevel(normalised));
 }
 
 void ModFilterEngine::setModulation(float normalised) noexcept {
-    modulation_.set(static_cast<int>(1.5 - static_cast<double>(normalised)));
+    constexpr double kOffFrom = 0.5; // on up to it, itself included
+    modulation_.set(static_cast<int>(1.0 + kOffFrom - static_cast<double>(normalised)));
 }
 
 void ModFilterEngine::setPhaseSync(bool isLocked, double phaseCycles) noexcept {
     constexpr double kRateAtRest = 0.005; // of the envelope's share in the rate
     const bool isLockable =
         lfo_.wave() != Lfo::Wave::Random && std::abs(envelope_.rateAmount()) <= kRateAtRest;
-    isLocked_.set(isLocked && isLockable);
-    lockedPhase_.set(phaseCycles);
+    lockedPhase_.set(isLocked && isLockable ? phaseCycles : kNotLocked);
 }
 
 } // namespace pedl

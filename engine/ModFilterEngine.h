@@ -13,6 +13,7 @@
 #include "foundation/basics/Relaxed.h"
 
 #include <cstdint>
+#include <limits>
 
 namespace pedl {
 
@@ -101,10 +102,9 @@ public:
 
     void setEnvThresholdMode(float normalised) noexcept { envelope_.setMode(normalised); }
     void setEnvThreshold(float normalised) noexcept { envelope_.setThreshold(normalised); }
-    void setEnvAttack(float normalised) noexcept;
+    void setEnvAttack(float normalised) noexcept { envelope_.setAttack(normalised); }
     void setEnvAttackExtension(float normalised) noexcept { envelope_.setExtension(normalised); }
-    /// The caller applies the attack again afterwards: both share the attack's shape.
-    void setEnvRelease(float normalised) noexcept;
+    void setEnvRelease(float normalised) noexcept { envelope_.setRelease(normalised); }
     void setEnvRange(float normalised) noexcept { envelope_.setRange(normalised); }
 
     void setLfoToCutoffSwitch(float normalised) noexcept;
@@ -128,7 +128,7 @@ public:
     void setModulation(float normalised) noexcept;
 
     /// Locks the LFO to a position: from the next block on each block starts at it. A random wave
-    /// and a rate that the envelope moves cannot be locked; the position is kept all the same.
+    /// and a rate that the envelope moves cannot be locked.
     /// @param phaseCycles position in the LFO's cycle; below 0 before the song's start
     void setPhaseSync(bool isLocked, double phaseCycles) noexcept;
 
@@ -158,6 +158,7 @@ private:
 
     template <typename Sample>
     void process(const Sample* const* inputs, Sample* const* outputs, std::int32_t frames) noexcept;
+    void updateTargets() noexcept;
     [[nodiscard]] Block startBlock() noexcept;
     void controlTick(const Block& block) noexcept;
     void processStretch(const Block& block, int frames) noexcept;
@@ -168,7 +169,8 @@ private:
     void limitAndSaturate(StereoStretch& signal, int frames) noexcept;
     void updateCoefficients() noexcept;
 
-    static constexpr double kStartRateHz = 44100.0; // until the host's is known
+    /// In place of a locked phase: one value, so that no block sees half of a change.
+    static constexpr double kNotLocked = std::numeric_limits<double>::quiet_NaN();
 
     const StageTable& stages_;
     EnvelopeFollower envelope_;
@@ -178,17 +180,18 @@ private:
     OutputLimiter limiter_;
     SoftSaturator saturator_;
 
+    // Their targets: those of the first three written by audio, the others by any thread.
+    Ticked dry_{0.0}, wet_{0.0}, filterSwitch_{1.0};
+    Ticked power_{1.0}, inputGain_{1.0}, limiterSwitch_{0.0}, saturatorSwitch_{0.0};
+
     // Written by any thread, read by audio.
-    Ticked power_{1.0}, inputGain_{1.0}, dry_{0.0}, wet_{0.0};
-    Ticked filterSwitch_{1.0}, limiterSwitch_{0.0}, saturatorSwitch_{0.0};
     Relaxed<double> dryLevel_{1.0}, drySwitch_{0.0}, wetLevel_{1.0}, wetSwitch_{1.0};
     Relaxed<double> lfoToCutoff_{0.0}, lfoToCutoffSwitch_{0.0};
     Relaxed<double> lfoToGain_{0.0}, lfoToGainSwitch_{0.0};
     Relaxed<double> modulation_{1.0};
     Relaxed<int> routing_{0};
     Relaxed<bool> isFrozen_{false};
-    Relaxed<bool> isLocked_{false};
-    Relaxed<double> lockedPhase_{0.0};
+    Relaxed<double> lockedPhase_{kNotLocked};
 
     double sampleRateHz_ = kStartRateHz;
     ControlTick tick_;

@@ -19,49 +19,70 @@ void MultimodeFilter::setSampleRate(double sampleRateHz) {
     constexpr double kControlsCornerHz = 10.0;
     /// Time in which the zeros reach a new type: felt as immediate, yet without a click.
     constexpr double kTypeGlideMs = 15.0;
+    constexpr double kMsASecond = 1000.0;
 
-    reset();
     const bool isUsable = sampleRateHz >= kLowestRateHz && sampleRateHz <= kHighestRateHz;
-    const double rate = isUsable ? sampleRateHz : kFallbackRateHz;
-    sampleRateHz_.set(rate);
-    glideFrames_ = static_cast<int>(rate * kTypeGlideMs / 1000.0);
-    smoothing_ = onePoleCoefficient(kControlsCornerHz, rate);
-    updateSaturationScale();
-    setResonance(resonance_.get());
-    trigonometry_ = TrigonometryTable::forRate(rate);
+    const double rateHz = isUsable ? sampleRateHz : kFallbackRateHz;
+    trigonometry_ = TrigonometryTable::forRate(rateHz); // first: where memory is short, it throws
+    reset();
+    sampleRateHz_ = rateHz;
+    glideFrames_ = static_cast<int>(sampleRateHz_ * kTypeGlideMs / kMsASecond);
+    smoothing_ = onePoleCoefficient(kControlsCornerHz, sampleRateHz_);
+    deriveSaturationScale();
 }
 
 void MultimodeFilter::setType(double type) noexcept {
-    typeTarget_.set(std::clamp(type, 0.0, 1.0));
+    type_.set(std::clamp(type, 0.0, 1.0));
 }
 
 void MultimodeFilter::setResonance(double resonance) noexcept {
-    const double inside = std::clamp(resonance, 0.0, 1.0);
-    resonance_.set(inside);
-    const bool is24Db = slopeTarget_.get() != 0.0;
-    qTarget_.set(is24Db ? 0.5 * std::pow(10.0, inside) : 0.3 * std::pow(100.0, inside));
+    resonance_.set(std::clamp(resonance, 0.0, 1.0));
+    changes_.mark(Group::Resonance);
 }
 
-void MultimodeFilter::setSlope(bool is24Db) noexcept {
-    slopeTarget_.set(is24Db ? 1.0 : 0.0);
-    updateSaturationScale();
-    setResonance(resonance_.get()); // each slope has a resonance curve of its own
+void MultimodeFilter::setSlope(FilterSlope slope) noexcept {
+    slope_.set(slope);
+    changes_.mark(Group::Resonance, Group::Saturation);
 }
 
 void MultimodeFilter::setSaturation(double saturation) noexcept {
     saturation_.set(saturation);
-    updateSaturationScale();
+    changes_.mark(Group::Saturation);
 }
 
-void MultimodeFilter::updateSaturationScale() noexcept {
-    const double strength = slopeTarget_.get() != 0.0 ? 4.8 : 0.9;
-    saturationScale_.set(saturation_.get() * strength * 0.441 / sampleRateHz_.get());
+void MultimodeFilter::deriveChanged() noexcept {
+    const auto changed = changes_.take();
+    if (changed.has(Group::Resonance))
+        deriveQ();
+    if (changed.has(Group::Saturation))
+        deriveSaturationScale();
+}
+
+/// Each slope has a resonance curve of its own: two stages multiply their gains.
+void MultimodeFilter::deriveQ() noexcept {
+    struct Curve {
+        double lowest, span; // the span is the highest over the lowest
+    };
+    constexpr Curve kOneStage{0.3, 100.0};
+    constexpr Curve kTwoStages{0.5, 10.0};
+    const Curve curve = slope() == FilterSlope::Db24 ? kTwoStages : kOneStage;
+    q_ = curve.lowest * std::pow(curve.span, resonance_.get());
+}
+
+void MultimodeFilter::deriveSaturationScale() noexcept {
+    // Tuned by ear, the two slopes to the same amount of dirt.
+    constexpr double kOneStage = 0.9;
+    constexpr double kTwoStages = 4.8;
+    constexpr double kPerHz = 0.441; // 1e-5 at 44.1 kHz
+    const double strength = slope() == FilterSlope::Db24 ? kTwoStages : kOneStage;
+    saturationScale_ = saturation_.get() * strength * kPerHz / sampleRateHz_;
 }
 
 void MultimodeFilter::reset() noexcept {
-    state_.q.snap(qTarget_.get());
-    state_.slope.snap(slopeTarget_.get());
-    state_.type.snap(typeTarget_.get());
+    deriveChanged();
+    state_.q.snap(q_);
+    state_.slope.snap(slopeShare());
+    state_.type.snap(type_.get());
     for (int channel = 0; channel < 2; ++channel)
         state_.zero1[channel] = state_.zero2[channel] = -1.0;
     for (History& history : state_.stages)
@@ -70,14 +91,15 @@ void MultimodeFilter::reset() noexcept {
 
 void MultimodeFilter::process(StereoStretch& io, const CutoffStretch& cutoff, int frames) noexcept {
     constexpr double kTopOverRate = 0.5001; // a hair above Nyquist: some resonance is left there
+    deriveChanged();
     Controls controls;
-    controls.q = qTarget_.get();
-    controls.type = typeTarget_.get();
-    controls.slope = slopeTarget_.get();
+    controls.q = q_;
+    controls.type = type_.get();
+    controls.slope = slopeShare();
     controls.smoothing = smoothing_;
-    controls.saturationScale = saturationScale_.get();
+    controls.saturationScale = saturationScale_;
     controls.inverseGlideFrames = 1.0 / glideFrames_;
-    controls.inverseTopHz = 1.0 / (kTopOverRate * sampleRateHz_.get());
+    controls.inverseTopHz = 1.0 / (kTopOverRate * sampleRateHz_);
     controls.trigonometry = trigonometry_.get();
     controls.morph = &morph_;
     stages_.filter(state_, controls, io, cutoff, frames);

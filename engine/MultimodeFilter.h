@@ -1,10 +1,11 @@
 #pragma once
 
+#include "engine/ChangeMarks.h"
 #include "engine/FilterTables.h"
 #include "engine/InstructionSet.h"
-#include "foundation/basics/Relaxed.h"
 #include "engine/Smoothing.h"
 #include "engine/Stretch.h"
+#include "foundation/basics/Relaxed.h"
 
 #include <memory>
 
@@ -13,6 +14,9 @@ namespace pedl {
 struct CutoffStretch;
 struct StageTable;
 
+/// What the slope switch offers. Off, the filter runs on at 12 dB an octave and is not heard.
+enum class FilterSlope : int { Off, Db12, Db24 };
+
 /// Stereo resonant filter that morphs from low-pass over band-pass to high-pass by moving its two
 /// zeros, at 12 or 24 dB an octave, with a saturation inside the recursion that tames the resonance
 /// rather than the input.
@@ -20,7 +24,8 @@ struct StageTable;
 /// Denominator: R. Bristow-Johnson, "Audio EQ Cookbook", low-pass. The numerator is scaled so that
 /// the gain at the cut-off is the effective resonance, whatever the type.
 ///
-/// Threads: setters any; `process` audio, real time; the rest while no audio runs.
+/// Threads: setters and `slope` any, real time; `process` audio, real time; the rest while no audio
+/// runs.
 class MultimodeFilter {
 public:
     explicit MultimodeFilter(double sampleRateHz,
@@ -34,10 +39,12 @@ public:
     void setType(double type) noexcept;
     /// @param resonance 0..1: Q 0.3..30 at 12 dB/oct, 0.5..5 at 24 dB/oct
     void setResonance(double resonance) noexcept;
-    /// @param is24Db two stages in a row instead of one
-    void setSlope(bool is24Db) noexcept;
+    /// One stage, or two in a row.
+    void setSlope(FilterSlope slope) noexcept;
     /// @param saturation 0.001 (as good as linear) .. 2
     void setSaturation(double saturation) noexcept;
+
+    [[nodiscard]] FilterSlope slope() const noexcept { return slope_.get(); }
 
     /// Ends all ramps, empties the histories and puts the zeros to low-pass; another type then
     /// glides in.
@@ -80,18 +87,31 @@ public:
     };
 
 private:
-    void updateSaturationScale() noexcept;
+    enum class Group { Resonance, Saturation };
+
+    void deriveChanged() noexcept;
+    void deriveQ() noexcept;
+    void deriveSaturationScale() noexcept;
+
+    /// How much of the second stage is wanted, 0 or 1.
+    [[nodiscard]] double slopeShare() const noexcept {
+        return slope() == FilterSlope::Db24 ? 1.0 : 0.0;
+    }
 
     const StageTable& stages_;
     const MorphTable& morph_;
     std::shared_ptr<const TrigonometryTable> trigonometry_;
+    double sampleRateHz_ = kStartRateHz;
     double smoothing_ = 1.0;
     int glideFrames_ = 1;
 
     // Written by any thread, read by audio.
-    Relaxed<double> sampleRateHz_{44100.0};
-    Relaxed<double> typeTarget_{0.0}, qTarget_{0.3}, slopeTarget_{0.0};
-    Relaxed<double> resonance_{0.0}, saturation_{0.001}, saturationScale_{0.0};
+    Relaxed<double> type_{0.0}, resonance_{0.0}, saturation_{0.001};
+    Relaxed<FilterSlope> slope_{FilterSlope::Db12};
+    ChangeMarks<Group> changes_;
+
+    // Derived from them.
+    double q_ = 0.3, saturationScale_ = 0.0;
 
     State state_;
 };

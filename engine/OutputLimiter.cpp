@@ -15,32 +15,24 @@ constexpr double kDriveCornerHz = 5.0;
 OutputLimiter::OutputLimiter(InstructionSet instructions) : stages_(stagesFor(instructions)) {
     state_.drive.snap(driveTarget_.get());
     smoothing_ = onePoleCoefficient(kDriveCornerHz, sampleRateHz_);
-    setDefaults();
+    updateTimes();
 }
 
-void OutputLimiter::setAttack(double attackMs) noexcept {
-    attackMs_ = std::clamp(attackMs, 0.1, 100.0);
-    attack_ = settleCoefficient(sampleRateHz_ * attackMs_ * 0.001);
-}
-
-void OutputLimiter::setRelease(double releaseMs) noexcept {
-    releaseMs_ = std::clamp(releaseMs, 30.0, 3000.0);
-    release_ = settleCoefficient(sampleRateHz_ * releaseMs_ * 0.001);
-}
-
-void OutputLimiter::setDefaults() noexcept {
-    setAttack(5.0);
-    setRelease(50.0);
+void OutputLimiter::updateTimes() noexcept {
+    constexpr double kAttackMs = 5.0;
+    constexpr double kReleaseMs = 50.0;
+    constexpr double kSecondsAMs = 0.001;
+    attack_ = settleCoefficient(sampleRateHz_ * kAttackMs * kSecondsAMs);
+    release_ = settleCoefficient(sampleRateHz_ * kReleaseMs * kSecondsAMs);
 }
 
 void OutputLimiter::setSampleRate(double sampleRateHz) noexcept {
     // With the old rate: the ramp of the ceiling has always been one change of rate behind, and
     // mixes were made with it.
     smoothing_ = onePoleCoefficient(kDriveCornerHz, sampleRateHz_);
-    sampleRateHz_ = std::clamp(sampleRateHz, 44100.0, 192000.0);
+    sampleRateHz_ = std::clamp(sampleRateHz, kLowestRateHz, kHighestRateHz);
     reset();
-    setAttack(attackMs_);
-    setRelease(releaseMs_);
+    updateTimes();
 }
 
 void OutputLimiter::reset() noexcept {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "engine/InstructionSet.h"
-#include "foundation/basics/Relaxed.h"
 #include "engine/Smoothing.h"
 #include "engine/Stretch.h"
+#include "foundation/basics/Relaxed.h"
 
 namespace pedl {
 
@@ -12,20 +12,14 @@ struct StageTable;
 /// Peak limiter with a soft knee. The envelope follows the louder channel in units of the ceiling;
 /// the release is programme-dependent: fast far below the envelope, slow near it.
 ///
-/// Threads: setters any; `process` audio, real time; the rest while no audio runs.
+/// Threads: `setLevel` any, real time; `process` and `gain` audio, real time; the rest while no
+/// audio runs.
 class OutputLimiter {
 public:
     explicit OutputLimiter(InstructionSet instructions = widestInstructionSet());
 
     /// @param level ceiling, linear, above 0
     void setLevel(double level) noexcept { driveTarget_.set(1.0 / level); }
-    /// @param attackMs outside 0.1..100 taken as the nearer bound
-    void setAttack(double attackMs) noexcept;
-    /// @param releaseMs outside 30..3000 taken as the nearer bound
-    void setRelease(double releaseMs) noexcept;
-    /// The times it works with: 5 ms and 50 ms.
-    void setDefaults() noexcept;
-
     /// @param sampleRateHz outside 44100..192000 taken as the nearer bound. The ceiling's ramp
     /// keeps
     ///                     the rate that was set before this one.
@@ -51,12 +45,15 @@ public:
     };
 
 private:
+    static constexpr double kLowestRateHz = 44100.0;
+    static constexpr double kHighestRateHz = 192000.0;
+
+    void updateTimes() noexcept;
+
     const StageTable& stages_;
     Relaxed<double> driveTarget_{2.0}; // written by any thread, read by audio
-    double sampleRateHz_ = 44100.0;
-    double smoothing_ = 1.0;
-    double attackMs_ = 10.0, attack_ = 1.0;
-    double releaseMs_ = 300.0, release_ = 1.0;
+    double sampleRateHz_ = kStartRateHz;
+    double smoothing_ = 1.0, attack_ = 1.0, release_ = 1.0; // coefficients
     State state_;
 };
 

@@ -1,19 +1,21 @@
 #include "engine/SoftSaturator.h"
 
 #include "engine/Stages.h"
+#include "parameters/ValueLaws.h"
 
 #include <cmath>
 
 namespace pedl {
 
 SoftSaturator::SoftSaturator(InstructionSet instructions) : stages_(stagesFor(instructions)) {
-    setSampleRate(44100.0);
+    setSampleRate(kStartRateHz);
 }
 
 void SoftSaturator::setDrive(double normalised) noexcept {
     constexpr double kCurve = 1.3219280949; // ln 0.4 / ln 0.5: 0 dB with the knob in the middle
-    const double driveDb = std::pow(normalised, kCurve) * 30.0 - 12.0;
-    driveTarget_.set(std::pow(10.0, driveDb / 20.0));
+    constexpr double kSpanDb = 30.0;
+    constexpr double kLowestDb = -12.0;
+    driveTarget_.set(laws::factorFromDb(std::pow(normalised, kCurve) * kSpanDb + kLowestDb));
 }
 
 void SoftSaturator::setSampleRate(double sampleRateHz) noexcept {
@@ -29,8 +31,7 @@ void SoftSaturator::process(StereoStretch& io, bool isHeard, int frames) noexcep
 }
 
 double SoftSaturator::readMeter() noexcept {
-    const double peak = peak_.exchange(0.0);
-    return isOff_.get() ? 0.0 : peak;
+    return peak_.exchange(0.0);
 }
 
 } // namespace pedl

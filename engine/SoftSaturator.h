@@ -1,9 +1,9 @@
 #pragma once
 
 #include "engine/InstructionSet.h"
-#include "foundation/basics/Relaxed.h"
 #include "engine/Smoothing.h"
 #include "engine/Stretch.h"
+#include "foundation/basics/Relaxed.h"
 
 namespace pedl {
 
@@ -12,15 +12,14 @@ struct StageTable;
 /// Driven hyperbolic tangent, scaled back by the drive: small signals pass as they are, large ones
 /// end at 1 / drive.
 ///
-/// Threads: setters and `readMeter` any; `process` audio, real time; the rest while no audio runs.
+/// Threads: `setDrive` and `readMeter` any, real time; `process` audio, real time; the rest while
+/// no audio runs.
 class SoftSaturator {
 public:
     explicit SoftSaturator(InstructionSet instructions = widestInstructionSet());
 
     /// @param normalised 0..1 for -12..+18 dB, 0 dB in the middle
     void setDrive(double normalised) noexcept;
-    /// Silences the meter; the sound is blended by the caller.
-    void setOff(bool isOff) noexcept { isOff_.set(isOff); }
 
     /// Any rate above 0; ends the ramp of the drive and clears the meter.
     void setSampleRate(double sampleRateHz) noexcept;
@@ -31,7 +30,7 @@ public:
     /// @param isHeard whether any of the output will be used; else only the state moves on
     void process(StereoStretch& io, bool isHeard, int frames) noexcept;
 
-    /// The largest |L| + |R| in front of the tangent since the last call; 0 while off.
+    /// The largest |L| + |R| in front of the tangent since the last call.
     [[nodiscard]] double readMeter() noexcept;
 
     struct State {
@@ -47,7 +46,6 @@ public:
 private:
     const StageTable& stages_;
     Relaxed<double> driveTarget_{1.0}; // written by any thread, read by audio
-    Relaxed<bool> isOff_{false};       // written by any thread, read by the view's
     Relaxed<double> peak_{0.0};        // raised by audio, cleared by the view's thread
     double smoothing_ = 1.0;
     State state_;

@@ -4,6 +4,9 @@
 
 namespace pedl {
 
+/// Frames a second until the host's rate is known.
+constexpr double kStartRateHz = 44100.0;
+
 /// Frames between two control ticks: the grid on which switches, levels and makeup move.
 constexpr int kTickFrames = 128;
 

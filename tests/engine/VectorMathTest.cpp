@@ -1,18 +1,18 @@
 #include "engine/VectorMath.h"
 
-#include "tests/engine/Signals.h"
-
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 #include <random>
+#include <vector>
 
 namespace pedl {
 namespace {
 
-using namespace test;
-
 using Lanes = xsimd::batch<double, xsimd::sse2>;
+using Samples = std::vector<double>;
 constexpr int kArguments = 400000;
 
 template <Lanes function(Lanes)> double valueAt(double x) {
