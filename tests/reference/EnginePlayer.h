@@ -9,7 +9,7 @@
 namespace pedl::reference {
 
 /// Hands a parameter to the engine by its index, as the effect does; what the engine has no setter
-/// for is ignored. After the release the attack is applied again by the caller.
+/// for is ignored.
 inline void setParameter(ModFilterEngine& engine, int index, float normalised) {
     using Setter = void (ModFilterEngine::*)(float) noexcept;
     struct Row {
@@ -121,6 +121,7 @@ public:
     }
 
     MeterSnapshot meters() { return readMeters(engine_); }
+    ModulationState modulation() const { return engine_.modulation(); }
 
 private:
     Engine engine_;

@@ -1,7 +1,5 @@
 #include "tests/reference/PlainEngine.h"
 
-#include "parameters/ParameterIndex.h"
-
 namespace pedl::reference {
 
 namespace {
@@ -13,164 +11,27 @@ double level(double normalised) {
     return 4.0 * normalised * normalised;
 }
 
-double morph(double normalised) {
-    const double t = normalised >= 0.5 ? 0.5 + 0.5 * std::pow(2.0 * (normalised - 0.5), 0.65)
-                                       : 0.5 - 0.5 * std::pow(2.0 * (0.5 - normalised), 0.65);
-    return std::clamp(t, 0.0, 1.0);
-}
-
 Stereo blended(const Stereo& on, const Stereo& off, double share) {
     return {share * on[0] + (1.0 - share) * off[0], share * on[1] + (1.0 - share) * off[1]};
 }
 
 } // namespace
 
-PlainEngine::PlainEngine(std::uint32_t seed) : lfo_(seed), cutoffTable_(kCutoffSteps + 1) {
+PlainEngine::PlainEngine(std::uint32_t seed) : lfo_(set_, seed), cutoffTable_(kCutoffSteps + 1) {
     for (int i = 0; i <= kCutoffSteps; ++i)
         cutoffTable_[static_cast<std::size_t>(i)] =
             20.0 * std::pow(1000.0, static_cast<double>(i) / kCutoffSteps);
 }
 
 void PlainEngine::setParameter(int index, float normalised) {
-    const double v = static_cast<double>(normalised);
-    const int state = switchState(v);
-    switch (index) {
-    case kPower:
-        process_.target = 1.0 - state;
-        break;
-    case kGain:
-        inputGain_.target = static_cast<float>(std::pow(10.0, (48.0 * v - 24.0) / 20.0));
-        break;
-    case kFreez:
-        isFrozen_ = state != 0;
-        break;
-    case kLFOType:
-        lfo_.setWave(v);
-        break;
-    case kLFOFilter:
-        lfo_.setFilter(v);
-        break;
-    case kLFOWidth:
-        lfo_.setWidth(v);
-        break;
-    case kLFOFreq:
-        lfo_.setRate(v);
-        break;
-    case kLFORndmizationType:
-        lfo_.setRandomType(v);
-        break;
-    case kLFORndmization:
-        lfo_.setRandomAmount(v);
-        break;
-    case kLFOSpread:
-        lfo_.setSpread(v);
-        break;
-    case kRateLFOByEnvDefeat:
-        envelope_.setRateSwitch(v);
-        break;
-    case kRateLFOByEnv:
-        envelope_.setRateAmount(v);
-        break;
-    case kDepthLFOByEnvDefeat:
-        envelope_.setDepthSwitch(v);
-        break;
-    case kDepthLFOByEnv:
-        envelope_.setDepthAmount(v);
-        break;
-    case kFilterType:
-        filter_.setType(morph(v));
-        break;
-    case kFilterPole:
-        filterSwitch_.target = selectorState(v) == 0 ? 0.0 : 1.0;
-        filter_.setSlope(selectorState(v) == 2 ? 1 : 0);
-        break;
-    case kFilterReso:
-        filter_.setResonance(v);
-        break;
-    case kFilterCutoffFreq:
-        cutoffBase_.target = v;
-        break;
-    case kFilterSaturation:
-        filter_.setSaturation(v);
-        break;
-    case kEnvThresholdMode:
-        envelope_.setThresholdMode(v);
-        break;
-    case kEnvThreshold:
-        envelope_.setThreshold(v);
-        break;
-    case kEnvAttack:
-        envelope_.setAttack(normalised);
-        break;
-    case kEnvAttackExtension:
-        envelope_.setExtension(v);
-        break;
-    case kEnvRelease:
-        envelope_.setRelease(v);
-        break;
-    case kEnvRange:
-        envelope_.setRange(v);
-        break;
-    case kFilterFreqByLFODefeat:
-        lfoToCutoffSwitch_ = state;
-        break;
-    case kFilterFreqByLFO:
-        lfoToCutoffDepth_ = 0.5 * v * v;
-        break;
-    case kGainByLFODefeat:
-        lfoToGainSwitch_ = state;
-        break;
-    case kGainByLFO: {
-        const double around = 2.0 * v - 1.0;
-        lfoToGainAmount_ = std::copysign(10.0 * around * around, around);
-        break;
-    }
-    case kFilterFreqByENVDefeat:
-        envToCutoffSwitch_ = state;
-        break;
-    case kFilterFreqByENV:
-        envToCutoffAmount_ = (2.0 * v - 1.0) * 0.5;
-        break;
-    case kGainByENVDefeat:
-        envelope_.setGainSwitch(v);
-        break;
-    case kGainByENV:
-        envelope_.setGainAmount(v);
-        break;
-    case kLimSoftSatRouting:
-        routing_ = selectorState(v);
-        break;
-    case kLimiterDefeat:
-        limiterSwitch_.target = state;
-        break;
-    case kLimiterTreshold:
-        limiter_.setLevel(v);
-        break;
-    case kSoftSatDefeat:
-        saturatorSwitch_.target = state;
-        saturator_.setOff(1 - state);
-        break;
-    case kSoftSatTreshold:
-        saturator_.setDrive(v);
-        break;
-    case kDryDefeat:
-        drySwitch_ = state;
-        break;
-    case kDry:
-        dryLevel_ = level(v);
-        break;
-    case kWetDefeat:
-        wetSwitch_ = state;
-        break;
-    case kWet:
-        wetLevel_ = level(v);
-        break;
-    case kModulationOnOff:
-        modulation_ = static_cast<int>(1.5 - v);
-        break;
-    default:
-        break;
-    }
+    set_[index] = normalised;
+    // What keeps the sample rate it was set at.
+    if (index == kLFOFilter || index == kLFOFreq)
+        lfo_.updateFilter();
+    if (index == kLFOFreq)
+        lfo_.updateRandomSmoothing();
+    if (index == kEnvAttack || index == kEnvAttackExtension)
+        envelope_.updateHoldLength();
 }
 
 void PlainEngine::setPhaseSync(bool isLocked, double phaseCycles) {
@@ -192,14 +53,14 @@ void PlainEngine::reset() {
 }
 
 void PlainEngine::reinitialise(std::uint32_t seed) {
-    updateLevels();
+    updateTargets();
     for (Glide* glide : {&process_, &dry_, &wet_, &cutoffBase_, &filterSwitch_, &limiterSwitch_,
                          &saturatorSwitch_})
         glide->snap(); // the input gain keeps ramping
     for (Stereo& stage : cutoffStages_)
         stage = {cutoffBase_.target, cutoffBase_.target};
-    lfoToGain_.value = lfoToGainAmount_; // these two without their switches: they ramp from here
-    envToCutoff_.value = envToCutoffAmount_;
+    lfoToGain_.value = lfoToGainAmount(); // these two without their switches: they ramp from here
+    envToCutoff_.value = envToCutoffAmount();
     envelope_.reinitialise();
     isPhaseLocked_ = false;
     syncPhase_ = 0.0;
@@ -226,18 +87,38 @@ void PlainEngine::process(const double* const* inputs, double* const* outputs, i
     }
 }
 
-void PlainEngine::updateLevels() {
-    wet_.target = wetSwitch_ * wetLevel_;
-    dry_.target = drySwitch_ * dryLevel_;
+double PlainEngine::lfoToGainAmount() const {
+    const double around = 2.0 * set_.of(kGainByLFO) - 1.0;
+    return std::copysign(10.0 * around * around, around);
+}
+
+double PlainEngine::envToCutoffAmount() const {
+    return (2.0 * set_.of(kFilterFreqByENV) - 1.0) * 0.5;
+}
+
+void PlainEngine::updateTargets() {
+    process_.target = 1.0 - set_.isOn(kPower);
+    inputGain_.target = static_cast<float>(std::pow(10.0, (48.0 * set_.of(kGain) - 24.0) / 20.0));
+    wet_.target = set_.isOn(kWetDefeat) * level(set_.of(kWet));
+    dry_.target = set_.isOn(kDryDefeat) * level(set_.of(kDry));
+    filterSwitch_.target = set_.state(kFilterPole) == 0 ? 0.0 : 1.0;
+    limiterSwitch_.target = set_.isOn(kLimiterDefeat);
+    saturatorSwitch_.target = set_.isOn(kSoftSatDefeat);
+    cutoffBase_.target = set_.of(kFilterCutoffFreq);
+    modulation_ = static_cast<int>(1.5 - set_.of(kModulationOnOff));
+    lfoToGain_.target = modulation_ * set_.isOn(kGainByLFODefeat) * lfoToGainAmount();
+    envToCutoff_.target = modulation_ * set_.isOn(kFilterFreqByENVDefeat) * envToCutoffAmount();
 }
 
 void PlainEngine::startBlock() {
-    updateLevels();
+    updateTargets();
+    envelope_.startBlock(modulation_);
+    lfo_.startBlock();
+    filter_.startBlock();
+    limiter_.startBlock();
+    saturator_.startBlock();
     if (isPhaseLocked_)
         lfo_.setPhases(syncPhase_ * 2047.0);
-    lfoToGain_.target = modulation_ * lfoToGainSwitch_ * lfoToGainAmount_;
-    envToCutoff_.target = modulation_ * envToCutoffSwitch_ * envToCutoffAmount_;
-    envelope_.startBlock(modulation_);
     tickOffset_ = 1e-36;
 }
 
@@ -267,20 +148,21 @@ Stereo PlainEngine::processFrame(const Stereo& host) {
     }
     dryPeak_ = std::max(dryPeak_, (std::abs(gained[0]) + std::abs(gained[1])) * 0.5);
 
-    const EnvelopeFrame envelope = envelope_.process(gained, lfo_.normalisedRate());
+    const EnvelopeFrame envelope = envelope_.process(gained, set_.of(kLFOFreq));
     envelopeMeter_ = envelope.level;
     const Stereo rawLfo = lfo_.process(envelope.lfoRateHz);
     const Stereo cutoffHz = cutoffs(rawLfo, envelope); // goes on while frozen
-    if (!isFrozen_)
+    if (set_.isOn(kFreez) == 0)
         used_ = {cutoffHz, lfo_.smoothed(), envelope.gain};
 
-    const Stereo wet = gainModulated(filtered(gained, used_.cutoffHz), envelope.lfoDepth, used_);
+    const Stereo wet = gainModulated(filtered(gained, used_.cutoffHz), envelope.lfoDepth);
     return blended(routed(wet, gained), raw, process_.value);
 }
 
 Stereo PlainEngine::cutoffs(const Stereo& rawLfo, const EnvelopeFrame& envelope) {
+    const double v = set_.of(kFilterFreqByLFO);
     const double lfoAmount =
-        modulation_ * lfoToCutoffSwitch_ * envelope.lfoDepth * lfoToCutoffDepth_;
+        modulation_ * set_.isOn(kFilterFreqByLFODefeat) * envelope.lfoDepth * (0.5 * v * v);
     const double offset = envelope.cutoffInput * envToCutoff_.value;
     Stereo result{};
     for (std::size_t c = 0; c < 2; ++c) {
@@ -300,15 +182,15 @@ Stereo PlainEngine::filtered(Stereo gained, const Stereo& cutoffHz) {
     return blended(gained, before, filterSwitch_.value);
 }
 
-Stereo PlainEngine::gainModulated(Stereo frame, double lfoDepth, const Modulation& used) const {
+Stereo PlainEngine::gainModulated(const Stereo& frame, double lfoDepth) {
     const double depth = lfoDepth * lfoToGain_.value;
     for (std::size_t c = 0; c < 2; ++c) {
         // 4.082988 is 1 / tanh(0.25): no modulation is unity.
-        const double gain =
-            std::max(0.0, 4.082988 * std::tanh(0.25 * std::pow(2.0, depth * used.lfo[c])));
-        frame[c] = frame[c] * gain * used.envelopeGain * envelope_.makeup();
+        const double byLfo =
+            std::max(0.0, 4.082988 * std::tanh(0.25 * std::pow(2.0, depth * used_.lfo[c])));
+        gain_[c] = byLfo * used_.envelopeGain * envelope_.makeup();
     }
-    return frame;
+    return {frame[0] * gain_[0], frame[1] * gain_[1]};
 }
 
 Stereo PlainEngine::routed(Stereo wet, const Stereo& dry) {
@@ -316,14 +198,15 @@ Stereo PlainEngine::routed(Stereo wet, const Stereo& dry) {
         return Stereo{wetLevel * wet[0] + dry_.value * dry[0],
                       wetLevel * wet[1] + dry_.value * dry[1]};
     };
-    if (routing_ == 0) { // before the wet level
+    const int routing = set_.state(kLimSoftSatRouting);
+    if (routing == 0) { // before the wet level
         limit(wet);
         saturate(wet);
         measureWet(wet);
         return mixed(wet_.value);
     }
     measureWet(wet);
-    if (routing_ == 1) { // behind the wet level
+    if (routing == 1) { // behind the wet level
         wet = {wet_.value * wet[0], wet_.value * wet[1]};
         limit(wet);
         saturate(wet);
@@ -362,9 +245,14 @@ MeterSnapshot PlainEngine::readMeters() {
     meters.lfoRight = lfo_.smoothed()[1];
     meters.limiterGain = limiterMeter_;
     meters.saturationLevel = saturator_.readMeter() * 0.251188643;
-    meters.lfoRateHz = 0.01 + 14.99 * lfo_.normalisedRate();
+    meters.lfoRateHz = 0.01 + 14.99 * set_.of(kLFOFreq);
     envelopeMeter_ = dryPeak_ = wetPeak_ = 0.0;
     return meters;
+}
+
+ModulationState PlainEngine::modulation() const {
+    return {used_.cutoffHz[0],  used_.cutoffHz[1], used_.lfo[0], used_.lfo[1],
+            used_.envelopeGain, gain_[0],          gain_[1]};
 }
 
 } // namespace pedl::reference

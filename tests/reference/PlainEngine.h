@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/MeterSnapshot.h"
+#include "engine/ModFilterEngine.h"
 #include "tests/reference/PlainEnvelope.h"
 #include "tests/reference/PlainFilter.h"
 #include "tests/reference/PlainLfo.h"
@@ -15,10 +15,11 @@ namespace pedl::reference {
 class PlainEngine {
 public:
     explicit PlainEngine(std::uint32_t seed);
+    PlainEngine(const PlainEngine&) = delete; // its parts read one `set_`
+    PlainEngine& operator=(const PlainEngine&) = delete;
 
-    /// A parameter that the sound depends on; the others and foreign indices are ignored. The dry
-    /// and wet levels are those in force, the LFO's rate the one that tempo sync has left, and
-    /// after the release the caller applies the attack again.
+    /// The dry and wet levels are those in force, the LFO's rate the one that tempo sync has left,
+    /// and after the release the caller applies the attack again.
     void setParameter(int index, float normalised);
     void setPhaseSync(bool isLocked, double phaseCycles);
 
@@ -28,6 +29,7 @@ public:
 
     void process(const double* const* inputs, double* const* outputs, int frames);
     MeterSnapshot readMeters();
+    [[nodiscard]] ModulationState modulation() const;
 
 private:
     struct Modulation {
@@ -36,23 +38,26 @@ private:
         double envelopeGain = 1.0;
     };
 
-    void updateLevels();
+    [[nodiscard]] double lfoToGainAmount() const;
+    [[nodiscard]] double envToCutoffAmount() const;
+    void updateTargets();
     void startBlock();
     void tick();
     Stereo processFrame(const Stereo& raw);
     Stereo cutoffs(const Stereo& rawLfo, const EnvelopeFrame& envelope);
     Stereo filtered(Stereo gained, const Stereo& cutoffHz);
-    [[nodiscard]] Stereo gainModulated(Stereo frame, double lfoDepth, const Modulation& used) const;
+    Stereo gainModulated(const Stereo& frame, double lfoDepth);
     Stereo routed(Stereo wet, const Stereo& dry);
     void limit(Stereo& frame);
     void saturate(Stereo& frame);
     void measureWet(const Stereo& frame);
 
-    PlainEnvelope envelope_;
+    Settings set_;
+    PlainEnvelope envelope_{set_};
     PlainLfo lfo_;
-    PlainFilter filter_;
-    PlainLimiter limiter_;
-    PlainSaturator saturator_;
+    PlainFilter filter_{set_};
+    PlainLimiter limiter_{set_};
+    PlainSaturator saturator_{set_};
     std::vector<double> cutoffTable_;
 
     double sampleRateHz_ = 44100.0;
@@ -64,13 +69,9 @@ private:
     Glide filterSwitch_, limiterSwitch_, saturatorSwitch_;
     Glide cutoffBase_, lfoToGain_, envToCutoff_;
     Stereo cutoffStages_[3] = {};
-    double dryLevel_ = 1.0, wetLevel_ = 1.0;
-    int drySwitch_ = 0, wetSwitch_ = 1, routing_ = 0;
-    int modulation_ = 1, lfoToCutoffSwitch_ = 0, lfoToGainSwitch_ = 0, envToCutoffSwitch_ = 0;
-    double lfoToCutoffDepth_ = 0.0, lfoToGainAmount_ = 0.0, envToCutoffAmount_ = 0.0;
-
-    bool isFrozen_ = false;
+    int modulation_ = 1;
     Modulation used_; // what the last frame without freeze left
+    Stereo gain_{1.0, 1.0};
     bool isPhaseLocked_ = false;
     double syncPhase_ = 0.0;
 

@@ -23,105 +23,51 @@ constexpr std::array<ShapeKnot, 14> kShape{{{0.0, 0.733, 10000.0},
                                             {0.999, 1.145, 1.35},
                                             {1.0, 1.238, 1.238}}};
 
+/// What the two smoothers run slower by, by the attack's shape.
+std::array<double, 2> stretches(double shape) {
+    std::size_t i = 0;
+    while (kShape[i + 1].input < shape)
+        ++i;
+    const ShapeKnot &low = kShape[i], &high = kShape[i + 1];
+    const double share = (shape - low.input) / (high.input - low.input);
+    return {low.first + (high.first - low.first) * share,
+            low.second + (high.second - low.second) * share};
+}
+
 } // namespace
 
-void PlainEnvelope::setSampleRate(double sampleRateHz) {
-    sampleRateHz_ = sampleRateHz;
-    setShape(shapeInput_); // the hold keeps its length in frames
-}
-
-void PlainEnvelope::setThresholdMode(double normalised) {
-    mode_ = static_cast<Mode>(selectorState(normalised));
-    updateDepth();
-    updateExponent();
-}
-
-void PlainEnvelope::setThreshold(double normalised) {
-    threshold_ = std::pow(63096.0, 1.0 - normalised);
-    gainFloor_ = 0.248 - (63096.0 - threshold_) * 0.183 / 63096.0;
-    updateExponent();
-}
-
-void PlainEnvelope::setAttack(float normalised) {
-    const float a = std::pow(normalised, 0.722F);
-    const float t = std::pow(2000.0F, a);
-    attackMs_ = t;
-    updateCoefficients();
-    setShape(2.0F * a);
-    const float holdMs =
-        7.279e-8F * t * t * t - 0.0002075F * t * t + 0.2643F * t + 0.3773F - 0.64139F;
-    holdMs_ = std::max(0.0F, holdMs);
-    updateHoldLength();
-}
-
-void PlainEnvelope::setExtension(double normalised) {
-    extension_ = normalised <= 0.5 ? 2.0 * normalised : 6.0 * normalised - 2.0;
-    updateHoldLength();
-}
-
-void PlainEnvelope::setRelease(double normalised) {
-    releaseMs_ = 3.0 * std::pow(1000.0, std::pow(normalised, 0.585));
-    updateCoefficients();
-}
-
-void PlainEnvelope::setRange(double normalised) {
-    rangeOther_.target = 3.0 * normalised * normalised;
-    rangeBelow_.target = 3.0 * std::sqrt(normalised);
-}
-
-void PlainEnvelope::setDepthSwitch(double normalised) {
-    depthSwitch_ = switchState(normalised);
-    updateDepth();
-}
-
-void PlainEnvelope::setDepthAmount(double normalised) {
-    depthAmount_ = normalised;
-    updateDepth();
-}
-
-void PlainEnvelope::setGainSwitch(double normalised) {
-    gainSwitch_ = switchState(normalised);
-    updateExponent();
-}
-
-void PlainEnvelope::setGainAmount(double normalised) {
-    gainAmount_ = normalised;
-    updateExponent();
-}
-
-void PlainEnvelope::setShape(double input) {
-    const double u = std::min(input, 1.0);
-    shapeInput_ = u;
-    for (std::size_t i = 0; i + 1 < kShape.size(); ++i) {
-        const ShapeKnot &low = kShape[i], &high = kShape[i + 1];
-        if (low.input <= u && u <= high.input) {
-            const double share = (u - low.input) / (high.input - low.input);
-            shape_[0] = low.first + (high.first - low.first) * share;
-            shape_[1] = low.second + (high.second - low.second) * share;
-            break;
-        }
-    }
-    updateCoefficients();
-}
-
-void PlainEnvelope::updateCoefficients() {
-    for (int j = 0; j < 2; ++j) {
-        const double perMs = -kPi * shape_[j] * 1000.0;
-        attack_[j] = 1.0 - std::exp(perMs / (static_cast<double>(attackMs_) * sampleRateHz_));
-        release_[j] = 1.0 - std::exp(perMs / (releaseMs_ * sampleRateHz_));
-    }
+float PlainEnvelope::bentAttack() const {
+    return std::pow(static_cast<float>(set_.of(kEnvAttack)), 0.722F);
 }
 
 void PlainEnvelope::updateHoldLength() {
-    holdFrames_ = static_cast<std::int32_t>(holdMs_ * extension_ * 0.001 * sampleRateHz_);
+    const float t = std::pow(2000.0F, bentAttack());
+    const float holdMs =
+        7.279e-8F * t * t * t - 0.0002075F * t * t + 0.2643F * t + 0.3773F - 0.64139F;
+    const double v = set_.of(kEnvAttackExtension);
+    const double extension = v <= 0.5 ? 2.0 * v : 6.0 * v - 2.0;
+    holdFrames_ = static_cast<std::int32_t>(static_cast<double>(std::max(0.0F, holdMs)) *
+                                            extension * 0.001 * sampleRateHz_);
+}
+
+void PlainEnvelope::updateCoefficients() {
+    const float a = bentAttack();
+    const double attackMs = static_cast<double>(std::pow(2000.0F, a));
+    const double releaseMs = 3.0 * std::pow(1000.0, std::pow(set_.of(kEnvRelease), 0.585));
+    const auto shape = stretches(std::min(static_cast<double>(2.0F * a), 1.0));
+    for (std::size_t j = 0; j < 2; ++j) {
+        const double perMs = -kPi * shape[j] * 1000.0;
+        attack_[j] = 1.0 - std::exp(perMs / (attackMs * sampleRateHz_));
+        release_[j] = 1.0 - std::exp(perMs / (releaseMs * sampleRateHz_));
+    }
 }
 
 void PlainEnvelope::updateDepth() {
     depthSlope_.target = 0.0;
     depthBase_.target = 1.0;
-    if (depthSwitch_ == 0)
+    if (set_.isOn(kDepthLFOByEnvDefeat) == 0)
         return;
-    const double b = 2.0 * depthAmount_ - 1.0;
+    const double b = 2.0 * set_.of(kDepthLFOByEnv) - 1.0;
     if (b < 0.0) {
         depthSlope_.target = -4.0 * std::pow(std::abs(b), 1.4);
     } else {
@@ -130,25 +76,27 @@ void PlainEnvelope::updateDepth() {
     }
 }
 
-void PlainEnvelope::updateExponent() {
-    const double rest = 1.0 - gainAmount_;
-    rawExponent_ = gainSwitch_ == 0 ? 1.0 : 1.0 / (0.5 * std::pow(4.0, 2.0 * rest * rest));
+void PlainEnvelope::startBlock(double modulation) {
+    updateCoefficients();
+    updateDepth();
+    threshold_ = std::pow(63096.0, 1.0 - set_.of(kEnvThreshold));
+    const double range = set_.of(kEnvRange);
+    rangeOther_.target = 3.0 * range * range;
+    rangeBelow_.target = 3.0 * std::sqrt(range);
+    const double rest = 1.0 - set_.of(kGainByENV);
+    const double exponent =
+        set_.isOn(kGainByENVDefeat) == 0 ? 1.0 : 1.0 / (0.5 * std::pow(4.0, 2.0 * rest * rest));
+    exponent_.target = modulation * exponent + (1.0 - modulation);
 }
 
 void PlainEnvelope::reinitialise() {
-    rangeOther_.snap();
-    rangeBelow_.snap();
-    depthSlope_.snap();
-    depthBase_.snap();
-    exponent_.value = rawExponent_; // whatever the modulation switch says: it ramps from here
-    stage1_ = stage2_ = mode_ == Above ? 1.0 : mode_ == Below ? 0.0 : 0.5;
+    startBlock(1.0); // whatever the modulation switch says: the exponent ramps from here
+    for (Glide* glide : {&rangeOther_, &rangeBelow_, &depthSlope_, &depthBase_, &exponent_})
+        glide->snap();
+    stage1_ = stage2_ = mode() == Above ? 1.0 : mode() == Below ? 0.0 : 0.5;
     held_ = 0.0;
     sinceHeld_ = 0;
     makeup_ = 1.0;
-}
-
-void PlainEnvelope::startBlock(double modulation) {
-    exponent_.target = modulation * rawExponent_ + (1.0 - modulation);
 }
 
 void PlainEnvelope::tick(double slow, double offset) {
@@ -160,11 +108,11 @@ void PlainEnvelope::tick(double slow, double offset) {
 
 void PlainEnvelope::updateMakeup() {
     makeup_ = 1.0;
-    if (mode_ == Below)
+    if (mode() == Below)
         return;
     const double range = rangeOther_.target;
-    const double base = mode_ == Above ? (std::max(1.0, threshold_ * 0.25) - 1.0) * range + 1.0
-                                       : (threshold_ * 0.25 - 0.5) * range + 1.0;
+    const double base = mode() == Above ? (std::max(1.0, threshold_ * 0.25) - 1.0) * range + 1.0
+                                        : (threshold_ * 0.25 - 0.5) * range + 1.0;
     const double gain = base / std::pow(base, exponent_.value);
     // A squeezing setting is made good by the fourth root only: it is meant to sound quieter.
     makeup_ =
@@ -188,9 +136,9 @@ void PlainEnvelope::hold(double power) {
 
 EnvelopeFrame PlainEnvelope::process(const Stereo& gained, double normalisedLfoRate) {
     double power = (gained[1] * gained[1] + gained[0] * gained[0]) * 0.707 * threshold_;
-    if (mode_ == Above)
+    if (mode() == Above)
         power = std::max(1.0, power);
-    if (mode_ == Below)
+    if (mode() == Below)
         power = std::min(1.0, power);
     hold(power);
 
@@ -201,17 +149,18 @@ EnvelopeFrame PlainEnvelope::process(const Stereo& gained, double normalisedLfoR
 
     EnvelopeFrame frame;
     double gainBase = 1.0;
-    if (mode_ == Above) {
+    if (mode() == Above) {
         const double x = std::max((r - 1.0) * rangeOther_.value + 1.0 - 0.0001, 0.0) + 0.0001;
         frame.level = std::log10(x);
         frame.cutoffInput = frame.level;
         gainBase = x;
-    } else if (mode_ == Below) {
+    } else if (mode() == Below) {
+        const double gainFloor = 0.248 - (63096.0 - threshold_) * 0.183 / 63096.0;
         const double z = (r - 1.0) * rangeBelow_.value + 2.0001 - 0.0002;
         const double x = (std::max(z, 0.0) + 0.0002) * 0.5;
         frame.level = -std::log10(x);
         frame.cutoffInput = std::log10(x); // falls with the level, unlike the other three outputs
-        gainBase = std::max(x, gainFloor_);
+        gainBase = std::max(x, gainFloor);
     } else {
         const double y = std::max(r - 0.1, 0.0) + 0.1;
         frame.level = std::log10(y) * rangeOther_.value;

@@ -61,8 +61,8 @@ std::vector<double> splineAtEveryHertz(const std::array<double, kKnots>& values)
 
 } // namespace
 
-PlainFilter::PlainFilter()
-    : highExponent_(splineAtEveryHertz(kHighExponent)),
+PlainFilter::PlainFilter(const Settings& settings)
+    : set_(settings), highExponent_(splineAtEveryHertz(kHighExponent)),
       lowExponent_(splineAtEveryHertz(kLowExponent)) {
     lowExponent_[0] = 0.0;
     setSampleRate(sampleRateHz_);
@@ -74,9 +74,6 @@ void PlainFilter::setSampleRate(double sampleRateHz) {
     sampleRateHz_ = isUsable ? sampleRateHz : 44100.0;
     glideFrames_ = static_cast<int>(sampleRateHz_ * 15.0 / 1000.0);
     smoothing_ = 1.0 - std::exp(-20.0 * kPi / sampleRateHz_);
-    updateSaturationScale();
-    setType(type_.target);
-    setResonance(resonance_);
     sine_.resize(kTrigSteps + 1);
     cosine_.resize(kTrigSteps + 1);
     for (int i = 0; i <= kTrigSteps; ++i) {
@@ -86,33 +83,20 @@ void PlainFilter::setSampleRate(double sampleRateHz) {
     }
 }
 
-void PlainFilter::setType(double normalised) {
-    type_.target = std::clamp(normalised, 0.0, 1.0);
-}
-
-void PlainFilter::setResonance(double normalised) {
-    resonance_ = std::clamp(normalised, 0.0, 1.0);
-    q_.target =
-        slope_.target != 0.0 ? 0.5 * std::pow(10.0, resonance_) : 0.3 * std::pow(100.0, resonance_);
-}
-
-void PlainFilter::setSlope(int is24Db) {
-    slope_.target = is24Db != 0 ? 1.0 : 0.0;
-    updateSaturationScale();
-    setResonance(resonance_);
-}
-
-void PlainFilter::setSaturation(double normalised) {
-    saturation_ = normalised * 3.999 * 0.5 + 0.001;
-    updateSaturationScale();
-}
-
-void PlainFilter::updateSaturationScale() {
-    const double strength = slope_.target != 0.0 ? 4.8 : 0.9;
-    saturationScale_ = saturation_ * strength * 0.441 / sampleRateHz_;
+void PlainFilter::startBlock() {
+    const double v = set_.of(kFilterType);
+    type_.target = v >= 0.5 ? 0.5 + 0.5 * std::pow(2.0 * (v - 0.5), 0.65)
+                            : 0.5 - 0.5 * std::pow(2.0 * (0.5 - v), 0.65);
+    const bool is24Db = set_.state(kFilterPole) == 2;
+    slope_.target = is24Db ? 1.0 : 0.0;
+    const double resonance = set_.of(kFilterReso);
+    q_.target = is24Db ? 0.5 * std::pow(10.0, resonance) : 0.3 * std::pow(100.0, resonance);
+    const double saturation = set_.of(kFilterSaturation) * 3.999 * 0.5 + 0.001;
+    saturationScale_ = saturation * (is24Db ? 4.8 : 0.9) * 0.441 / sampleRateHz_;
 }
 
 void PlainFilter::reset() {
+    startBlock();
     q_.snap();
     slope_.snap();
     type_.snap();

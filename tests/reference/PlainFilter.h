@@ -9,14 +9,11 @@ namespace pedl::reference {
 /// Multimode filter, frame by frame: morphing zeros, one or two stages, a clip in each recursion.
 class PlainFilter {
 public:
-    PlainFilter();
+    explicit PlainFilter(const Settings& settings);
 
     void setSampleRate(double sampleRateHz);
-    void setType(double normalised);
-    void setResonance(double normalised);
-    void setSlope(int is24Db);
-    void setSaturation(double normalised);
     void reset();
+    void startBlock();
     void process(Stereo& frame, const Stereo& cutoffHz);
 
 private:
@@ -27,17 +24,16 @@ private:
         double inputScale, numeratorScale, b0, b1, b2, a1, a2, clipScale;
     };
 
-    void updateSaturationScale();
     void moveZeros(std::size_t channel, double cutoffHz);
     [[nodiscard]] Coefficients coefficients(std::size_t channel, double cutoffHz) const;
     static double runStage(Stage& stage, const Coefficients& k, double input);
 
+    const Settings& set_;
     double sampleRateHz_ = 44100.0;
     int glideFrames_ = 661;
     double smoothing_ = 1.0; // 10 Hz
     Glide type_, q_{0.3, 0.3}, slope_;
-    double resonance_ = 0.0;
-    double saturation_ = 0.001, saturationScale_ = 0.0;
+    double saturationScale_ = 0.0;
     std::array<Stereo, 2> zeros_{}; // per channel z1, z2
     std::array<std::array<Stage, 2>, 2> stages_{};
     std::vector<double> highExponent_, lowExponent_; // one entry a hertz

@@ -44,7 +44,7 @@ void advance(double& phase, double increment) {
 
 } // namespace
 
-PlainLfo::PlainLfo(std::uint32_t seed) {
+PlainLfo::PlainLfo(const Settings& settings, std::uint32_t seed) : set_(settings) {
     fillWaves();
     fillRandom(seed);
 }
@@ -81,34 +81,21 @@ void PlainLfo::fillRandom(std::uint32_t seed) {
     }
 }
 
-void PlainLfo::setFilter(double normalised) {
-    filter_ = normalised;
-    updateFilter();
-}
-
-void PlainLfo::setWidth(double normalised) {
-    width_ = 0.125 * std::pow(64.0, 1.0 - normalised);
-}
-
-void PlainLfo::setRate(double normalised) {
-    normalisedRate_ = normalised;
-    updateFilter();
-    updateRandomSmoothing();
-}
-
-void PlainLfo::setSpread(double normalised) {
-    const double offset = 1.0 - 2.0 * normalised;
+void PlainLfo::startBlock() {
+    width_ = 0.125 * std::pow(64.0, 1.0 - set_.of(kLFOWidth));
+    const double offset = 1.0 - 2.0 * set_.of(kLFOSpread);
     spread_.target = std::copysign(offset * offset, offset);
 }
 
 void PlainLfo::updateFilter() {
-    const double cornerHz = 10.0 * std::pow(10.0, 1.0 - filter_) + 15.0 * normalisedRate_;
+    const double cornerHz =
+        10.0 * std::pow(10.0, 1.0 - set_.of(kLFOFilter)) + 15.0 * set_.of(kLFOFreq);
     filterCoefficient_ = 1.0 - std::exp(-2.0 * kPi * cornerHz / sampleRateHz_);
 }
 
 void PlainLfo::updateRandomSmoothing() {
     const double omega =
-        2.0 * kPi * (2.0 * 1.41) * (0.01 + 14.99 * normalisedRate_) / sampleRateHz_;
+        2.0 * kPi * (2.0 * 1.41) * (0.01 + 14.99 * set_.of(kLFOFreq)) / sampleRateHz_;
     const double alpha = std::sin(omega) / 0.4;
     const double a0 = 1.0 + alpha;
     a1_ = -2.0 * std::cos(omega) / a0;
@@ -118,9 +105,11 @@ void PlainLfo::updateRandomSmoothing() {
 }
 
 void PlainLfo::reinitialise(std::uint32_t seed) {
+    startBlock();
     spread_.snap();
     setPhases(0.0);
-    setRate(normalisedRate_);
+    updateFilter();
+    updateRandomSmoothing();
     fillRandom(seed);
     smoothed_ = {-1.0, -1.0};
 }
@@ -154,7 +143,7 @@ double PlainLfo::squared(double u) const {
 Stereo PlainLfo::rawWaves() const {
     const std::size_t left = wrapped(phase_);
     const std::size_t right = wrapped(phase_ + spread_.value * 1024.0);
-    switch (wave_) {
+    switch (wave()) {
     case Triangle:
         return {skewed(triangle_[left]), skewed(triangle_[right])};
     case SawUp:
@@ -188,15 +177,16 @@ Stereo PlainLfo::process(double rateHz) {
 
     const double phaseScale = kSteps / sampleRateHz_;
     double increment = 0.0, randomIncrement = 0.0;
-    if (isSlowRandom_) {
-        increment = ((1.0 - randomAmount_) * (1.0 - step) + step) * rateHz * phaseScale;
+    const double amount = set_.of(kLFORndmization);
+    if (set_.isOn(kLFORndmizationType) != 0) {
+        increment = ((1.0 - amount) * (1.0 - step) + step) * rateHz * phaseScale;
         randomIncrement = 0.625 / sampleRateHz_;
     } else {
         const double moved = rateHz * roughPowerOf16(y) * 0.25 - rateHz;
-        increment = (rateHz + randomAmount_ * moved) * phaseScale;
+        increment = (rateHz + amount * moved) * phaseScale;
         randomIncrement = 8.0 / sampleRateHz_ * rateHz;
     }
-    if (wave_ == Random)
+    if (wave() == Random)
         randomIncrement = 4.0 / sampleRateHz_ * rateHz;
 
     const Stereo raw = rawWaves();

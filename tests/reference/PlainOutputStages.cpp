@@ -2,8 +2,8 @@
 
 namespace pedl::reference {
 
-void PlainLimiter::setLevel(double normalised) {
-    const double db = (1.0 - std::pow(normalised, 1.5145731728)) * 30.0 - 21.0;
+void PlainLimiter::startBlock() {
+    const double db = (1.0 - std::pow(set_.of(kLimiterTreshold), 1.5145731728)) * 30.0 - 21.0;
     drive_.target = 1.0 / std::pow(10.0, db / 20.0);
 }
 
@@ -17,6 +17,7 @@ void PlainLimiter::setSampleRate(double sampleRateHz) {
 }
 
 void PlainLimiter::reset() {
+    startBlock();
     gain_ = 1.0;
     drive_.snap();
     envelope_ = 0.0;
@@ -37,13 +38,14 @@ void PlainLimiter::process(Stereo& frame) {
     frame[1] *= gain_;
 }
 
-void PlainSaturator::setDrive(double normalised) {
-    const double db = std::pow(normalised, 1.3219280949) * 30.0 - 12.0;
+void PlainSaturator::startBlock() {
+    const double db = std::pow(set_.of(kSoftSatTreshold), 1.3219280949) * 30.0 - 12.0;
     drive_.target = std::pow(10.0, db / 20.0);
 }
 
 void PlainSaturator::setSampleRate(double sampleRateHz) {
     peak_ = 0.0;
+    startBlock();
     drive_.snap();
     smoothing_ = 1.0 - std::exp(-10.0 * kPi / sampleRateHz);
 }
@@ -56,7 +58,7 @@ void PlainSaturator::process(Stereo& frame) {
 }
 
 double PlainSaturator::readMeter() {
-    const double peak = isOff_ != 0 ? 0.0 : peak_;
+    const double peak = set_.isOn(kSoftSatDefeat) == 0 ? 0.0 : peak_;
     peak_ = 0.0;
     return peak;
 }

@@ -2,7 +2,10 @@
 
 namespace pedl::reference {
 
-const ProgramValues kDefaultProgram{
+namespace {
+
+/// What every new instance plays.
+constexpr std::array<float, kNumParams> kDefaultProgram{
     0.0F,      0.5F,      0.0F, 0.0F, 0.0F, 0.5F, 0.5F, 0.0F,      0.066044F, 0.290323F,
     0.179487F, 0.0F,      0.0F, 0.5F, 0.0F, 0.5F, 0.0F, 0.5F,      0.0F,      1.0F,
     0.300797F, 0.566642F, 0.0F, 1.0F, 0.0F, 0.5F, 0.0F, 0.5F,      0.67191F,  0.5F,
@@ -10,8 +13,7 @@ const ProgramValues kDefaultProgram{
     0.0F,      0.0F,      1.0F, 0.5F, 1.0F, 0.5F, 0.0F, 0.5F,      0.5F,      1.0F,
     0.5F,      0.5F,      0.0F, 0.0F, 0.0F, 0.0F};
 
-namespace {
-
+/// Whole notes in an LFO cycle.
 struct Division {
     int numerator, denominator;
 };
@@ -43,72 +45,51 @@ void PlainPedlFilter::setParameter(int index, float normalised) {
     if (!isParameter(index))
         return;
     const float value = normalised > 0.0F ? std::min(normalised, 1.0F) : 0.0F;
-    const double v = static_cast<double>(value);
     if (index == kDry || index == kWet) {
         setLevel(index, index == kDry ? kDryGlobal : kWetGlobal, value);
         return;
     }
-    held(index) = value;
+    values_[index] = value;
     engine_.setParameter(index, value);
-    switch (index) {
-    case kLFOSyncMode:
-        syncMode_ = selectorState(v) * 0.5;
-        break;
-    case kLFOSynchroRate: {
-        const Division division = kDivisions.at(static_cast<std::size_t>(31.0 * v));
-        numerator_ = division.numerator;
-        denominator_ = division.denominator;
+    if (index == kLFOSynchroRate)
         updateTempoSync();
-        break;
-    }
-    case kTempoSetup:
-        manualTempoBpm_ = 15.0 + 585.0 * v;
-        break;
-    case kEnvRelease:
-        engine_.setParameter(kEnvAttack, held(kEnvAttack));
-        break;
-    case kDryGlobal:
-    case kWetGlobal:
-    case kDryWetGlobal:
-        isBankWide_ = switchState(held(kDryWetGlobal)) != 0;
-        engine_.setParameter(kDry, held(isBankWide_ ? kDryGlobal : kDry));
-        engine_.setParameter(kWet, held(isBankWide_ ? kWetGlobal : kWet));
-        break;
-    default:
-        break;
+    if (index == kEnvRelease)
+        engine_.setParameter(kEnvAttack, values_[kEnvAttack]);
+    if (index == kDryGlobal || index == kWetGlobal || index == kDryWetGlobal) {
+        engine_.setParameter(kDry, values_[isBankWide() ? kDryGlobal : kDry]);
+        engine_.setParameter(kWet, values_[isBankWide() ? kWetGlobal : kWet]);
     }
 }
 
 void PlainPedlFilter::setLevel(int index, int bankWideIndex, float normalised) {
-    held(isBankWide_ && !isLoading_ ? bankWideIndex : index) = normalised;
+    values_[isBankWide() && !isLoading_ ? bankWideIndex : index] = normalised;
     engine_.setParameter(index, normalised);
 }
 
 void PlainPedlFilter::updateTempoSync() {
-    if (!time_) {
+    const int mode = values_.state(kLFOSyncMode); // free, manual tempo, host
+    if (!time_ || mode == 0) {
         engine_.setPhaseSync(false, 0.0);
         return;
     }
-    const bool followsHost = syncMode_ == 1.0 && time_->tempoBpm.has_value();
-    const double tempo = followsHost ? std::clamp(*time_->tempoBpm, 15.0, 600.0) : manualTempoBpm_;
-    if (syncMode_ == 0.0) {
-        engine_.setPhaseSync(false, 0.0);
-        return;
-    }
-    const double rateHz = denominator_ * tempo / (numerator_ * 240.0);
-    const double normalised = std::clamp((rateHz - 0.01) / 14.99, 0.0, 1.0);
-    if (held(kLFOFreq) != static_cast<float>(normalised)) { // else its filters stay as they are
-        held(kLFOFreq) = static_cast<float>(normalised);
-        engine_.setParameter(kLFOFreq, held(kLFOFreq));
+    const Division division =
+        kDivisions.at(static_cast<std::size_t>(31.0 * values_.of(kLFOSynchroRate)));
+    const bool followsHost = mode == 2 && time_->tempoBpm.has_value();
+    const double tempo = followsHost ? std::clamp(*time_->tempoBpm, 15.0, 600.0)
+                                     : 15.0 + 585.0 * values_.of(kTempoSetup);
+    const double rateHz = division.denominator * tempo / (division.numerator * 240.0);
+    const auto normalised = static_cast<float>(std::clamp((rateHz - 0.01) / 14.99, 0.0, 1.0));
+    if (values_[kLFOFreq] != normalised) { // else its filters stay as they are
+        values_[kLFOFreq] = normalised;
+        engine_.setParameter(kLFOFreq, normalised);
     }
 
-    if (syncMode_ == 1.0 && time_->positionQuarters) {
-        const double cycles =
-            std::fmod(*time_->positionQuarters, numerator_ * 4.0) * (rateHz * 60.0 / tempo);
-        engine_.setPhaseSync(followsHost, cycles - std::trunc(cycles));
-    } else {
-        engine_.setPhaseSync(false, 0.0);
-    }
+    double cycles = 0.0;
+    if (time_->positionQuarters)
+        cycles =
+            std::fmod(*time_->positionQuarters, division.numerator * 4.0) * (rateHz * 60.0 / tempo);
+    const bool isLocked = followsHost && time_->positionQuarters.has_value();
+    engine_.setPhaseSync(isLocked, cycles - std::trunc(cycles));
 }
 
 void PlainPedlFilter::process(const double* const* inputs, double* const* outputs, int frames) {

@@ -1,17 +1,11 @@
 #pragma once
 
-#include "parameters/ParameterIndex.h"
 #include "tests/reference/PlainEngine.h"
 
 #include <array>
 #include <optional>
 
 namespace pedl::reference {
-
-using ProgramValues = std::array<float, kNumParams>;
-
-/// What every new instance plays.
-extern const ProgramValues kDefaultProgram;
 
 /// What a host knows of its transport when asked.
 struct HostTime {
@@ -32,7 +26,7 @@ public:
     void setParameter(int index, float normalised);
     /// The held value; tempo sync moves the one of the LFO's rate.
     [[nodiscard]] float parameter(int index) const {
-        return values_.at(static_cast<std::size_t>(index));
+        return values_.normalised.at(static_cast<std::size_t>(index));
     }
 
     /// What the host answers from now on; nothing when it has no time record.
@@ -42,21 +36,16 @@ public:
     void resume(double hostRateHz, std::uint32_t seed);
 
     void process(const double* const* inputs, double* const* outputs, int frames);
-    MeterSnapshot readMeters() { return engine_.readMeters(); }
 
 private:
-    float& held(int index) { return values_.at(static_cast<std::size_t>(index)); }
     void setLevel(int index, int bankWideIndex, float normalised);
+    [[nodiscard]] bool isBankWide() const { return values_.isOn(kDryWetGlobal) != 0; }
     void updateTempoSync();
 
     PlainEngine engine_;
-    ProgramValues values_{};
+    Settings values_;
     bool isLoading_ = false;
-    bool isBankWide_ = false;
     std::optional<HostTime> time_;
-    double syncMode_ = 0.0;
-    double manualTempoBpm_ = 120.0;
-    int numerator_ = 1, denominator_ = 1; // whole notes in an LFO cycle
 };
 
 } // namespace pedl::reference

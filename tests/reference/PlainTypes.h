@@ -1,5 +1,7 @@
 #pragma once
 
+#include "parameters/ParameterIndex.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -23,15 +25,20 @@ inline double flushed(double value) {
     return (value + 1e-36) - 1e-36;
 }
 
-/// A two-state switch: 0 below the middle, 1 from it on.
-inline int switchState(double normalised) {
-    return static_cast<int>(normalised + 0.5);
-}
+/// What every parameter is set to. The parts read what they need when a block begins; nothing that
+/// follows from a value is kept, but for what keeps the sample rate it was set at.
+struct Settings {
+    std::array<float, kNumParams> normalised{};
 
-/// A three-state selector: 0, 1 or 2.
-inline int selectorState(double normalised) {
-    return static_cast<int>(2.0 * normalised + 0.5);
-}
+    float& operator[](int index) { return normalised.at(static_cast<std::size_t>(index)); }
+    [[nodiscard]] double of(int index) const {
+        return static_cast<double>(normalised.at(static_cast<std::size_t>(index)));
+    }
+    /// A two-state switch: 0 below the middle, 1 from it on.
+    [[nodiscard]] int isOn(int index) const { return static_cast<int>(of(index) + 0.5); }
+    /// A three-state selector: 0, 1 or 2.
+    [[nodiscard]] int state(int index) const { return static_cast<int>(2.0 * of(index) + 0.5); }
+};
 
 /// A power whose base may have been rounded to a hair below zero.
 inline double powerFromZero(double base, double exponent) {
