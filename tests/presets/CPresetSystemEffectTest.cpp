@@ -50,23 +50,6 @@ TEST_F(PresetSystem, ValuesOutOfRangeStayInTheSlotAndAreNotApplied) {
     EXPECT_TRUE(std::isnan(effect.bank().value(3, kLFOType)));
 }
 
-TEST_F(PresetSystem, AnEditIsWrittenIntoTheCurrentSlotAlone) {
-    effect.setParameter(kGain, 0.7F);
-    effect.selectProgram(5);
-    EXPECT_EQ(effect.getParameter(kGain), 0.5F);
-    effect.selectProgram(0);
-    EXPECT_EQ(effect.getParameter(kGain), 0.7F);
-}
-
-TEST_F(PresetSystem, StartTakesTheSnapshotAndPlaysTheFirstProgram) {
-    effect.startPresetSystem();
-    EXPECT_EQ(journal.count("wait 100"), 1);
-    effect.setParameter(kGain, 0.7F);
-    effect.storeSnapshot(12);
-    EXPECT_EQ(nameText(effect.bank().name(12)), "Default");
-    EXPECT_EQ(effect.bank().value(12, kGain), 0.5F);
-}
-
 TEST_F(PresetSystem, HostAndViewRenameTheCurrentProgramAndTellEachOther) {
     effect.setView(&journal.view);
     effect.selectProgram(4);
