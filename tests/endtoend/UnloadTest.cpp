@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
 #include <malloc.h>
 #include <memory>
@@ -48,18 +49,6 @@ bool isMapped(const std::string& libraryPath) {
     return false;
 }
 
-/// Memory that this process has to itself, pages counted by the kernel. What the heap only keeps
-/// for later is given back first.
-double privateBytes() {
-    malloc_trim(0);
-    std::ifstream smaps("/proc/self/smaps_rollup");
-    double kibibytes = 0.0;
-    for (std::string line; std::getline(smaps, line);)
-        if (line.starts_with("Private_Dirty:") || line.starts_with("Private_Clean:"))
-            kibibytes += std::stod(line.substr(line.find(':') + 1));
-    return kibibytes * 1024.0;
-}
-
 double allocatedBytes() {
     const struct mallinfo2 info = mallinfo2();
     return static_cast<double>(info.uordblks + info.hblkhd);
@@ -67,9 +56,9 @@ double allocatedBytes() {
 
 /// Bytes that stay allocated for each call of `round`. A thread's cache of freed blocks counts as
 /// allocated and goes with the thread, so the calls are made in one of their own.
-double leftBehindBy(void (*round)(), int rounds) {
-    const auto inThread = [round](int count) {
-        std::thread([round, count] {
+double leftBehindBy(const std::function<void()>& round, int rounds) {
+    const auto inThread = [&round](int count) {
+        std::thread([&round, count] {
             for (int done = 0; done < count; ++done)
                 round();
         }).join();
@@ -150,30 +139,42 @@ private:
     void* handle_;
 };
 
-struct Library {
-    const char* name;
+/// A library, and whether its editor is to be shown: the screen itself is then the host's window.
+struct Guest {
     const char* path;
+    bool isShown;
+
+    void use() const {
+        const PluginLibrary library(path);
+        const RunningEffect effect(library, 48000.0F, kBlockFrames);
+        if (isShown)
+            show(effect.get());
+        process(effect.get());
+        dispatch(effect.get(), effEditClose);
+    }
+
+    static void show(AEffect* effect) {
+        const std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)> connection(
+            xcb_connect(nullptr, nullptr), xcb_disconnect);
+        const xcb_window_t window =
+            xcb_setup_roots_iterator(xcb_get_setup(connection.get())).data->root;
+        EXPECT_EQ(
+            dispatch(effect, effEditOpen, 0, 0, reinterpret_cast<void*>(std::uintptr_t{window})),
+            1);
+        for (int turn = 0; turn < 5; ++turn)
+            dispatch(effect, effEditIdle);
+    }
 };
 
-void PrintTo(const Library& library, std::ostream* stream) {
-    *stream << library.name;
-}
-
-class Unload : public testing::TestWithParam<Library> {
+class Unload : public testing::TestWithParam<Guest> {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(PluginLibrary(path()).isOpen());
-        loadUseAndUnload(); // what the C library and the loader set up once is none of ours
+        if (guest.isShown && VSTGUI::sharedXServer() == nullptr)
+            GTEST_SKIP() << "Xvfb is not installed";
+        guest.use(); // what the C library and the loader set up once is none of ours
     }
 
-    static const char* path() { return GetParam().path; }
-
-    static void loadUseAndUnload() {
-        const PluginLibrary library(path());
-        const RunningEffect effect(library, 48000.0F, kBlockFrames);
-        process(effect.get());
-    }
-
+    const Guest guest = GetParam();
     // Its constructor allocates some 12 kB that its unloading does not give back. A host with a
     // window has the library for its own drawing, so that it comes and goes with the host.
     HeldLibrary pixman{"libpixman-1.so.0"};
@@ -181,128 +182,49 @@ protected:
     RecordingHost host;
 };
 
-/// The library that has an editor.
-class UnloadEditor : public Unload {
-protected:
-    void SetUp() override {
-        if (VSTGUI::sharedXServer() == nullptr)
-            GTEST_SKIP() << "Xvfb is not installed";
-        loadShowAndUnload();
-    }
-
-    /// The screen itself is the host's window.
-    static void loadShowAndUnload() {
-        const std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)> connection(
-            xcb_connect(nullptr, nullptr), xcb_disconnect);
-        const xcb_window_t window =
-            xcb_setup_roots_iterator(xcb_get_setup(connection.get())).data->root;
-        const PluginLibrary library(path());
-        const RunningEffect effect(library, 48000.0F, kBlockFrames);
-        EXPECT_EQ(dispatch(effect.get(), effEditOpen, 0, 0,
-                           reinterpret_cast<void*>(std::uintptr_t{window})),
-                  1);
-        for (int turn = 0; turn < 5; ++turn)
-            dispatch(effect.get(), effEditIdle);
-        process(effect.get());
-        dispatch(effect.get(), effEditClose);
-    }
-};
-
-const Library kToolkit{"toolkit", PEDL_TOOLKIT_PROBE_PATH};
-
-std::string nameOf(const testing::TestParamInfo<Library>& library) {
-    return library.param.name;
-}
-
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(, Unload, testing::Values(Library{"plugin", PEDL_PLUGIN_PATH}, kToolkit),
-                         nameOf);
-INSTANTIATE_TEST_SUITE_P(, UnloadEditor, testing::Values(kToolkit), nameOf);
+INSTANTIATE_TEST_SUITE_P(
+    , Unload, testing::Values(Guest{PEDL_PLUGIN_PATH, false}, Guest{PEDL_TOOLKIT_PROBE_PATH, true}),
+    [](const auto& guest) { return guest.param.isShown ? "toolkit" : "plugin"; });
 
 TEST_P(Unload, LeavesTheProcessAsItWas) {
     const ProcessState before;
-    loadUseAndUnload();
-    const ProcessState after;
-
-    EXPECT_FALSE(isMapped(path()));
-    EXPECT_TRUE(after == before);
-    EXPECT_EQ(after.signalHandlers, before.signalHandlers);
-    EXPECT_EQ(after.environment, before.environment);
-    EXPECT_EQ(after.sseControl, before.sseControl);
-    EXPECT_EQ(after.x87Control, before.x87Control);
-    EXPECT_EQ(after.threads, before.threads);
-    EXPECT_EQ(after.openFiles, before.openFiles);
-}
-
-TEST_P(Unload, ARunningInstanceHasNoThreadAndNoFile) {
-    const ProcessState before;
-    const PluginLibrary library(path());
-    const RunningEffect effect(library, 48000.0F, kBlockFrames);
-    process(effect.get());
+    {
+        const PluginLibrary library(guest.path);
+        ASSERT_NE(library.create(), nullptr); // abandoned: neither opened nor closed
+        const RunningEffect effect(library, 48000.0F, kBlockFrames);
+        process(effect.get());
+        dispatch(effect.get(), effEditIdle);
+        EXPECT_TRUE(ProcessState() == before) << "no thread, no file, no connection to a display";
+    }
+    guest.use();
+    EXPECT_FALSE(isMapped(guest.path));
     EXPECT_TRUE(ProcessState() == before);
 }
 
 TEST_P(Unload, LeavesNoMemoryBehind) {
-    const double perRound = leftBehindBy(loadUseAndUnload, 50);
+    const double perRound = leftBehindBy([this] { guest.use(); }, guest.isShown ? 15 : 50);
     std::printf("left behind by loading, using and unloading: %.0f bytes\n", perRound);
-    EXPECT_FALSE(isMapped(path()));
     EXPECT_LE(perRound, kLoadersBytesPerRound);
 }
 
-TEST_P(UnloadEditor, LeavesTheProcessAsItWas) {
-    const ProcessState before;
-    loadShowAndUnload();
-    EXPECT_FALSE(isMapped(path()));
-    EXPECT_TRUE(ProcessState() == before);
-}
-
-TEST_P(UnloadEditor, LeavesNoMemoryBehind) {
-    const double perRound = leftBehindBy(loadShowAndUnload, 15);
-    std::printf("left behind by loading, showing and unloading: %.0f bytes\n", perRound);
-    EXPECT_LE(perRound, kLoadersBytesPerRound);
-}
-
-TEST_P(Unload, AnAbandonedInstanceDoesNotPinTheLibrary) {
-    {
-        const PluginLibrary library(path());
-        ASSERT_NE(library.create(), nullptr); // neither opened nor closed
-    }
-    EXPECT_FALSE(isMapped(path()));
-}
-
-TEST_P(Unload, HundredsOfInstancesLeaveNoMemoryBehind) {
-    constexpr int kInstances = 300;
-    const PluginLibrary library(path());
-    const auto openAndClose = [&] {
-        const RunningEffect effect(library, 48000.0F, kBlockFrames);
-        process(effect.get());
-    };
-    openAndClose();
-    const double before = allocatedBytes();
-    for (int instance = 0; instance < kInstances; ++instance)
-        openAndClose();
-    const double perInstance = (allocatedBytes() - before) / kInstances;
-    std::printf("left behind by an instance: %.1f bytes\n", perInstance);
-    EXPECT_LE(perInstance, 16.0);
-}
-
-TEST_P(Unload, ASecondInstanceIsSmall) {
-    const PluginLibrary library(path());
+TEST_P(Unload, ASecondInstanceIsSmallAndLeavesNothing) {
+    const PluginLibrary library(guest.path);
     const RunningEffect first(library, 48000.0F, kBlockFrames);
     process(first.get());
-
-    const double privateBefore = privateBytes();
-    const double allocatedBefore = allocatedBytes();
-    const RunningEffect second(library, 48000.0F, kBlockFrames);
-    process(second.get());
-    const double privateGrowth = privateBytes() - privateBefore;
-    const double allocatedGrowth = allocatedBytes() - allocatedBefore;
-
-    std::printf("second instance: %.3f MB private pages, %.3f MB allocated\n",
-                privateGrowth / kMebibyte, allocatedGrowth / kMebibyte);
-    EXPECT_LE(privateGrowth, 0.7 * kMebibyte);
-    EXPECT_LE(allocatedGrowth, 0.7 * kMebibyte);
+    double inUse = 0.0;
+    const double left = leftBehindBy(
+        [&] {
+            const double before = allocatedBytes();
+            const RunningEffect second(library, 48000.0F, kBlockFrames);
+            process(second.get());
+            inUse = allocatedBytes() - before;
+        },
+        300);
+    std::printf("second instance: %.3f MB, leaves %.1f bytes\n", inUse / kMebibyte, left);
+    EXPECT_LE(inUse, 0.7 * kMebibyte);
+    EXPECT_LE(left, 16.0);
 }
 
 } // namespace pedl::test
