@@ -5,18 +5,15 @@
 #include "tests/support/PluginLibrary.h"
 #include "tests/support/StereoBuffer.h"
 
-#include <array>
 #include <clocale>
 #include <cstdio>
 #include <dlfcn.h>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 #include <malloc.h>
 #include <memory>
-#include <set>
 #include <signal.h>
 #include <string>
 #include <sys/stat.h>
@@ -101,43 +98,12 @@ struct ProcessState {
     bool operator==(const ProcessState&) const = default;
 };
 
-/// Keeps the instances' start and stop lines out of the test's own output.
-class QuietStandardError {
-public:
-    QuietStandardError() : kept_(dup(STDERR_FILENO)) {
-        const int nowhere = open("/dev/null", O_WRONLY);
-        dup2(nowhere, STDERR_FILENO);
-        close(nowhere);
-    }
-    ~QuietStandardError() {
-        dup2(kept_, STDERR_FILENO);
-        close(kept_);
-    }
-    QuietStandardError(const QuietStandardError&) = delete;
-    QuietStandardError& operator=(const QuietStandardError&) = delete;
-
-private:
-    int kept_;
-};
-
 void process(AEffect* effect) {
     auto buffer = noise<float>(kBlockFrames, 1);
     auto pointers = buffer.from(0);
     for (int block = 0; block < 4; ++block)
         effect->processReplacing(effect, pointers.data(), pointers.data(), kBlockFrames);
 }
-
-/// A library that stays loaded until the test ends.
-class HeldLibrary {
-public:
-    explicit HeldLibrary(const char* name) : handle_(dlopen(name, RTLD_LAZY | RTLD_LOCAL)) {}
-    ~HeldLibrary() { dlclose(handle_); }
-    HeldLibrary(const HeldLibrary&) = delete;
-    HeldLibrary& operator=(const HeldLibrary&) = delete;
-
-private:
-    void* handle_;
-};
 
 /// A library, and whether its editor is to be shown: the screen itself is then the host's window.
 struct Guest {
@@ -171,14 +137,14 @@ protected:
     void SetUp() override {
         if (guest.isShown && VSTGUI::sharedXServer() == nullptr)
             GTEST_SKIP() << "Xvfb is not installed";
+        // Its constructor allocates some 12 kB that its unloading does not give back. A host with a
+        // window has the library for its own drawing, so that it comes and goes with the host.
+        ASSERT_NE(dlopen("libpixman-1.so.0", RTLD_LAZY), nullptr);
+        ASSERT_NE(std::freopen("/dev/null", "w", stderr), nullptr); // hundreds start and stop
         guest.use(); // what the C library and the loader set up once is none of ours
     }
 
     const Guest guest = GetParam();
-    // Its constructor allocates some 12 kB that its unloading does not give back. A host with a
-    // window has the library for its own drawing, so that it comes and goes with the host.
-    HeldLibrary pixman{"libpixman-1.so.0"};
-    QuietStandardError quiet;
     RecordingHost host;
 };
 
