@@ -1,6 +1,5 @@
 #include "parameters/NumberText.h"
 
-#include "parameters/CopyText.h"
 #include "parameters/DisplayRequest.h"
 #include "parameters/NoteDivision.h"
 
@@ -8,7 +7,6 @@
 #include <cmath>
 #include <cstring>
 #include <gtest/gtest.h>
-#include <string_view>
 #include <vector>
 
 namespace pedl {
@@ -53,26 +51,11 @@ TEST(DecibelText, ShowsSilenceAndHasNoMinusZero) {
 
 TEST(NoteDivision, ReadsDottedForThreePartsAndKeepsItsTrailingBlank) {
     EXPECT_EQ(noteDivisionText({1, 2}).view(), "1:2 ");
-    EXPECT_EQ(noteDivisionText({8, 1}).view(), "8:1 ");
     EXPECT_EQ(noteDivisionText({3, 8}).view(), "1:4 .");
-    EXPECT_EQ(noteDivisionText({3, 2}).view(), "1:1 .");
     EXPECT_EQ(noteDivisionText({3, 1}).view(), "1:0 .") << "three whole notes, dotted nothing";
-}
-
-TEST(NoteDivision, OnlyTheVeryEndReachesTheShortestNote) {
-    EXPECT_EQ(noteDivisionIndex(0.0F), 0U);
     EXPECT_EQ(noteDivisionIndex(0.290323F), 9U); // 0.290323 x 31 = 9.00001
     EXPECT_EQ(noteDivisionIndex(0.9999F), 30U);
     EXPECT_EQ(noteDivisionIndex(1.0F), 31U);
-}
-
-TEST(CopyText, WritesTheTextAndOneZeroAndNothingBehind) {
-    std::array<char, 12> buffer;
-    buffer.fill('#');
-    copyText(buffer.data(), "ab", 8);
-    EXPECT_EQ(std::string_view(buffer.data(), 4), std::string_view("ab\0#", 4));
-    copyText(buffer.data(), "123456789", 8);
-    EXPECT_EQ(std::string_view(buffer.data(), 10), std::string_view("12345678\0#", 10));
 }
 
 TEST(DisplayRequest, NeedsAllFourBytesOfTheMarkerAndReadsNoFurtherThanItMatches) {

@@ -1,6 +1,7 @@
 #include "parameters/ParameterCatalogue.h"
 
 #include <climits>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <set>
 #include <string_view>
@@ -9,37 +10,21 @@
 namespace pedl {
 namespace {
 
-TEST(ParameterCatalogue, ShortNamesFitSevenCharactersAndAreUnique) {
-    std::set<std::string_view> seen;
-    for (const ParameterRow& row : kParameterRows) {
-        EXPECT_LE(row.shortName.size(), 7U) << row.shortName;
-        if (!row.shortName.empty()) {
-            EXPECT_TRUE(seen.insert(row.shortName).second) << row.shortName << " stands twice";
-        }
-    }
-    EXPECT_EQ(seen.size(), 49U);
-}
-
 TEST(ParameterCatalogue, HidesAndAutomatesNothingOfHiddenParametersAndTags) {
     const std::set<std::int32_t> hidden{22, 23, 24, 40, 48, 51, 54};
+    std::set<std::string_view> names;
     for (std::int32_t index = -3; index < 170; ++index) {
         const bool isTag = index >= 112 && index <= 135;
+        const bool isNamed = (isParameter(index) && !hidden.contains(index)) || index == 124;
         EXPECT_EQ(isAutomatable(index), !hidden.contains(index) && !isTag) << index;
-        if (index >= 0 && index < kNumParams) {
-            EXPECT_EQ(shortParameterName(index).empty(), hidden.contains(index)) << index;
-        }
+        EXPECT_EQ(!shortParameterName(index).empty(), isNamed) << index;
+        EXPECT_EQ(!longParameterName(index).empty(), isNamed) << index;
+        EXPECT_LE(shortParameterName(index).size(), 7U) << index;
+        names.insert(shortParameterName(index));
     }
-}
-
-TEST(ParameterCatalogue, NamesTheDisplayModeAloneAmongOtherIndices) {
-    EXPECT_EQ(shortParameterName(124), "DispMod");
-    EXPECT_EQ(longParameterName(124), "DisplayMode");
-    for (const std::int32_t index : {INT_MIN, -1, 56, 112, 121, 123, 125, 135, 149, INT_MAX})
-        EXPECT_EQ(shortParameterName(index).size() + longParameterName(index).size(), 0U) << index;
-    for (const std::int32_t index : {INT_MIN, -1, 56, 111, 112, 123, 136, 149, INT_MAX}) {
+    EXPECT_EQ(names.size(), 51U) << "49 parameters, the display mode and no name; none twice";
+    for (const std::int32_t index : {INT_MIN, -1, 56, 111, 112, 123, 136, 149, INT_MAX})
         EXPECT_EQ(findParameterRow(index), nullptr);
-        EXPECT_EQ(parameterText(index, 0.5F).view(), "");
-    }
 }
 
 TEST(ParameterCatalogue, DefaultProgramReadsAsMusiciansExpectIt) {
@@ -52,6 +37,8 @@ TEST(ParameterCatalogue, DefaultProgramReadsAsMusiciansExpectIt) {
           Row{kFilterFreqByENV, "70"}, Row{kLFOWidth, "50:50"}, Row{kLFOSpread, "0"},
           Row{kWet, "0.0"}, Row{kModulationOnOff, "Mod on"}})
         EXPECT_EQ(parameterText(index, findParameterRow(index)->defaultValue).view(), text);
+    for (const float nothing : {-1.0F, std::nanf("")})
+        EXPECT_EQ(parameterText(kFilterCutoffFreq, nothing).view(), "20");
 }
 
 } // namespace

@@ -1,21 +1,16 @@
 // Controllers as a host delivers them: through the record's dispatcher, in lists of events.
 
-#include "plugin/ZMTpedlFilterEffect.h"
-#include "tests/presets/Journal.h"
+#include "tests/plugin/EffectTest.h"
 #include "tests/support/EventList.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
-#include <memory>
-#include <string>
-#include <vector>
 
 namespace pedl {
 namespace {
 
 using test::EventList;
-using test::Journal;
 
 constexpr std::int32_t kNone = MidiMap::kNone;
 constexpr int kControl = 0xB0; // the status of a control change on channel 1
@@ -28,7 +23,7 @@ float channelValue(int channel) {
     return (static_cast<float>(channel) + 0.5F) / 18.0F;
 }
 
-class MidiLearn : public testing::Test {
+class MidiLearn : public test::EffectTest {
 protected:
     MidiLearn() { effect.setView(&journal.view); }
 
@@ -52,10 +47,6 @@ protected:
         return effect.getParameter(kGain) == 1.0F;
     }
 
-    Journal journal;
-    std::unique_ptr<ZMTpedlFilterEffect> owned = std::make_unique<ZMTpedlFilterEffect>(
-        &Journal::host, EffectSurroundings{journal.clock, journal.diagnostics, journal.settings});
-    ZMTpedlFilterEffect& effect = *owned;
     const MidiMap& map = owned->midiMap();
     const LearnState& learn = owned->learnState();
 };

@@ -175,9 +175,23 @@ TEST(StoredData, AreReadInTheOtherOrderWhenAskedThoughTheIdentifierPasses) {
     StoredBytes swapped = program(Order::Big);
     std::ranges::copy(StoredBytes().id().view(), swapped.bytes().begin());
     Instance to;
-    ASSERT_EQ(to.load(FileKind::Program, swapped.view(), OrderDecision::Inverted),
-              LoadResult::Loaded);
+    to.load(FileKind::Program, swapped.view(), OrderDecision::Inverted);
     EXPECT_EQ(to.effect.getParameter(kGain), 0.25F);
+}
+
+TEST(StoredData, TellTheViewWhatCameBeforeTheProgramIsSelected) {
+    StoredBytes bytes = chunkHead(Order::Little, {.records = 4, .slot = 140});
+    bytes.programHead(9, "Nine").programHead(0, "First").value(0, 1, 1.5F).link(0, -1.0F, 1.0F);
+    Instance to;
+    to.effect.setView(&to.journal.view);
+    to.load({}, bytes);
+    std::erase_if(to.journal.lines, [](const auto& line) { return line.starts_with("set "); });
+    EXPECT_EQ(
+        to.journal.lines,
+        (Lines{"line Invalid parameter 0 value -1.000000 on load of MIDI", "view channel 0.972222",
+               "line Invalid parameter 1 value 1.500000 on load of preset 0 First",
+               "view menu entry 0", "view menu entry 9", "view shows 0", "wait 100",
+               "update display", "begin 0", "end 0"}));
 }
 
 TEST(StoredData, OfAWholeInstanceMakeAnotherOneTheSame) {
@@ -301,27 +315,22 @@ TEST(StoredData, ALinkOfAnOldMidiFileOutsideTheRangeIsNone) {
 
 TEST(StoredData, TheMarkTellsMidiSettingsAndWhetherTheyHaveAChannel) {
     struct Row {
+        Kind file;
         unsigned kind;
         std::uint32_t mark;
-        LoadResult result;
-        std::int32_t channel;
+        std::int32_t channel; // 9 where the file is refused
     };
-    for (const Row row :
-         {Row{0, 13, LoadResult::Loaded, 4}, Row{99, 13, LoadResult::Loaded, 4},
-          Row{12, 0, LoadResult::Loaded, 17}, Row{12, 13, LoadResult::Loaded, 17},
-          Row{13, 0, LoadResult::UnknownKind, 9}, Row{13, 12, LoadResult::UnknownKind, 9}}) {
-        SCOPED_TRACE(testing::Message() << "kind " << row.kind << ", mark " << row.mark);
-        StoredBytes file = StoredBytes().header(
-            {.kind = row.kind, .records = 1, .recordBytes = 32, .channelMark = row.mark});
+    constexpr FileKind kMidi = FileKind::MidiSettings;
+    for (const Row row : {Row{kMidi, 0, 13, 4}, Row{kMidi, 99, 13, 4}, Row{kMidi, 12, 0, 17},
+                          Row{kMidi, 12, 13, 17}, Row{kMidi, 13, 0, 9}, Row{kMidi, 13, 12, 9},
+                          Row{{}, 56, 0, 17}, Row{{}, 56, 1, 4}}) {
+        StoredBytes bytes = row.file ? StoredBytes() : StoredBytes().word(0x02000000).id();
+        bytes.header({.kind = row.kind, .records = 1, .recordBytes = 32, .channelMark = row.mark});
         Instance to;
-        EXPECT_EQ(to.load(FileKind::MidiSettings, file.link(kGain, 0.5F, 0.25F)), row.result);
-        EXPECT_EQ(to.effect.midiMap().channel(), row.channel);
-    }
-    for (const std::uint32_t mark : {0U, 1U}) {
-        StoredBytes bytes = chunkHead(Order::Little, {.records = 1, .channelMark = mark});
-        Instance to;
-        to.load({}, bytes.link(kGain, 0.5F, 0.25F));
-        EXPECT_EQ(to.effect.midiMap().channel(), mark == 0 ? 17 : 4);
+        const LoadResult result = to.load(row.file, bytes.link(kGain, 0.5F, 0.25F));
+        EXPECT_EQ(result, row.channel == 9 ? LoadResult::UnknownKind : LoadResult::Loaded);
+        EXPECT_EQ(to.effect.midiMap().channel(), row.channel)
+            << "kind " << row.kind << ", mark " << row.mark;
     }
 }
 
@@ -395,11 +404,7 @@ TEST(StoredData, TheSizeOfAnOldChunkDecidesHowManyValuesAProgramHas) {
         std::uint32_t stated;
         int written, values;
         std::size_t spareBytes;
-        std::int32_t programs;
-        int valuesRead;
-    };
-    const auto valueAt = [](int slot, int index) {
-        return static_cast<float>(slot * 56 + index) / 8192.0F;
+        int programs, valuesRead;
     };
     for (const Row& row : {Row{"names alone", 3, 3, 0, 0, 3, 0}, Row{"a rest", 3, 3, 2, 11, 3, 2},
                            Row{"more values than parameters", 2, 2, 70, 0, 2, 56},
@@ -411,18 +416,16 @@ TEST(StoredData, TheSizeOfAnOldChunkDecidesHowManyValuesAProgramHas) {
         for (int slot = 0; slot < row.written; ++slot) {
             bytes.name("Old " + std::to_string(slot));
             for (int index = 0; index < row.values; ++index)
-                bytes.real(valueAt(slot, index));
+                bytes.real(static_cast<float>(slot * 56 + index) / 8192.0F);
         }
         Instance to;
         to.load({}, bytes.zeros(row.spareBytes + 224));
-        EXPECT_EQ(to.effect.currentSlot(), 0);
-        for (std::int32_t slot = 0; slot < kNumPrograms; ++slot) {
-            const bool isRead = slot < row.programs;
-            EXPECT_EQ(to.nameOf(slot) == "Old " + std::to_string(slot), isRead) << slot;
-            for (int index = 0; isRead && index < kNumParams; ++index)
+        for (int slot = 0; slot < kNumPrograms; ++slot) {
+            EXPECT_EQ(to.nameOf(slot) == "Old " + std::to_string(slot), slot < row.programs);
+            for (int index = 0; slot < row.programs && index < kNumParams; ++index)
                 ASSERT_EQ(to.effect.bank().value(slot, index),
                           index < row.valuesRead
-                              ? valueAt(slot, index)
+                              ? static_cast<float>(slot * 56 + index) / 8192.0F
                               : factoryProgram(0).normalised[static_cast<std::size_t>(index)]);
         }
     }

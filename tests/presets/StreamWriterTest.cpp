@@ -1,6 +1,6 @@
 #include "presets/StreamWriter.h"
 
-#include "tests/presets/LineList.h"
+#include "tests/presets/Journal.h"
 #include "tests/support/StoredBytes.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 namespace pedl {
 namespace {
 
-using test::LineList;
+using test::Journal;
 using test::StoredBytes;
 using Lines = std::vector<std::string>;
 
@@ -50,7 +50,8 @@ protected:
 
     ProgramBank bank;
     HeldMidiLinks links;
-    LineList diagnostics;
+    Journal journal;
+    DiagnosticStream& diagnostics = journal.diagnostics;
 };
 
 TEST_F(StreamWriter, BankIsEveryProgramBehindItsHeaderAndAProgramIsStoredWithoutItsSlot) {
@@ -59,7 +60,7 @@ TEST_F(StreamWriter, BankIsEveryProgramBehindItsHeaderAndAProgramIsStoredWithout
     StoredBytes program = StoredBytes().header({.kind = 34, .records = 57, .recordBytes = 1960});
     putProgram(program, 99, 0);
     EXPECT_TRUE(std::ranges::equal(writeProgram(bank, 99, diagnostics), program.view()));
-    EXPECT_EQ(diagnostics.lines, Lines{});
+    EXPECT_EQ(journal.lines, Lines{});
 }
 
 TEST_F(StreamWriter, MidiSettingsStoreOneForParametersWithoutALinkAndSaySo) {
@@ -72,9 +73,9 @@ TEST_F(StreamWriter, MidiSettingsStoreOneForParametersWithoutALinkAndSaySo) {
     for (std::uint32_t index = 0; index < 56; ++index)
         expected.link(index, index >= 1 && index <= 4 ? 1.0F : 0.5F, 0.25F);
     EXPECT_TRUE(std::ranges::equal(writeMidi(links, diagnostics), expected.view()));
-    EXPECT_EQ(diagnostics.lines, (Lines{"Invalid parameter 1 value 7.748062 on save of MIDI",
-                                        "Invalid parameter NaN value nan on save of MIDI",
-                                        "Invalid parameter 3 value -2.000000 on save of MIDI"}));
+    EXPECT_EQ(journal.lines, (Lines{"line Invalid parameter 1 value 7.748062 on save of MIDI",
+                                    "line Invalid parameter NaN value nan on save of MIDI",
+                                    "line Invalid parameter 3 value -2.000000 on save of MIDI"}));
 }
 
 TEST_F(StreamWriter, ChunkIsABankWithItsLinksCountedButNotMeasured) {
@@ -87,8 +88,8 @@ TEST_F(StreamWriter, ChunkIsABankWithItsLinksCountedButNotMeasured) {
     std::vector<std::byte> chunk(276241, std::byte{0xAA});
     writeChunk(std::span<std::byte, kChunkBytes>(chunk), bank, links, diagnostics);
     EXPECT_TRUE(std::ranges::equal(chunk, expected.view()));
-    EXPECT_EQ(diagnostics.lines, (Lines{"Invalid parameter NaN value -nan on make of chunk",
-                                        "Invalid parameter 3 value -2.000000 on make of chunk"}));
+    EXPECT_EQ(journal.lines, (Lines{"line Invalid parameter NaN value -nan on make of chunk",
+                                    "line Invalid parameter 3 value -2.000000 on make of chunk"}));
 }
 
 TEST_F(StreamWriter, BrokenValuesAreRepairedInTheStreamAloneAndReported) {
@@ -96,20 +97,21 @@ TEST_F(StreamWriter, BrokenValuesAreRepairedInTheStreamAloneAndReported) {
     bank.setValue(139, 11, -1e-7F);
     bank.setValue(139, 12, std::numeric_limits<float>::max());
     const StreamBytes program = writeProgram(bank, 139, diagnostics);
-    EXPECT_EQ(diagnostics.lines,
-              (Lines{"Invalid parameter 10 value NaN on save, preset: 139 Program 139",
-                     "Invalid parameter 11 value -0.000000 on save, preset: 139 Program 139",
-                     "Invalid parameter 12 value 340282346638528859811704183484516925440.000000 on "
-                     "save, preset: 139 Program 139"}));
+    EXPECT_EQ(
+        journal.lines,
+        (Lines{"line Invalid parameter 10 value NaN on save, preset: 139 Program 139",
+               "line Invalid parameter 11 value -0.000000 on save, preset: 139 Program 139",
+               "line Invalid parameter 12 value 340282346638528859811704183484516925440.000000 on "
+               "save, preset: 139 Program 139"}));
     const StoredBytes repaired =
         StoredBytes().value(0, 10, 0.0F).value(0, 11, 0.0F).value(0, 12, 1.0F);
     const auto stored = std::span(program).subspan(41 + 168 + 10 * 32, 3 * 32);
     EXPECT_TRUE(std::ranges::equal(stored, repaired.view()));
     EXPECT_TRUE(std::isnan(bank.value(139, 10)));
-    diagnostics.lines.clear();
+    journal.lines.clear();
     (void)writeBank(bank, diagnostics);
-    EXPECT_EQ(diagnostics.lines.front(),
-              "Invalid parameter 10 value NaN on save of preset 139 Program 139");
+    EXPECT_EQ(journal.lines.front(),
+              "line Invalid parameter 10 value NaN on save of preset 139 Program 139");
 }
 
 } // namespace
