@@ -10,6 +10,7 @@
 #include <cstring>
 #include <gtest/gtest.h>
 #include <limits>
+#include <string>
 #include <vector>
 
 namespace pedl::test {
@@ -199,20 +200,21 @@ TEST_F(HostOrder, NothingIsWrittenBeyondTheTightestBuffer) {
         }
 }
 
-TEST_F(HostOrder, OddIndicesAndValuesChangeNoParameter) {
-    const RunningEffect effect(library, 48000.0F, kBlockFrames);
+TEST_F(HostOrder, OddIndicesAndValuesChangeNothing) {
+    AEffect* const effect = library.create();
+    const auto chunk = [effect] {
+        void* bytes = nullptr;
+        const VstIntPtr size = dispatch(effect, effGetChunk, 0, 0, &bytes);
+        return std::string(static_cast<const char*>(bytes), static_cast<std::size_t>(size));
+    };
+    const std::string before = chunk();
     for (const VstInt32 index : {INT_MIN, -1000, -1, 1000, 65536, INT_MAX})
         for (const float value : {0.25F, 1e30F, std::numeric_limits<float>::quiet_NaN()}) {
-            effect->setParameter(effect.get(), index, value);
-            EXPECT_EQ(effect->getParameter(effect.get(), index), 0.0F) << index;
+            effect->setParameter(effect, index, value);
+            EXPECT_EQ(effect->getParameter(effect, index), 0.0F) << index;
         }
-    void* bytes = nullptr;
-    const VstIntPtr size = dispatch(effect.get(), effGetChunk, 0, 0, &bytes);
-    AEffect* const fresh = library.create();
-    void* expected = nullptr;
-    ASSERT_EQ(dispatch(fresh, effGetChunk, 0, 0, &expected), size);
-    EXPECT_EQ(std::memcmp(bytes, expected, static_cast<std::size_t>(size)), 0);
-    dispatch(fresh, effClose);
+    EXPECT_TRUE(chunk() == before);
+    dispatch(effect, effClose);
 }
 
 } // namespace pedl::test

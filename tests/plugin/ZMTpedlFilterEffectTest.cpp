@@ -206,33 +206,21 @@ TEST_F(Effect, SelectingAProgramReachesTheViewAndWritesNothingBack) {
 
 // Dry and wet
 
-TEST_F(Effect, LevelsAreTheProgramsUntilTheBankTakesOver) {
-    effect.setParameter(kDry, 1.0F);
-    effect.setParameter(kDryWetGlobal, 1.0F);
-    EXPECT_EQ(effect.effectiveDryWetLevel(kDry), 0.5F);
-    effect.setParameter(kDry, 0.25F);
-    EXPECT_EQ(displayOf(kDry), "-12.0");
-    EXPECT_EQ(effect.effectiveDryWetLevel(kDry), 0.25F);
-    EXPECT_EQ(effect.effectiveDryWetLevel(kGain), 0.0F);
-    effect.setParameter(kDryWetGlobal, 0.0F);
-    EXPECT_EQ(displayOf(kDry), "12.0");
-}
-
-TEST_F(Effect, BankLevelIsInEveryProgramUntilAProgramBringsItsOwnLevels) {
-    effect.setParameter(kDryWetGlobal, 1.0F);
-    effect.setParameter(kWet, 0.75F);
-    for (std::int32_t slot = 0; slot < kNumPrograms; ++slot)
-        EXPECT_EQ(effect.bank().value(slot, kWetGlobal), 0.75F);
-    effect.selectProgram(1); // it has its own levels
-    EXPECT_EQ(effect.getParameter(kDryWetGlobal), 0.0F);
-    EXPECT_EQ(effect.effectiveDryWetLevel(kWet), 0.5F);
+TEST_F(Effect, LevelsAreTheProgramsUntilTheBankTakesOverAndEveryProgramHoldsTheBanks) {
     effect.setParameter(kWet, 1.0F);
-    EXPECT_EQ(effect.bank().value(3, kWetGlobal), 0.75F);
     effect.setParameter(kDryWetGlobal, 1.0F);
+    EXPECT_EQ(effect.effectiveDryWetLevel(kWet), 0.5F);
+    effect.setParameter(kWet, 0.25F);
+    EXPECT_EQ(displayOf(kWet), "-12.0");
+    EXPECT_EQ(effect.effectiveDryWetLevel(kGain), 0.0F);
+    for (std::int32_t slot = 0; slot < kNumPrograms; ++slot)
+        EXPECT_EQ(effect.bank().value(slot, kWetGlobal), 0.25F);
+    effect.selectProgram(1); // its own levels come while the bank's are still in force
+    EXPECT_EQ(effect.getParameter(kDryWetGlobal), 0.0F);
+    EXPECT_EQ(effect.getParameter(kWet), 0.5F);
+    effect.setParameter(kWet, 0.75F);
+    EXPECT_EQ(effect.bank().value(3, kWetGlobal), 0.25F);
     EXPECT_EQ(effect.effectiveDryWetLevel(kWet), 0.75F);
-    effect.selectProgram(1); // its levels come while the bank's are still in force
-    EXPECT_EQ(effect.getParameter(kWet), 1.0F);
-    EXPECT_EQ(effect.bank().value(2, kWetGlobal), 0.75F);
 }
 
 TEST_F(Effect, MixKnobMovesBothLevelsInOneGesture) {
@@ -299,12 +287,13 @@ TEST_F(Effect, FollowsTheHostsTempoAndStoresTheRateForItselfAlone) {
     EXPECT_EQ(effect.getParameter(kLFOFreq), static_cast<float>((2.0 - 0.01) / 14.99));
     EXPECT_EQ(effect.bank().value(0, kLFOFreq), 0.066044F);
     EXPECT_TRUE(effect.followsHostTempo());
-    time.tempo = 700.0;
-    process();
-    EXPECT_EQ(effect.getParameter(kSynchroTempoFromHost), 600.0F);
-    effect.setParameter(kLFOSynchroRate, 1.0F);
-    EXPECT_EQ(effect.getParameter(kLFOFreq), 1.0F);
-    EXPECT_EQ(effect.getParameter(kLFOFreqOverflow), 1.0F);
+    for (const float end : {0.0F, 1.0F}) { // eight notes of 16 s, wanted 0.0078 Hz; 160 Hz
+        time.tempo = end == 0.0F ? 5.0 : 700.0;
+        effect.setParameter(kLFOSynchroRate, end);
+        EXPECT_EQ(effect.getParameter(kSynchroTempoFromHost), end == 0.0F ? 15.0F : 600.0F);
+        EXPECT_EQ(effect.getParameter(kLFOFreq), end);
+        EXPECT_EQ(effect.getParameter(kLFOFreqOverflow), 1.0F);
+    }
     effect.resume();
     EXPECT_EQ(effect.getParameter(kLFOFreqOverflow), 0.0F);
     EXPECT_EQ(effect.getParameter(kSynchroTempoFromHost), 120.0F);

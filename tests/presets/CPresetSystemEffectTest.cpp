@@ -79,11 +79,5 @@ TEST_F(PresetSystem, NamesFitIntoTwentyFourBytesAndThereAreNoneBesideTheBank) {
     EXPECT_EQ(buffer[8], '#'); // no padding
 }
 
-TEST_F(PresetSystem, AutomatingIsBracketedForTheHost) {
-    journal.lines.clear();
-    effect.automate(kGain, 0.25F);
-    EXPECT_EQ(journal.lines, (Lines{"begin 1", "set 1 0.25", "automate 1 0.25", "end 1"}));
-}
-
 } // namespace
 } // namespace pedl

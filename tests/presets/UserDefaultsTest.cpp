@@ -22,7 +22,7 @@ protected:
     void keep(const char* name, const StoredBytes& bytes) {
         journal.settings.values[name] = {bytes.view().begin(), bytes.view().end()};
     }
-    static std::string nameOf(const PlainEffect& effect, std::int32_t slot) {
+    std::string nameOf(std::int32_t slot) {
         const ProgramName name = effect.bank().name(slot);
         return std::string(nameText(name));
     }
@@ -54,10 +54,10 @@ TEST_F(UserDefaultsOfAnInstance, ComeInOrderWithTheFirstProgramPlayedBetween) {
               (std::vector<std::string>{"set 1 0.5", "wait 100", "set 1 0.25", "wait 100",
                                         "set 1 1", "wait 100", "set 149 1", "set 149 0.194444"}));
     EXPECT_EQ(effect.currentSlot(), 0);
-    EXPECT_EQ(nameOf(effect, 0), "My first");
+    EXPECT_EQ(nameOf(0), "My first");
     EXPECT_EQ(effect.midiMap().controllerOf(kWet), 64);
     effect.storeSnapshot(9);
-    EXPECT_EQ(nameOf(effect, 9), "Default") << "the snapshot is the factory's";
+    EXPECT_EQ(nameOf(9), "Default") << "the snapshot is the factory's";
 }
 
 TEST_F(UserDefaultsOfAnInstance, AreSavedForTheNextOneUntilReset) {
@@ -72,6 +72,8 @@ TEST_F(UserDefaultsOfAnInstance, AreSavedForTheNextOneUntilReset) {
     for (const FileKind kind : kKinds)
         EXPECT_TRUE(next.stored(kind) == effect.stored(kind));
 
+    journal.settings.isFull = true;
+    EXPECT_FALSE(defaults.save(FileKind::Bank) || effect.keepRecentFiles());
     for (const FileKind kind : kKinds)
         EXPECT_TRUE(defaults.reset(kind));
     EXPECT_TRUE(journal.settings.values.empty());
@@ -90,14 +92,8 @@ TEST_F(UserDefaultsOfAnInstance, MemoriesGiveTheCurrentProgramBackWhateverItsSlo
     EXPECT_EQ(defaults.recall(Memory::A), LoadResult::Loaded);
     EXPECT_TRUE(effect.stored(FileKind::Program) == stored);
     EXPECT_EQ(defaults.recall(Memory::B), LoadResult::Loaded);
-    EXPECT_EQ(nameOf(effect, 13), "Other");
+    EXPECT_EQ(nameOf(13), "Other");
     EXPECT_EQ(journal.settings.values.at("MemoA").size(), 2001U);
-}
-
-TEST_F(UserDefaultsOfAnInstance, SayWhenTheyCannotBeKept) {
-    journal.settings.isFull = true;
-    EXPECT_FALSE(defaults.store(Memory::A) || defaults.save(FileKind::Bank) ||
-                 effect.keepRecentFiles());
 }
 
 TEST_F(UserDefaultsOfAnInstance, KnowTheManualWhereThePathIsNotTooLong) {
