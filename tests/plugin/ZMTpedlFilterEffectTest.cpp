@@ -11,7 +11,6 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <optional>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -332,34 +331,18 @@ TEST_F(Effect, WithoutHostTimeTheRateStaysFreeAndNumbersThatAreNoneCountAsAbsent
     EXPECT_FALSE(effect.followsHostTempo());
 }
 
-// Chunk
-
 TEST_F(Effect, ItsChunkCarriesTheWholeStateToAnotherInstance) {
-    const auto chunkOf = [](AEffect* record) {
-        void* data = nullptr;
-        const VstIntPtr size = record->dispatcher(record, effGetChunk, 1, 0, &data, 0.0F);
-        return std::string(static_cast<const char*>(data), static_cast<std::size_t>(size));
-    };
-    std::mt19937 random(20261124);
-    for (int change = 0; change < 200; ++change) {
-        if (change % 40 == 0)
-            effect.selectProgram(static_cast<std::int32_t>(random() % 140));
-        effect.setParameter(static_cast<VstInt32>(random() % 56),
-                            static_cast<float>(random() % 1000) / 999.0F);
-    }
-    for (const VstInt32 index : {56 + kGain, 56 + kFreqNoteScaleSwitch, VstInt32{kMidiChannel}})
-        effect.setParameter(index, static_cast<float>(index) / 200.0F);
-    std::string chunk = chunkOf(effect.getAeffect());
-    EXPECT_EQ(chunk.size(), 276241U);
-    EXPECT_EQ(chunk.substr(0, 13), std::string("\0\0\0\2FpMZFpMZ8", 13));
-
+    for (VstInt32 index = 0; index < 2 * kNumParams; ++index)
+        effect.setParameter(index, static_cast<float>(index) / 128.0F);
+    void* data = nullptr;
+    const VstInt32 size = effect.getChunk(&data, true); // asked for one program, gives all
+    EXPECT_EQ(std::string(static_cast<const char*>(data), 13),
+              std::string("\0\0\0\2FpMZFpMZ8", 13));
     const auto other = newEffect();
     AEffect* const record = other->getAeffect();
-    const auto size = static_cast<VstIntPtr>(chunk.size());
-    for (const VstIntPtr wrong : {VstIntPtr{-1}, size + (VstIntPtr{1} << 32)})
-        EXPECT_EQ(record->dispatcher(record, effSetChunk, 0, wrong, chunk.data(), 0.0F), -1);
-    EXPECT_EQ(record->dispatcher(record, effSetChunk, 0, size, chunk.data(), 0.0F), 0);
-    EXPECT_TRUE(chunkOf(record) == chunk);
+    for (const VstIntPtr more : {VstIntPtr{1} << 32, VstIntPtr{0}})
+        EXPECT_EQ(record->dispatcher(record, effSetChunk, 0, size + more, data, 0.0F),
+                  more > 0 ? -1 : 0);
     for (VstInt32 index = 0; index < 2 * kNumParams; ++index)
         EXPECT_EQ(other->getParameter(index), effect.getParameter(index)) << index;
 }

@@ -20,12 +20,6 @@ class PresetSystem : public testing::Test {
 protected:
     Journal journal;
     PlainEffect effect{journal};
-
-    std::string currentName() {
-        char name[kProgramNameBytes];
-        effect.getProgramName(name);
-        return name;
-    }
 };
 
 TEST_F(PresetSystem, SelectingAppliesAllValuesThenWaitsThenTellsTheHost) {
@@ -56,12 +50,12 @@ TEST_F(PresetSystem, HostAndViewRenameTheCurrentProgramAndTellEachOther) {
     char name[] = "Chopper in the Distance!";
     effect.setProgramName(name);
     effect.setProgramName(nullptr);
-    EXPECT_EQ(currentName(), "Chopper in the Distance");
+    EXPECT_EQ(effect.nameOf(4), "Chopper in the Distance");
     EXPECT_EQ(journal.count("view name Chopper in the Distance"), 1);
     journal.lines.clear();
     effect.renameCurrentProgram("Mine");
     effect.renameCurrentProgram(nullptr);
-    EXPECT_EQ(currentName(), "Mine");
+    EXPECT_EQ(effect.nameOf(4), "Mine");
     EXPECT_EQ(journal.count("update display"), 2);
 }
 

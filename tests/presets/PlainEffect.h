@@ -4,6 +4,8 @@
 #include "presets/FactoryPrograms.h"
 #include "tests/presets/Journal.h"
 
+#include <string>
+
 namespace pedl::test {
 
 /// The smallest effect on top of the preset system: it notes what reaches its parameters.
@@ -20,6 +22,11 @@ public:
     using CPresetSystemEffect::startPresetSystem;
 
     void processReplacing(float**, float**, VstInt32) override {}
+    std::string nameOf(std::int32_t slot) const {
+        const ProgramName name = bank().name(slot);
+        return std::string(nameText(name));
+    }
+
     void setParameter(VstInt32 index, float normalised) override {
         if (!isParameter(index))
             journal_.note("set ", index, " ", normalised);

@@ -22,10 +22,6 @@ protected:
     void keep(const char* name, const StoredBytes& bytes) {
         journal.settings.values[name] = {bytes.view().begin(), bytes.view().end()};
     }
-    std::string nameOf(std::int32_t slot) {
-        const ProgramName name = effect.bank().name(slot);
-        return std::string(nameText(name));
-    }
 
     Journal journal;
     PlainEffect effect{journal};
@@ -54,10 +50,10 @@ TEST_F(UserDefaultsOfAnInstance, ComeInOrderWithTheFirstProgramPlayedBetween) {
               (std::vector<std::string>{"set 1 0.5", "wait 100", "set 1 0.25", "wait 100",
                                         "set 1 1", "wait 100", "set 149 1", "set 149 0.194444"}));
     EXPECT_EQ(effect.currentSlot(), 0);
-    EXPECT_EQ(nameOf(0), "My first");
+    EXPECT_EQ(effect.nameOf(0), "My first");
     EXPECT_EQ(effect.midiMap().controllerOf(kWet), 64);
     effect.storeSnapshot(9);
-    EXPECT_EQ(nameOf(9), "Default") << "the snapshot is the factory's";
+    EXPECT_EQ(effect.nameOf(9), "Default") << "the snapshot is the factory's";
 }
 
 TEST_F(UserDefaultsOfAnInstance, AreSavedForTheNextOneUntilReset) {
@@ -92,7 +88,7 @@ TEST_F(UserDefaultsOfAnInstance, MemoriesGiveTheCurrentProgramBackWhateverItsSlo
     EXPECT_EQ(defaults.recall(Memory::A), LoadResult::Loaded);
     EXPECT_TRUE(effect.stored(FileKind::Program) == stored);
     EXPECT_EQ(defaults.recall(Memory::B), LoadResult::Loaded);
-    EXPECT_EQ(nameOf(13), "Other");
+    EXPECT_EQ(effect.nameOf(13), "Other");
     EXPECT_EQ(journal.settings.values.at("MemoA").size(), 2001U);
 }
 
