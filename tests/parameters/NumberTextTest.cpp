@@ -39,16 +39,6 @@ TEST(NumberText, RoundsHalfUpAndHoldsAtMostEightCharacters) {
     }
 }
 
-TEST(DecibelText, ShowsSilenceAndHasNoMinusZero) {
-    EXPECT_EQ(decibelText(0.000001).view(), "-oo");
-    EXPECT_EQ(decibelText(0.0000011).view(), "-119.2");     // 20 log10(1.1e-6) = -119.172
-    EXPECT_EQ(decibelText(0.99).view(), "0.0");             // -0.087 dB
-    EXPECT_EQ(decibelText(0.985).view(), "-0.1");           // -0.131 dB
-    EXPECT_EQ(decibelText(1.012).view(), "0.1");            // 0.104 dB
-    EXPECT_EQ(decibelText(0.0000158, -96.0).view(), "-oo"); // -96.03 dB
-    EXPECT_EQ(decibelText(0.0000159, -96.0).view(), "-96.0");
-}
-
 TEST(NoteDivision, ReadsDottedForThreePartsAndKeepsItsTrailingBlank) {
     EXPECT_EQ(noteDivisionText({1, 2}).view(), "1:2 ");
     EXPECT_EQ(noteDivisionText({3, 8}).view(), "1:4 .");

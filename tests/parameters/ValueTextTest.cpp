@@ -87,6 +87,7 @@ TEST(ValueText, NumbersFollowTheirLaws) {
         // Levels are squares of their positions; 0.0005 gives the factor 1.00000005e-6.
         Row{T::LevelDb, 0.5F, "0.0"},       Row{T::LevelDb, 0.25F, "-12.0"},
         Row{T::LevelDb, 0.0005F, "-120.0"}, Row{T::LevelDb, 0.0004F, "-oo"},
+        Row{T::LevelDb, 0.4975F, "0.0"},    Row{T::LevelDb, 0.496F, "-0.1"}, // -0.087, -0.140 dB
         Row{T::ThresholdDb, 0.0F, "-48.0"}, Row{T::ThresholdDb, 0.75F, "-12.0"},
     })
         EXPECT_EQ(valueText(row.rule, row.v).view(), row.text) << row.v;

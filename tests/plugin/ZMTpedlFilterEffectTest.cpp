@@ -302,33 +302,28 @@ TEST_F(Effect, FollowsTheHostsTempoAndStoresTheRateForItselfAlone) {
 TEST_F(Effect, AsksOnceMoreWhereTheHostFillsOnlyWhatTheMaskNames) {
     VstTimeInfo position = timeInfo(kVstPpqPosValid, 0.0, 3.0);
     VstTimeInfo both = timeInfo(kVstPpqPosValid | kVstTempoValid, 90.0, 3.0);
-    effect.setParameter(kLFOSyncMode, 1.0F);
-    journal.times = {&position, &both};
-    journal.lines.clear();
-    process();
-    EXPECT_EQ(journal.lines, (Lines{"time 512", "time 1536"}));
-    EXPECT_EQ(effect.getParameter(kSynchroTempoFromHost), 90.0F);
-    journal.times = {&position, nullptr}; // no second answer: the first one stands
-    process();
-    EXPECT_NEAR(effect.getParameter(kSynchroTempoFromHost), 120.0, 1e-4);
-    EXPECT_FALSE(effect.followsHostTempo());
-    effect.setParameter(kLFOSyncMode, 0.5F); // no question for a tempo that is not used
-    journal.lines.clear();
-    journal.times = {&position};
-    process();
-    EXPECT_EQ(journal.lines, Lines{"time 512"});
-}
-
-TEST_F(Effect, WithoutHostTimeTheRateStaysFreeAndNumbersThatAreNoneCountAsAbsent) {
-    effect.setParameter(kLFOSyncMode, 1.0F);
-    effect.setParameter(kTempoSetup, 1.0F);
-    process();
-    EXPECT_EQ(effect.getParameter(kLFOFreq), 0.066044F);
-    VstTimeInfo time = timeInfo(kVstTempoValid | kVstPpqPosValid, kNaN, HUGE_VAL);
-    journal.times = {&time};
-    effect.setParameter(kLFOEncoder, 0.0F);
-    EXPECT_EQ(effect.getParameter(kLFOFreq), static_cast<float>((5.0 - 0.01) / 14.99));
-    EXPECT_FALSE(effect.followsHostTempo());
+    VstTimeInfo broken = timeInfo(kVstPpqPosValid | kVstTempoValid, kNaN, HUGE_VAL);
+    struct Row {
+        float mode;
+        std::vector<VstTimeInfo*> times;
+        Lines lines;
+        double tempoBpm;
+    };
+    for (const Row& row : {Row{1.0F, {}, {"time 512"}, 120.0},
+                           Row{1.0F, {&position, &both}, {"time 512", "time 1536"}, 90.0},
+                           Row{1.0F, {&position, nullptr}, {"time 512", "time 1536"}, 120.0},
+                           Row{1.0F, {&broken}, {"time 512", "time 1536"}, 120.0},
+                           Row{0.5F, {&position}, {"time 512"}, 120.0}}) {
+        effect.resume();
+        effect.setParameter(kLFOSyncMode, row.mode);
+        journal.times = row.times;
+        journal.lines.clear();
+        process();
+        EXPECT_EQ(journal.lines, row.lines);
+        EXPECT_NEAR(effect.getParameter(kSynchroTempoFromHost), row.tempoBpm, 1e-4);
+        EXPECT_EQ(effect.followsHostTempo(), row.tempoBpm == 90.0);
+        EXPECT_EQ(effect.getParameter(kLFOFreq) == 0.066044F, row.times.empty()) << "stays free";
+    }
 }
 
 TEST_F(Effect, ItsChunkCarriesTheWholeStateToAnotherInstance) {

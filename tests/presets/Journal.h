@@ -51,44 +51,38 @@ public:
     std::vector<VstTimeInfo*> times; ///< one for each question in a row, then the last again
 
     struct JournalClock final : Clock {
-        explicit JournalClock(Journal& owner) : journal(owner) {}
         [[nodiscard]] std::uint32_t tickMs() const override { return 0; }
-        void sleepMs(std::uint32_t durationMs) override { journal.note("wait ", durationMs); }
+        void sleepMs(std::uint32_t durationMs) override { current->note("wait ", durationMs); }
         [[nodiscard]] std::uint32_t calendarSeconds() const override { return 1; }
-        Journal& journal;
-    } clock{*this};
+    } clock;
 
     struct JournalStream final : DiagnosticStream {
-        explicit JournalStream(Journal& owner) : journal(owner) {}
-        void line(std::string_view text) override { journal.note("line ", text); }
-        Journal& journal;
-    } diagnostics{*this};
+        void line(std::string_view text) override { current->note("line ", text); }
+    } diagnostics;
 
     MemorySettings settings; ///< the user has stored nothing yet
 
     struct JournalView final : PresetSystemView {
-        explicit JournalView(Journal& owner) : journal(owner) {}
         void parameterChanged(std::int32_t index, float normalised) noexcept override {
-            journal.note("view ", index, " ", normalised);
+            current->note("view ", index, " ", normalised);
         }
         void programNameChanged(std::string_view name) noexcept override {
-            journal.note("view name ", name);
+            current->note("view name ", name);
         }
         void programMenuEntryChanged(std::int32_t slot) noexcept override {
-            journal.note("view menu entry ", slot);
+            current->note("view menu entry ", slot);
         }
         void programShown(std::int32_t slot) noexcept override {
-            journal.note("view shows ", slot);
+            current->note("view shows ", slot);
         }
-        void processingSuspended() noexcept override { journal.note("view suspended"); }
+        void processingSuspended() noexcept override { current->note("view suspended"); }
         void midiChannelChanged(float normalised) noexcept override {
-            journal.note("view channel ", normalised);
+            current->note("view channel ", normalised);
         }
-        void midiActivity() noexcept override { journal.note("view activity"); }
-        void learnEnded() noexcept override { journal.note("view learn ended"); }
-        void forgetEnded() noexcept override { journal.note("view forget ended"); }
-        Journal& journal;
-    } view{*this};
+        void midiActivity() noexcept override { current->note("view activity"); }
+        void learnEnded() noexcept override { current->note("view learn ended"); }
+        void forgetEnded() noexcept override { current->note("view forget ended"); }
+    } view;
 
 private:
     VstIntPtr answer(AEffect* /*effect*/, VstInt32 opcode, VstInt32 index, VstIntPtr value,

@@ -56,23 +56,19 @@ TEST_F(UserDefaultsOfAnInstance, ComeInOrderWithTheFirstProgramPlayedBetween) {
     EXPECT_EQ(effect.nameOf(9), "Default") << "the snapshot is the factory's";
 }
 
-TEST_F(UserDefaultsOfAnInstance, AreSavedForTheNextOneUntilReset) {
+TEST_F(UserDefaultsOfAnInstance, AreSavedUnderTheirNamesUntilReset) {
     effect.startPresetSystem();
-    effect.setParameter(kGain, 0.7F);
-    effect.renameCurrentProgram("Mine");
-    effect.midiMap().link(kWet, 7);
-    for (const FileKind kind : kKinds)
+    for (const FileKind kind : kKinds) {
         EXPECT_TRUE(defaults.save(kind));
-    PlainEffect next(journal);
-    next.startPresetSystem();
-    for (const FileKind kind : kKinds)
-        EXPECT_TRUE(next.stored(kind) == effect.stored(kind));
-
+        const char* const name = kind == FileKind::Bank      ? "DefaultBank"
+                                 : kind == FileKind::Program ? "DefaultPreset"
+                                                             : "DefaultMidi";
+        EXPECT_TRUE(journal.settings.values.at(name) == effect.stored(kind));
+        EXPECT_TRUE(defaults.reset(kind));
+    }
+    EXPECT_TRUE(journal.settings.values.empty());
     journal.settings.isFull = true;
     EXPECT_FALSE(defaults.save(FileKind::Bank) || effect.keepRecentFiles());
-    for (const FileKind kind : kKinds)
-        EXPECT_TRUE(defaults.reset(kind));
-    EXPECT_TRUE(journal.settings.values.empty());
 }
 
 TEST_F(UserDefaultsOfAnInstance, MemoriesGiveTheCurrentProgramBackWhateverItsSlot) {
