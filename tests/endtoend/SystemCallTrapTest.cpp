@@ -23,7 +23,6 @@ namespace pedl::test {
 namespace {
 
 constexpr int kNone = -1;
-constexpr int kFilterRefused = -2;
 
 std::atomic<int> trappedCall{kNone};
 std::atomic<bool> isWalkDone{false};
@@ -39,33 +38,13 @@ void onTrap(int, siginfo_t* info, void*) {
     spin();
 }
 
-bool refuseEverySystemCall() {
-    scmp_filter_ctx filter = seccomp_init(SCMP_ACT_TRAP);
-    return filter && seccomp_load(filter) == 0; // never released: that might enter the kernel
-}
-
 void audioThread(AudioThreadWalk& walk) {
-    if (refuseEverySystemCall())
+    scmp_filter_ctx filter = seccomp_init(SCMP_ACT_TRAP);
+    if (filter && seccomp_load(filter) == 0) { // never released: that might enter the kernel
         walk.run();
-    else
-        trappedCall = kFilterRefused;
-    isWalkDone = true;
+        isWalkDone = true;
+    }
     spin();
-}
-
-[[noreturn]] void leave(const AudioThreadWalk& walk) {
-    const int number = trappedCall;
-    if (number == kNone && isWalkDone)
-        _exit(EXIT_SUCCESS);
-    if (number == kFilterRefused)
-        std::fprintf(stderr, "the kernel takes no filter\n");
-    else if (number == kNone)
-        std::fprintf(stderr, "not done in time, during %s (%d)\n", walk.call(), walk.detail());
-    else
-        std::fprintf(stderr, "system call `%s` during %s (%d)\n",
-                     seccomp_syscall_resolve_num_arch(SCMP_ARCH_NATIVE, number), walk.call(),
-                     walk.detail());
-    _exit(EXIT_FAILURE);
 }
 
 /// Walks in a thread without system calls and leaves the process: 0 if none was tried.
@@ -84,7 +63,13 @@ void audioThread(AudioThreadWalk& walk) {
     std::thread(audioThread, std::ref(walk)).detach();
     for (auto waited = 0ms; waited < 120s && !isWalkDone && trappedCall == kNone; waited += 5ms)
         std::this_thread::sleep_for(5ms);
-    leave(walk);
+    if (isWalkDone)
+        _exit(EXIT_SUCCESS);
+    const int number = trappedCall; // none: the kernel takes no filter, or the walk takes too long
+    const char* const name =
+        number == kNone ? "none" : seccomp_syscall_resolve_num_arch(SCMP_ARCH_NATIVE, number);
+    std::fprintf(stderr, "system call `%s` during %s (%d)\n", name, walk.call(), walk.detail());
+    _exit(EXIT_FAILURE);
 }
 
 } // namespace

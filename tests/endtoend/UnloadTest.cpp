@@ -8,13 +8,14 @@
 #include <clocale>
 #include <cstdio>
 #include <dlfcn.h>
+#include <fenv.h>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 #include <malloc.h>
 #include <memory>
 #include <signal.h>
+#include <sstream>
 #include <string>
 #include <sys/stat.h>
 #include <thread>
@@ -33,17 +34,8 @@ constexpr double kMebibyte = 1024.0 * 1024.0;
 /// The loader's own bookkeeping.
 constexpr double kLoadersBytesPerRound = 256.0;
 
-std::size_t entriesOf(const char* folder) {
-    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
-}
-
-bool isMapped(const std::string& libraryPath) {
-    std::ifstream maps("/proc/self/maps");
-    const std::string name = std::filesystem::path(libraryPath).filename();
-    for (std::string line; std::getline(maps, line);)
-        if (line.find(name) != std::string::npos)
-            return true;
-    return false;
+bool isLoaded(const char* path) {
+    return dlopen(path, RTLD_LAZY | RTLD_NOLOAD) != nullptr;
 }
 
 double allocatedBytes() {
@@ -66,37 +58,31 @@ double leftBehindBy(const std::function<void()>& round, int rounds) {
     return (allocatedBytes() - before) / rounds;
 }
 
-std::uint16_t x87ControlWord() {
-    std::uint16_t word = 0;
-    asm volatile("fnstcw %0" : "=m"(word));
-    return word;
-}
-
 /// What belongs to the whole process and is nobody's to change in passing.
-struct ProcessState {
-    std::vector<void*> signalHandlers;
-    std::string locale = std::setlocale(LC_ALL, nullptr);
-    std::string workingDirectory = std::filesystem::current_path();
-    std::vector<std::string> environment;
-    unsigned sseControl = _mm_getcsr() & ~_MM_EXCEPT_MASK; // the sticky result bits apart
-    std::uint16_t x87Control = x87ControlWord();
-    mode_t fileMask = umask(0);
-    std::size_t threads = entriesOf("/proc/self/task");
-    std::size_t openFiles = entriesOf("/proc/self/fd");
-
-    ProcessState() {
-        umask(fileMask);
-        for (int number = 1; number < NSIG; ++number) {
-            struct sigaction action {};
-            sigaction(number, nullptr, &action);
-            signalHandlers.push_back(reinterpret_cast<void*>(action.sa_handler));
-        }
-        for (char** variable = environ; *variable; ++variable)
-            environment.emplace_back(*variable);
+std::vector<std::string> processState() {
+    std::vector<std::string> state{std::setlocale(LC_ALL, nullptr),
+                                   std::filesystem::current_path()};
+    for (char** variable = environ; *variable; ++variable)
+        state.emplace_back(*variable);
+    const auto say = [&state](const char* what, auto value) {
+        state.push_back((std::ostringstream() << what << ' ' << value).str());
+    };
+    for (int number = 1; number < NSIG; ++number) {
+        struct sigaction action {};
+        sigaction(number, nullptr, &action);
+        say("signal handler", reinterpret_cast<void*>(action.sa_handler));
     }
-
-    bool operator==(const ProcessState&) const = default;
-};
+    for (const char* folder : {"/proc/self/task", "/proc/self/fd"})
+        say(folder, std::distance(std::filesystem::directory_iterator(folder), {}));
+    fenv_t arithmetic;
+    fegetenv(&arithmetic);
+    say("x87 control", arithmetic.__control_word);
+    say("SSE control", arithmetic.__mxcsr & ~_MM_EXCEPT_MASK); // the sticky result bits apart
+    const mode_t mask = umask(0);
+    umask(mask);
+    say("file mask", mask);
+    return state;
+}
 
 void process(AEffect* effect) {
     auto buffer = noise<float>(kBlockFrames, 1);
@@ -155,18 +141,18 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& guest) { return guest.param.isShown ? "toolkit" : "plugin"; });
 
 TEST_P(Unload, LeavesTheProcessAsItWas) {
-    const ProcessState before;
+    const std::vector<std::string> before = processState();
     {
         const PluginLibrary library(guest.path);
         ASSERT_NE(library.create(), nullptr); // abandoned: neither opened nor closed
         const RunningEffect effect(library, 48000.0F, kBlockFrames);
         process(effect.get());
         dispatch(effect.get(), effEditIdle);
-        EXPECT_TRUE(ProcessState() == before) << "no thread, no file, no connection to a display";
+        EXPECT_EQ(processState(), before) << "no thread, no file, no connection to a display";
     }
     guest.use();
-    EXPECT_FALSE(isMapped(guest.path));
-    EXPECT_TRUE(ProcessState() == before);
+    EXPECT_FALSE(isLoaded(guest.path));
+    EXPECT_EQ(processState(), before);
 }
 
 TEST_P(Unload, LeavesNoMemoryBehind) {

@@ -15,10 +15,6 @@ using test::EventList;
 constexpr std::int32_t kNone = MidiMap::kNone;
 constexpr int kControl = 0xB0; // the status of a control change on channel 1
 
-float channelValue(int channel) {
-    return (static_cast<float>(channel) + 0.5F) / 18.0F;
-}
-
 class MidiLearn : public test::EffectTest {
 protected:
     MidiLearn() { effect.setView(&journal.view); }
@@ -125,8 +121,8 @@ TEST_F(MidiLearn, ForgettingTakesOneLinkAwayAndKeepsTheChange) {
 
 TEST_F(MidiLearn, FollowsControlChangesAndSystemMessagesOfItsChannel) {
     effect.midiMap().link(kGain, 7);
-    for (const int channel : {0, 3, 17}) {
-        effect.setParameter(kMidiChannel, channelValue(channel));
+    for (int channel = 0; channel <= 17; ++channel) {
+        effect.setParameter(kMidiChannel, (static_cast<float>(channel) + 0.5F) / 18.0F);
         journal.lines.clear();
         for (int status = 0x00; status <= 0xFF; ++status) {
             const bool isSelected = channel == 17 || status % 16 == channel - 1;

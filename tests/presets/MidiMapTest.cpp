@@ -101,17 +101,5 @@ TEST(MidiMap, EndsThatPartedStayUntilRebuiltOrRelinked) {
     }
 }
 
-TEST(MidiMap, ChannelsReceiveTheirOwnMessages) {
-    for (std::int32_t channel = 0; channel <= 17; ++channel) {
-        MidiMap map;
-        map.setChannelValue((static_cast<float>(channel) + 0.5F) / 18.0F);
-        EXPECT_EQ(map.channel(), channel);
-        for (int sent = 1; sent <= 16; ++sent)
-            EXPECT_EQ(map.receives(static_cast<std::uint8_t>(0xB0 + sent - 1)),
-                      channel == 17 || channel == sent)
-                << sent << " to " << channel;
-    }
-}
-
 } // namespace
 } // namespace pedl
