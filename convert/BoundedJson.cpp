@@ -1,6 +1,7 @@
 #include "convert/BoundedJson.h"
 
 #include "foundation/text/PrintableText.h"
+#include "foundation/text/Utf8.h"
 
 #include <cstddef>
 #include <exception>
@@ -21,12 +22,9 @@ constexpr std::size_t kMostQuoted = 40;
 constexpr std::size_t kMostComplained = 200; // a parser's message can hold what it last read
 
 /// The first `most` bytes, not cut within a character.
-std::string shortened(std::string text, std::size_t most) {
-    if (text.size() <= most)
-        return text;
-    while (most > 0 && (static_cast<unsigned char>(text[most]) & 0xC0U) == 0x80U)
-        --most;
-    return text.substr(0, most) + "...";
+std::string shortened(const std::string& text, std::size_t most) {
+    const std::string_view first = firstWholeCharacters(text, most);
+    return first.size() == text.size() ? text : std::string(first) + "...";
 }
 
 struct Refusal {
@@ -105,7 +103,7 @@ std::string complaintOf(const std::exception& error) {
     for (const std::string_view front : {"] ", "parse error at "})
         if (const std::size_t at = text.find(front); at != std::string::npos)
             text.erase(0, at + front.size());
-    return shortened(std::move(text), kMostComplained);
+    return shortened(text, kMostComplained);
 }
 
 } // namespace

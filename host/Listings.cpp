@@ -2,6 +2,7 @@
 
 #include "foundation/text/NameMatch.h"
 #include "foundation/text/PrintableText.h"
+#include "foundation/text/Utf8.h"
 
 #include <nlohmann/json.hpp>
 
@@ -63,26 +64,19 @@ std::string text(const Json& json) {
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-/// Characters, not bytes: names may hold any UTF-8.
-std::size_t columnsOf(const std::string& cell) {
-    return static_cast<std::size_t>(std::count_if(cell.begin(), cell.end(), [](char byte) {
-        return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-    }));
-}
-
 /// Rows of cells as lines of aligned columns; the first column stands right.
 std::string table(const std::vector<std::vector<std::string>>& rows) {
     std::vector<std::size_t> widths;
     for (const auto& row : rows)
         for (std::size_t column = 0; column < row.size(); ++column) {
             widths.resize(std::max(widths.size(), column + 1));
-            widths[column] = std::max(widths[column], columnsOf(row[column]));
+            widths[column] = std::max(widths[column], countCharacters(row[column]));
         }
     std::string lines;
     for (const auto& row : rows) {
         std::string line;
         for (std::size_t column = 0; column < row.size(); ++column) {
-            const std::string blanks(widths[column] - columnsOf(row[column]), ' ');
+            const std::string blanks(widths[column] - countCharacters(row[column]), ' ');
             line += (column == 0 ? blanks + row[column] : "  " + row[column] + blanks);
         }
         lines += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";

@@ -1,6 +1,7 @@
 #include "presets/SettingsText.h"
 
-#include <array>
+#include "foundation/text/Utf8.h"
+
 #include <cstdint>
 #include <optional>
 
@@ -12,10 +13,7 @@ constexpr char32_t kFirstHighSurrogate = 0xD800;
 constexpr char32_t kFirstLowSurrogate = 0xDC00;
 constexpr char32_t kBehindSurrogates = 0xE000;
 constexpr char32_t kFirstOfTwoUnits = 0x10000;
-constexpr char32_t kBehindUnicode = 0x110000;
-constexpr char32_t kReplacement = 0xFFFD;
 
-constexpr unsigned kPayloadBits = 6;    // of a UTF-8 byte that continues a character
 constexpr unsigned kSurrogateBits = 10; // of each unit of a pair
 
 /// A byte that belongs to no character, as the surrogate that stands for it, and back.
@@ -30,70 +28,17 @@ bool isSurrogate(char32_t character) {
     return character >= kFirstHighSurrogate && character < kBehindSurrogates;
 }
 
-/// Characters that take so many UTF-8 bytes, and what the first byte then begins with.
-struct Utf8Length {
-    unsigned bytes;
-    std::uint8_t lead;
-    char32_t first, behind;
-};
-// clang-format off
-constexpr std::array<Utf8Length, 4> kLengths{{
-    {1, 0x00, 0x0,              0x80},
-    {2, 0xC0, 0x80,             0x800},
-    {3, 0xE0, 0x800,            kFirstOfTwoUnits},
-    {4, 0xF0, kFirstOfTwoUnits, kBehindUnicode},
-}};
-// clang-format on
-
-/// The character of this length that the text begins with; nothing for any other beginning.
-std::optional<char32_t> decoded(std::string_view text, const Utf8Length& length) {
-    if (text.size() < length.bytes)
-        return std::nullopt;
-    const unsigned leadBits = length.bytes == 1 ? 7 : kPayloadBits + 1 - length.bytes;
-    const auto lead = static_cast<std::uint8_t>(text.front());
-    if (lead >> leadBits != length.lead >> leadBits)
-        return std::nullopt;
-    char32_t character = lead & ((1U << leadBits) - 1U);
-    for (const char next : text.substr(1, length.bytes - 1)) {
-        const auto byte = static_cast<std::uint8_t>(next);
-        if (byte >> kPayloadBits != 0b10)
-            return std::nullopt;
-        character = character << kPayloadBits | (byte & 0x3FU);
-    }
-    const bool isShortest = character >= length.first && character < length.behind;
-    return isShortest && !isSurrogate(character) ? std::optional(character) : std::nullopt;
-}
-
 /// The first character of a text that is not empty, taken off it.
-char32_t takeCharacter(std::string_view& text) {
-    for (const Utf8Length& length : kLengths)
-        if (const std::optional<char32_t> character = decoded(text, length)) {
-            text.remove_prefix(length.bytes);
-            return *character;
-        }
+char32_t takeCharacterOrByte(std::string_view& text) {
     const auto byte = static_cast<std::uint8_t>(text.front());
-    text.remove_prefix(1);
-    return strayByte(byte);
+    return takeCharacter(text).value_or(strayByte(byte));
 }
 
 void append(std::string& text, char32_t character) {
-    if (isStrayByte(character)) {
+    if (isStrayByte(character))
         text += static_cast<char>(character - strayByte(0));
-        return;
-    }
-    if (isSurrogate(character))
-        character = kReplacement;
-    for (const Utf8Length& length : kLengths) {
-        if (character >= length.behind)
-            continue;
-        unsigned shift = (length.bytes - 1) * kPayloadBits;
-        text += static_cast<char>(length.lead | character >> shift);
-        while (shift > 0) {
-            shift -= kPayloadBits;
-            text += static_cast<char>(0x80U | (character >> shift & 0x3FU));
-        }
-        return;
-    }
+    else
+        text += utf8Of(isSurrogate(character) ? kReplacementCharacter : character);
 }
 
 void appendUnit(std::vector<std::byte>& bytes, char32_t unit) {
@@ -123,7 +68,7 @@ bool isLowSurrogate(char32_t unit) {
 std::vector<std::byte> settingsTextBytes(std::string_view text) {
     std::vector<std::byte> bytes;
     while (!text.empty()) {
-        const char32_t character = takeCharacter(text);
+        const char32_t character = takeCharacterOrByte(text);
         if (character < kFirstOfTwoUnits) {
             appendUnit(bytes, character);
             continue;

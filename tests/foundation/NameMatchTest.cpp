@@ -1,5 +1,4 @@
 #include "foundation/text/NameMatch.h"
-#include "foundation/text/PrintableText.h"
 
 #include <gtest/gtest.h>
 
@@ -45,14 +44,6 @@ TEST(NameMatch, NamesWhatCouldBeMeantByAnUnclearOrUnknownName) {
              Row{"  ", "the name of a parameter is missing"},
          })
         EXPECT_EQ(findByName(typed, kParameters, "parameter").problem().text, problem);
-}
-
-TEST(PrintableText, MakesAnyBytesFitForATerminal) {
-    EXPECT_EQ(printableText("1:2 "), "1:2 ") << "blanks at the end belong to the text";
-    EXPECT_EQ(printableText("G\xC3\xA4nge"), "G\xC3\xA4nge");
-    EXPECT_EQ(printableText("G\xE4nge"), "G\xC3\xA4nge") << "Latin-1";
-    EXPECT_EQ(printableText("a\x1B[2Jb\n"), "a [2Jb ");
-    EXPECT_EQ(printableText("\xED\xA0\x80"), "\xC3\xAD\xC2\xA0 ") << "half of a surrogate pair";
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include "tests/foundation/vstgui/Canvas.h"
 #include "vstgui/lib/platform/common/fontengine.h"
-#include "vstgui/lib/platform/common/utf8.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,16 +27,6 @@ double widthUnits(const char* text, int32_t style = kNormalFace, double size = 1
     Canvas canvas(1, 1);
     setFont(canvas, size, style);
     return canvas->getStringWidth(text) * kUnitsPerEm / size;
-}
-
-std::vector<char32_t> decoded(const std::string& bytes) {
-    // An exact copy on the heap: reading past its zero is seen by the address sanitizer.
-    const auto copy = std::make_unique<char[]>(bytes.size() + 1);
-    std::memcpy(copy.get(), bytes.c_str(), bytes.size() + 1);
-    std::vector<char32_t> characters;
-    for (const char* text = copy.get(); *text;)
-        characters.push_back(nextCharacter(text));
-    return characters;
 }
 
 } // namespace
@@ -184,36 +173,6 @@ TEST(TextStyle, ColourAndAlphaAreTheFonts) {
     canvas->drawString("\xE2\x96\xA0", CPoint(0, 18)); // a full square
     const Canvas::Ink ink = canvas.ink();
     EXPECT_EQ(canvas.at((ink.left + ink.right) / 2, (ink.top + ink.bottom) / 2), 0x80000080U);
-}
-
-TEST(Utf8, BytesThatAreNoCharacterAreReplacedOneByOne) {
-    constexpr char32_t kBad = kReplacementCharacter;
-    struct Row {
-        std::string bytes;
-        std::vector<char32_t> characters;
-    };
-    const std::vector<Row> rows{
-        {"A\xC3\xA9\xE2\x88\x9E\xF0\x9F\x8E\xB5", {U'A', 0xE9, 0x221E, 0x1F3B5}},
-        {"\xFF"
-         "A",
-         {kBad, U'A'}},
-        {"\x80\xBF", {kBad, kBad}},
-        {"\xC3", {kBad}}, // cut off
-        {"\xE2\x88", {kBad, kBad}},
-        {"\xF0\x9F\x8E", {kBad, kBad, kBad}},
-        {"\xC3"
-         "A",
-         {kBad, U'A'}},             // not continued
-        {"\xC0\x80", {kBad, kBad}}, // longer than needed
-        {"\xE0\x80\xAF", {kBad, kBad, kBad}},
-        {"\xED\xA0\x80", {kBad, kBad, kBad}},           // half of a surrogate pair
-        {"\xF4\x90\x80\x80", {kBad, kBad, kBad, kBad}}, // beyond the last character
-        {"\xF4\x8F\xBF\xBF", {0x10FFFF}},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(testing::PrintToString(row.bytes));
-        EXPECT_EQ(decoded(row.bytes), row.characters);
-    }
 }
 
 TEST(Utf8, HostileTextIsDrawnAsBoxesAndEndsInTime) {

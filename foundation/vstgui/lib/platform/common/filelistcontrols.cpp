@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "foundation/text/Utf8.h"
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/platform/common/overlaycolors.h"
 #include "vstgui/lib/platform/common/textline.h"
-#include "vstgui/lib/platform/common/utf8.h"
 
 namespace VSTGUI {
 
@@ -177,9 +177,8 @@ void NameList::scrollTo(int32_t row) {
 bool NameList::selectLetter(char32_t letter) {
     for (int32_t tries = 1; tries <= count(); ++tries) {
         const int32_t index = (std::max(selected_, -1) + tries) % count();
-        std::size_t place = 0;
-        const std::string& name = entries_[static_cast<std::size_t>(index)].name;
-        if (smallLetter(nextCharacter(name, place)) != smallLetter(letter))
+        std::string_view name = entries_[static_cast<std::size_t>(index)].name;
+        if (pedl::smallLetter(pedl::takeAnyCharacter(name)) != pedl::smallLetter(letter))
             continue;
         select(index);
         return true;

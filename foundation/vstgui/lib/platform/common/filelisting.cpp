@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-#include "vstgui/lib/platform/common/utf8.h"
+#include "foundation/text/Utf8.h"
 
 namespace VSTGUI {
 
@@ -17,8 +17,8 @@ constexpr std::size_t kMaxEntries = 4000;
 
 std::string inSmallLetters(const std::string& name) {
     std::string folded;
-    for (std::size_t place = 0; place < name.size();)
-        folded += utf8FromCharacter(smallLetter(nextCharacter(name, place)));
+    for (std::string_view rest = name; !rest.empty();)
+        folded += pedl::utf8Of(pedl::smallLetter(pedl::takeAnyCharacter(rest)));
     return folded;
 }
 

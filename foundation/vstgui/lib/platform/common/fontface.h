@@ -55,7 +55,9 @@ private:
 
 } // namespace VSTGUI
 
-#include "vstgui/lib/platform/common/utf8.h"
+#include "foundation/text/Utf8.h"
+
+#include <string_view>
 
 namespace VSTGUI {
 
@@ -63,8 +65,9 @@ template <typename Visitor> int32_t FontFace::walk(const char* text, Visitor&& v
     constexpr int32_t kWidestUnits = 1 << 28; // a text of megabytes ends there
     int32_t penUnits = 0;
     Letter previous;
-    while (text && *text && penUnits < kWidestUnits) {
-        const Letter letter = letterFor(nextCharacter(text));
+    std::string_view rest = text ? text : "";
+    while (!rest.empty() && penUnits < kWidestUnits) {
+        const Letter letter = letterFor(pedl::takeAnyCharacter(rest));
         penUnits += kerning(previous, letter);
         if (!visit(letter, penUnits))
             break;

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "foundation/text/Utf8.h"
 #include "vstgui/lib/coffscreencontext.h"
 #include "vstgui/lib/cvstguitimer.h"
 #include "vstgui/lib/platform/common/clipboard.h"
 #include "vstgui/lib/platform/common/overlaycolors.h"
-#include "vstgui/lib/platform/common/utf8.h"
 
 namespace VSTGUI {
 
@@ -49,7 +49,7 @@ std::string textOf(const VstKeyCode& keyCode) {
     const bool isSmallLetter = code >= 'a' && code <= 'z';
     if (isSmallLetter && (keyCode.modifier & MODIFIER_SHIFT))
         code -= 0x20;
-    return utf8FromCharacter(code);
+    return pedl::utf8Of(code);
 }
 
 bool hasControl(const VstKeyCode& keyCode) {

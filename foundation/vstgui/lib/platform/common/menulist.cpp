@@ -4,10 +4,10 @@
 #include <array>
 #include <cmath>
 
+#include "foundation/text/Utf8.h"
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/controls/coptionmenu.h"
 #include "vstgui/lib/platform/common/overlaycolors.h"
-#include "vstgui/lib/platform/common/utf8.h"
 
 namespace VSTGUI {
 
@@ -271,9 +271,9 @@ void MenuList::hoverColumn(int32_t direction) {
 bool MenuList::hoverLetter(char32_t letter) {
     for (int32_t tries = 1; tries <= count(); ++tries) {
         const int32_t index = (std::max(hovered_, -1) + tries) % count();
-        std::size_t place = 0;
-        if (!isSelectable(index) || entry(index).title.empty() ||
-            smallLetter(nextCharacter(entry(index).title, place)) != smallLetter(letter))
+        std::string_view title = entry(index).title;
+        if (!isSelectable(index) || title.empty() ||
+            pedl::smallLetter(pedl::takeAnyCharacter(title)) != pedl::smallLetter(letter))
             continue;
         hoverByKey(index);
         return true;

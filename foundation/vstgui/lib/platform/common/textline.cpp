@@ -1,6 +1,6 @@
 #include "vstgui/lib/platform/common/textline.h"
 
-#include "vstgui/lib/platform/common/utf8.h"
+#include "foundation/text/Utf8.h"
 
 #include <algorithm>
 
@@ -11,22 +11,21 @@ namespace {
 /// What may stand in a line.
 std::string cleaned(const std::string& text) {
     std::string clean;
-    for (std::size_t place = 0; place < text.size();) {
-        const char32_t code = nextCharacter(text, place);
-        if (code == '\r' || code == kReplacementCharacter)
+    for (std::string_view rest = text; !rest.empty();) {
+        const char32_t code = pedl::takeAnyCharacter(rest);
+        if (code == '\r' || code == pedl::kReplacementCharacter)
             continue;
-        const bool isControl = code < 0x20 || (code >= 0x7F && code < 0xA0);
-        clean += isControl ? " " : utf8FromCharacter(code);
+        clean += pedl::isControl(code) ? " " : pedl::utf8Of(code);
     }
     return clean;
 }
 
 /// The first `count` characters.
 std::string firstCharacters(const std::string& text, std::size_t count) {
-    std::size_t place = 0;
-    for (; count > 0 && place < text.size(); --count)
-        nextCharacter(text, place);
-    return text.substr(0, place);
+    std::string_view rest = text;
+    for (; count > 0 && !rest.empty(); --count)
+        pedl::takeAnyCharacter(rest);
+    return text.substr(0, text.size() - rest.size());
 }
 
 } // namespace
@@ -46,7 +45,7 @@ void TextLine::setText(const std::string& text) {
 
 bool TextLine::insert(const std::string& text) {
     const bool hasErased = eraseSelection();
-    const std::size_t room = maxCharacters_ - countCharacters(text_);
+    const std::size_t room = maxCharacters_ - pedl::countCharacters(text_);
     const std::string fitting = firstCharacters(cleaned(text), room);
     text_.insert(caret_, fitting);
     caret_ += fitting.size();
@@ -108,7 +107,7 @@ void TextLine::selectWordAt(std::size_t place) {
 std::size_t TextLine::next(std::size_t place) const {
     if (place < text_.size())
         ++place;
-    while (place < text_.size() && continuesCharacter(text_[place]))
+    while (place < text_.size() && pedl::continuesCharacter(text_[place]))
         ++place;
     return place;
 }
@@ -116,7 +115,7 @@ std::size_t TextLine::next(std::size_t place) const {
 std::size_t TextLine::previous(std::size_t place) const {
     if (place > 0)
         --place;
-    while (place > 0 && continuesCharacter(text_[place]))
+    while (place > 0 && pedl::continuesCharacter(text_[place]))
         --place;
     return place;
 }

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "vstgui/lib/platform/common/utf8.h"
+#include "foundation/text/Utf8.h"
 #include "vstgui/lib/platform/iplatformframe.h"
 #include "vstgui/lib/platform/linux/brokenpipeguard.h"
 
@@ -17,14 +17,14 @@ constexpr char32_t kLastLatin1 = 0xFF;
 std::string utf8FromLatin1(const std::string& text) {
     std::string utf8;
     for (const char byte : text)
-        utf8 += utf8FromCharacter(static_cast<unsigned char>(byte));
+        utf8 += pedl::utf8Of(static_cast<unsigned char>(byte));
     return utf8;
 }
 
 std::string latin1FromUtf8(const std::string& text) {
     std::string latin1;
-    for (const char* rest = text.c_str(); *rest;) {
-        const char32_t character = nextCharacter(rest);
+    for (std::string_view rest = text; !rest.empty();) {
+        const char32_t character = pedl::takeAnyCharacter(rest);
         latin1 += character <= kLastLatin1 ? static_cast<char>(character) : '?';
     }
     return latin1;

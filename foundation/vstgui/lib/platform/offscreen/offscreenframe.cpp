@@ -1,8 +1,9 @@
 #include "vstgui/lib/platform/offscreen/offscreenframe.h"
 
-#include <cctype>
 #include <string>
+#include <string_view>
 
+#include "foundation/text/Utf8.h"
 #include "vstgui/lib/cframe.h"
 #include "vstgui/lib/cvstguitimer.h"
 #include "vstgui/lib/platform/offscreen/offscreenmenu.h"
@@ -15,24 +16,12 @@ unsigned char modifierByte(int32_t modifiers) {
     return static_cast<unsigned char>(modifiers);
 }
 
-/// The bytes of the character that `text` begins with, from its first one.
-std::size_t lengthOfCharacter(UTF8StringPtr text) {
-    const auto first = static_cast<unsigned char>(*text);
-    const std::size_t wanted = first < 0xC0 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-    std::size_t length = 1;
-    while (length < wanted && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
-        ++length;
-    return length;
-}
-
-int32_t codePointOf(const std::string& character) {
-    const auto first = static_cast<unsigned char>(character[0]);
-    if (character.size() == 1)
-        return std::tolower(first);
-    int32_t codePoint = first & (0x7F >> character.size());
-    for (std::size_t i = 1; i < character.size(); ++i)
-        codePoint = codePoint << 6 | (character[i] & 0x3F);
-    return codePoint;
+/// What the keyboard says for a character: that of a letter is its small one, with shift or
+/// without.
+int32_t keyCodeOf(char32_t character) {
+    constexpr char32_t kBehindAscii = 0x80;
+    return static_cast<int32_t>(character < kBehindAscii ? pedl::smallLetter(character)
+                                                         : character);
 }
 
 } // namespace
@@ -95,10 +84,11 @@ bool OffscreenFrame::keyUp(VstVirtualKey key, int32_t modifiers) {
 bool OffscreenFrame::typeText(UTF8StringPtr text, int32_t modifiers) {
     const CBaseObjectGuard self(this);
     bool used = true;
-    for (; *text; text += lengthOfCharacter(text)) {
-        const std::string character(text, lengthOfCharacter(text));
-        used &=
-            sendKeyDown({codePointOf(character), 0, modifierByte(modifiers)}, character.c_str());
+    for (std::string_view rest = text; !rest.empty();) {
+        std::string character(rest);
+        const int32_t keyCode = keyCodeOf(pedl::takeAnyCharacter(rest));
+        character.resize(character.size() - rest.size());
+        used &= sendKeyDown({keyCode, 0, modifierByte(modifiers)}, character.c_str());
     }
     return used;
 }
