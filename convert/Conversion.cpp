@@ -4,12 +4,10 @@
 #include "convert/DocumentWriter.h"
 #include "convert/TextForm.h"
 #include "foundation/text/NameMatch.h"
-#include "presets/PresetFiles.h"
 
 #include <filesystem>
 #include <span>
 #include <string_view>
-#include <utility>
 
 namespace pedl {
 
@@ -25,17 +23,20 @@ std::optional<Form> formOf(const std::string& out) {
     if (out == kStandardOutput)
         return Form{true, std::nullopt};
     const std::string ending = lowerCase(std::filesystem::path(out).extension().string());
-    if (ending == ".json")
+    if (ending == kTextEnding)
         return Form{true, std::nullopt};
-    if (ending == ".chunk")
-        return Form{false, DocumentKind::Chunk};
-    using Pair = std::pair<FileKind, DocumentKind>;
-    for (const auto& [file, document] :
-         {Pair{FileKind::Program, DocumentKind::Program}, Pair{FileKind::Bank, DocumentKind::Bank},
-          Pair{FileKind::MidiSettings, DocumentKind::MidiSettings}})
-        if (ending == '.' + std::string(fileType(file).extension))
-            return Form{false, document};
+    for (const DocumentKind kind : kDocumentKinds)
+        if (ending == kindEnding(kind))
+            return Form{false, kind};
     return std::nullopt;
+}
+
+/// ".zmt is a program, ...".
+std::string knownForms() {
+    std::string forms;
+    for (const DocumentKind kind : kDocumentKinds)
+        forms += kindEnding(kind) + (forms.empty() ? " is " : " ") + contentsName(kind) + ", ";
+    return forms + std::string(kTextEnding) + " text";
 }
 
 std::vector<std::byte> bytesOf(std::string_view text) {
@@ -48,8 +49,7 @@ std::vector<std::byte> bytesOf(std::string_view text) {
 Result<Conversion> convert(const ConversionRequest& request) {
     const std::optional<Form> form = formOf(request.out);
     if (!form)
-        return Problem{request.out + ": the ending names no form; .zmt is a program, .zmb a bank, "
-                                     ".zmm MIDI settings, .chunk a host chunk, .json text"};
+        return Problem{request.out + ": the ending names no form; " + knownForms()};
     Result<Document> read = readDocument(request.in);
     if (!read.ok())
         return read.problem();

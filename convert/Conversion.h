@@ -6,12 +6,16 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pedl {
 
 /// Stands for standard output in place of a file's name; it takes the text form.
 constexpr const char* kStandardOutput = "-";
+
+/// What the name of a file that is to hold a text form ends with, in small letters.
+constexpr std::string_view kTextEnding = ".json";
 
 struct ConversionRequest {
     std::string in;

@@ -4,6 +4,7 @@
 #include "foundation/text/PrintableText.h"
 #include "parameters/ListPosition.h"
 #include "presets/FactoryPrograms.h"
+#include "presets/FileKinds.h"
 #include "presets/ProgramBank.h"
 
 #include <algorithm>
@@ -14,6 +15,24 @@ namespace {
 
 constexpr std::int32_t kLinkPositions = kNumControllers + 1; // the last one is none
 
+struct Words {
+    std::string_view name, key, extension;
+};
+
+/// A chunk is the host's to keep: the plug-in has no file of this kind, the others it has.
+constexpr Words kChunkWords{"host chunk", "chunk", "chunk"};
+
+Words wordsOf(DocumentKind kind) noexcept {
+    static_assert(static_cast<int>(DocumentKind::Program) == static_cast<int>(FileKind::Program) &&
+                  static_cast<int>(DocumentKind::Bank) == static_cast<int>(FileKind::Bank) &&
+                  static_cast<int>(DocumentKind::MidiSettings) ==
+                      static_cast<int>(FileKind::MidiSettings));
+    if (kind == DocumentKind::Chunk)
+        return kChunkWords;
+    const FileType& type = fileType(static_cast<FileKind>(kind));
+    return {type.name, type.key, type.extension};
+}
+
 } // namespace
 
 const ProgramRecord& currentProgram(const Document& document) {
@@ -21,9 +40,15 @@ const ProgramRecord& currentProgram(const Document& document) {
 }
 
 std::string_view kindName(DocumentKind kind) noexcept {
-    constexpr std::array<std::string_view, 4> kNames{"program", "bank", "MIDI settings",
-                                                     "host chunk"};
-    return kNames[static_cast<std::size_t>(kind)];
+    return wordsOf(kind).name;
+}
+
+std::string_view kindKey(DocumentKind kind) noexcept {
+    return wordsOf(kind).key;
+}
+
+std::string kindEnding(DocumentKind kind) {
+    return '.' + std::string(wordsOf(kind).extension);
 }
 
 std::string contentsName(DocumentKind kind) {

@@ -17,8 +17,17 @@ namespace pedl {
 /// Which of the things that the plug-in stores a document is.
 enum class DocumentKind { Program, Bank, MidiSettings, Chunk };
 
+constexpr std::array<DocumentKind, 4> kDocumentKinds{
+    DocumentKind::Program, DocumentKind::Bank, DocumentKind::MidiSettings, DocumentKind::Chunk};
+
 /// "program", "bank", "MIDI settings", "host chunk".
 [[nodiscard]] std::string_view kindName(DocumentKind kind) noexcept;
+
+/// The key in the text form: "program", "bank", "midi", "chunk".
+[[nodiscard]] std::string_view kindKey(DocumentKind kind) noexcept;
+
+/// What the name of a file that is to hold one ends with, in small letters: ".zmb".
+[[nodiscard]] std::string kindEnding(DocumentKind kind);
 
 /// The same for what a document holds: "a program", "MIDI settings".
 [[nodiscard]] std::string contentsName(DocumentKind kind);

@@ -6,6 +6,7 @@
 #include "foundation/text/PrintableText.h"
 #include "parameters/ListPosition.h"
 #include "presets/FactoryPrograms.h"
+#include "presets/FileKinds.h"
 #include "presets/FileReader.h"
 #include "presets/MidiNames.h"
 #include "presets/RawReader.h"
@@ -173,22 +174,20 @@ Result<Document> fromRawChunk(const ChunkView& chunk) {
 Result<Document> fromFile(std::span<const std::byte> file, ByteOrder order) {
     if (file.size() < kStreamStartBytes)
         return Problem{"ends before it says what it is"};
-    const auto kind = std::to_integer<std::uint8_t>(file[kIdBytes]);
+    const auto mark = std::to_integer<std::uint8_t>(file[kIdBytes]);
+    const FileType* const type = fileTypeOf(static_cast<StreamKind>(mark));
     Result<Document> result = [&] {
-        switch (static_cast<StreamKind>(kind)) {
-        case StreamKind::RawProgram:
-        case StreamKind::Program:
+        switch (type != nullptr ? type->kind : FileKind::MidiSettings) { // these under any mark
+        case FileKind::Program:
             return fromProgramFile(file);
-        case StreamKind::RawBank:
-        case StreamKind::Bank:
+        case FileKind::Bank:
             return fromBankFile(file);
-        default:
-            return fromMidiFile(file, kind);
+        case FileKind::MidiSettings:
+            break;
         }
+        return fromMidiFile(file, mark);
     }();
-    const bool isRaw = kind == static_cast<std::uint8_t>(StreamKind::RawProgram) ||
-                       kind == static_cast<std::uint8_t>(StreamKind::RawBank) ||
-                       kind == static_cast<std::uint8_t>(StreamKind::RawMidi);
+    const bool isRaw = type != nullptr && mark == static_cast<std::uint8_t>(type->rawStream);
     if (result.ok() && !isRaw)
         warnIfCut(openSizedStream(file, order), result.value());
     return result;

@@ -172,11 +172,6 @@ std::string controllerName(std::int32_t controller) {
     return std::string(controllerText(listValue(controller, kNumControllerTexts)));
 }
 
-std::string_view kindKey(DocumentKind kind) noexcept {
-    constexpr std::array<std::string_view, 4> kKeys{"program", "bank", "midi", "chunk"};
-    return kKeys[static_cast<std::size_t>(kind)];
-}
-
 std::string shownName(const ProgramName& name) {
     return printableText(nameText(name));
 }

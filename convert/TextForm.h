@@ -48,9 +48,6 @@ Result<Document> documentFromText(std::string_view text);
 /// "sustain cc#64".
 [[nodiscard]] std::string controllerName(std::int32_t controller);
 
-/// The key of a kind: "program", "bank", "midi", "chunk".
-[[nodiscard]] std::string_view kindKey(DocumentKind kind) noexcept;
-
 /// A stored name as it is shown.
 [[nodiscard]] std::string shownName(const ProgramName& name);
 

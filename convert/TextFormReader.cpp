@@ -77,11 +77,13 @@ private:
 
     static DocumentKind kindOf(const Place& whole) {
         const Place place = needed(whole, "kind");
-        for (const DocumentKind kind : {DocumentKind::Program, DocumentKind::Bank,
-                                        DocumentKind::MidiSettings, DocumentKind::Chunk})
+        std::string keys;
+        for (const DocumentKind kind : kDocumentKinds) {
             if (place.string() == kindKey(kind))
                 return kind;
-        place.refuse(inQuotes(place.string()) + " is none of program, bank, midi, chunk");
+            keys += (keys.empty() ? "" : ", ") + std::string(kindKey(kind));
+        }
+        place.refuse(inQuotes(place.string()) + " is none of " + keys);
     }
 
     void bank(const Place& whole) {

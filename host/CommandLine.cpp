@@ -1,5 +1,8 @@
 #include "host/CommandLine.h"
 
+#include "convert/Conversion.h"
+#include "host/StoredFiles.h"
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
@@ -104,11 +107,12 @@ CLI::App* addRender(CLI::App& app, CommandLine& line) {
     };
     addFile(*command, "IN", line.in, "Sound file to read");
     addFile(*command, "OUT", line.out, "Sound file to write; its ending names the format");
-    add("--bank", line.bank, "FILE", "Bank to load: a bank file, a host chunk or the JSON of one");
+    add(storedFileOption(DocumentKind::Bank), line.bank, "FILE",
+        "Bank to load: a bank file, a host chunk or the JSON of one");
     addProgramOption(*command, line);
-    add("--preset", line.preset, "FILE",
+    add(storedFileOption(DocumentKind::Program), line.preset, "FILE",
         "Program to load into the slot: a program file or the JSON of one");
-    add("--midi-settings", line.midiSettings, "FILE",
+    add(storedFileOption(DocumentKind::MidiSettings), line.midiSettings, "FILE",
         "MIDI links to load: a MIDI-settings file or the JSON of one");
     add("--set", line.settings, "PARAMETER=VALUE",
         "Values to set, in this order, after the program");
@@ -127,18 +131,14 @@ CLI::App* addRender(CLI::App& app, CommandLine& line) {
     return command;
 }
 
-constexpr const char* kConvertNotes = R"(
+constexpr const char* kConvertStart = R"(
 What IN is shows in its contents, whatever it is called: a program, bank or MIDI-settings file, old
 ones and those of big-endian machines too, a host chunk, or the text form of one of them. The ending
 of OUT says what it becomes:
 
-  .zmt    program        the current one, or that of --program
-  .zmb    bank           a program goes into slot 0, the other slots hold the factory programs
-  .zmm    MIDI settings  the links and the channel of a host chunk; banks and programs have none
-  .chunk  host chunk     what IN lacks is as in a fresh instance: programs, links or both
-  .json   text form      of IN as it is, or of the one program of --program; "-" writes it to
-                         standard output
+)";
 
+constexpr const char* kConvertEnd = R"(
 MIDI settings hold no programs, so they become .zmm, .chunk or .json only. A bank file that is made
 of a host chunk leaves its MIDI links out, with a warning. With a bank or a host chunk as OUT,
 --program makes that program the current one.
@@ -147,6 +147,41 @@ In the text form a parameter is {"value": 0 to 1, "text": what the plug-in shows
 a text that is not the value's is warned about. Without a value the text is looked up as --set does
 it. What is missing is the factory's. OUT is replaced whole or not at all and may be IN itself, which
 puts its texts right.)";
+
+const char* convertedInto(DocumentKind kind) {
+    switch (kind) {
+    case DocumentKind::Program:
+        return "the current one, or that of --program";
+    case DocumentKind::Bank:
+        return "a program goes into slot 0, the other slots hold the factory programs";
+    case DocumentKind::MidiSettings:
+        return "the links and the channel of a host chunk; banks and programs have none";
+    case DocumentKind::Chunk:
+        break;
+    }
+    return "what IN lacks is as in a fresh instance: programs, links or both";
+}
+
+/// A line of the table of endings, in columns.
+std::string endingLine(std::string_view ending, std::string_view form, std::string_view meaning) {
+    constexpr std::size_t kFormColumn = 10;
+    constexpr std::size_t kMeaningColumn = 25;
+    std::string line = "  " + std::string(ending);
+    line.resize(kFormColumn, ' ');
+    line += form;
+    line.resize(kMeaningColumn, ' ');
+    return line.append(meaning) + '\n';
+}
+
+std::string convertNotes() {
+    std::string notes = kConvertStart;
+    for (const DocumentKind kind : kDocumentKinds)
+        notes += endingLine(kindEnding(kind), kindName(kind), convertedInto(kind));
+    notes += endingLine(kTextEnding, "text form",
+                        "of IN as it is, or of the one program of --program; \"-\" writes it to");
+    notes += endingLine("", "", "standard output");
+    return notes + kConvertEnd;
+}
 
 constexpr const char* kDiffNotes = R"(
 A and B are anything that convert reads. A program is compared with the current one of a bank. Each
@@ -164,7 +199,7 @@ CLI::App* addConvert(CLI::App& app, CommandLine& line) {
     addFile(*command, "OUT", line.out, "File to write; its ending names the form");
     addTextOption(*command, "--program", line.program, "NAME|SLOT",
                   "Program to take, by name or slot from 0");
-    command->footer(kConvertNotes);
+    command->footer(convertNotes());
     return command;
 }
 

@@ -46,15 +46,14 @@ Done checkPlugin(const Plugin& plugin, const RenderRequest& request) {
     return done();
 }
 
-/// What `option` names, if anything, into the plug-in.
-Done loadStored(Plugin& plugin, StoredPart part, const char* option,
-                const std::optional<std::filesystem::path>& path,
+/// The file that is named for this kind, if any, into the plug-in.
+Done loadStored(Plugin& plugin, DocumentKind kind, const std::optional<std::filesystem::path>& path,
                 std::vector<std::string>& warnings) {
     if (!path)
         return done();
-    const Result<std::vector<std::string>> loaded = loadStoredFile(plugin, part, *path);
+    const Result<std::vector<std::string>> loaded = loadStoredFile(plugin, kind, *path);
     if (!loaded.ok())
-        return Problem{std::string(option) + ": " + loaded.problem().text};
+        return Problem{std::string(storedFileOption(kind)) + ": " + loaded.problem().text};
     warnings.insert(warnings.end(), loaded.value().begin(), loaded.value().end());
     return done();
 }
@@ -62,15 +61,14 @@ Done loadStored(Plugin& plugin, StoredPart part, const char* option,
 /// Bank, program and links, from files and by name.
 Result<std::vector<std::string>> applyFiles(Plugin& plugin, const RenderRequest& request) {
     std::vector<std::string> warnings;
-    Done loaded = loadStored(plugin, StoredPart::Bank, "--bank", request.bank, warnings);
+    Done loaded = loadStored(plugin, DocumentKind::Bank, request.bank, warnings);
     if (loaded.ok() && request.program)
         if (const Done selected = selectProgram(plugin, *request.program); !selected.ok())
             loaded = Problem{"--program: " + selected.problem().text};
     if (loaded.ok())
-        loaded = loadStored(plugin, StoredPart::Program, "--preset", request.preset, warnings);
+        loaded = loadStored(plugin, DocumentKind::Program, request.preset, warnings);
     if (loaded.ok())
-        loaded = loadStored(plugin, StoredPart::MidiSettings, "--midi-settings",
-                            request.midiSettings, warnings);
+        loaded = loadStored(plugin, DocumentKind::MidiSettings, request.midiSettings, warnings);
     if (!loaded.ok())
         return loaded.problem();
     return warnings;

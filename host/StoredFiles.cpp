@@ -5,40 +5,23 @@
 
 namespace pedl {
 
-namespace {
-
-bool holds(DocumentKind kind, StoredPart part) {
-    switch (part) {
-    case StoredPart::Bank:
-        return hasBank(kind);
-    case StoredPart::Program:
-        return kind == DocumentKind::Program;
-    case StoredPart::MidiSettings:
-        return kind == DocumentKind::MidiSettings;
-    }
-    return false;
-}
-
-/// The option of `render` that takes what the document holds.
-const char* optionFor(DocumentKind kind) {
+const char* storedFileOption(DocumentKind kind) noexcept {
     if (hasBank(kind))
         return "--bank";
     return kind == DocumentKind::Program ? "--preset" : "--midi-settings";
 }
 
-} // namespace
-
-Result<std::vector<std::string>> loadStoredFile(Plugin& plugin, StoredPart part,
+Result<std::vector<std::string>> loadStoredFile(Plugin& plugin, DocumentKind kind,
                                                 const std::filesystem::path& path) {
     if (!plugin.isOurs())
         return Problem{"only ZMTpedlFilter.so has such files"};
     const Result<Document> document = readDocument(path.string());
     if (!document.ok())
         return document.problem();
-    const DocumentKind kind = document.value().kind;
-    if (!holds(kind, part))
-        return Problem{path.string() + ": holds " + contentsName(kind) + "; give it to " +
-                       optionFor(kind)};
+    const DocumentKind found = document.value().kind;
+    if (found != kind && !(hasBank(found) && hasBank(kind)))
+        return Problem{path.string() + ": holds " + contentsName(found) + "; give it to " +
+                       storedFileOption(found)};
     if (!plugin.setChunk(chunkWith(document.value(), plugin.chunk())))
         return Problem{path.string() + ": the plug-in refused it"};
 

@@ -7,13 +7,6 @@ namespace pedl {
 
 namespace {
 
-// In the order of `FileKind`.
-constexpr std::array<FileType, 3> kFileTypes{{
-    {"zmt", "ZMT Preset"},
-    {"zmb", "ZMT Bank"},
-    {"zmm", "ZMT MIDI Settings"},
-}};
-
 LoadResult loadResult(ReadResult result) {
     switch (result) {
     case ReadResult::Read:
@@ -31,10 +24,6 @@ LoadResult loadResult(ReadResult result) {
 }
 
 } // namespace
-
-const FileType& fileType(FileKind kind) noexcept {
-    return kFileTypes[static_cast<std::size_t>(kind)];
-}
 
 LoadResult PresetFiles::load(FileKind kind, const std::string& path, OrderDecision decision) {
     recent_.remember(kind, path);

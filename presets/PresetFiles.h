@@ -5,20 +5,11 @@
 #include "presets/RecentFiles.h"
 #include "presets/StoredState.h"
 
-#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace pedl {
-
-/// What a file dialog offers for a kind of file.
-struct FileType {
-    std::string_view extension; ///< without the point
-    std::string_view name;
-};
-
-[[nodiscard]] const FileType& fileType(FileKind kind) noexcept;
 
 /// Loads and saves program, bank and MIDI-settings files.
 ///

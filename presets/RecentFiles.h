@@ -19,7 +19,9 @@ public:
 
     /// With the '/' at its end; empty before the first file.
     [[nodiscard]] const std::string& folder() const noexcept { return folder_; }
-    [[nodiscard]] const std::string& name(FileKind kind) const noexcept;
+    [[nodiscard]] const std::string& name(FileKind kind) const noexcept {
+        return names_[static_cast<std::size_t>(kind)];
+    }
 
     /// From the settings; what is missing there is empty.
     void read(SettingsStore& settings);
@@ -28,8 +30,10 @@ public:
     bool write(SettingsStore& settings) const;
 
 private:
+    std::string& nameOf(FileKind kind) noexcept { return names_[static_cast<std::size_t>(kind)]; }
+
     std::string folder_;
-    std::array<std::string, 3> names_; // in the order of `FileKind`
+    std::array<std::string, kFileTypes.size()> names_; // in the order of `FileKind`
 };
 
 } // namespace pedl

@@ -1,13 +1,12 @@
 #pragma once
 
+#include "presets/FileKinds.h"
+
 #include <cstddef>
 #include <span>
 #include <vector>
 
 namespace pedl {
-
-/// What is kept in a file, a user default or a memory.
-enum class FileKind { Program, Bank, MidiSettings };
 
 /// Whether stored words are taken in the byte order that the data show, or in the other one: the
 /// way out for data whose identifier lies otherwise than the rest.

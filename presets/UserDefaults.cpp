@@ -11,17 +11,10 @@ namespace pedl {
 
 namespace {
 
-// In the order of `FileKind` and of `Memory`.
-constexpr std::array<std::string_view, 3> kDefaultValues{"DefaultPreset", "DefaultBank",
-                                                         "DefaultMidi"};
-constexpr std::array<std::string_view, 2> kMemoryValues{"MemoA", "MemoB"};
+constexpr std::array<std::string_view, 2> kMemoryValues{"MemoA", "MemoB"}; // as `Memory`
 
 constexpr std::string_view kManualValue = "ManualPath";
 constexpr std::size_t kMaxManualPathBytes = 1024 * 2 + 2; // UTF-16 and its terminator
-
-std::string_view valueOf(FileKind kind) {
-    return kDefaultValues[static_cast<std::size_t>(kind)];
-}
 
 std::string_view valueOf(Memory memory) {
     return kMemoryValues[static_cast<std::size_t>(memory)];
@@ -30,15 +23,15 @@ std::string_view valueOf(Memory memory) {
 } // namespace
 
 bool UserDefaults::save(FileKind kind) {
-    return settings_.write(valueOf(kind), state_.stored(kind));
+    return settings_.write(fileType(kind).userDefaultValue, state_.stored(kind));
 }
 
 bool UserDefaults::reset(FileKind kind) {
-    return settings_.erase(valueOf(kind));
+    return settings_.erase(fileType(kind).userDefaultValue);
 }
 
 LoadResult UserDefaults::load(FileKind kind) {
-    return load(kind, valueOf(kind));
+    return load(kind, fileType(kind).userDefaultValue);
 }
 
 bool UserDefaults::store(Memory memory) {
