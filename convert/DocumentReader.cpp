@@ -200,7 +200,8 @@ Result<Document> documentOf(std::span<const std::byte> contents) {
         return Problem{"is empty"};
     const std::string_view text(reinterpret_cast<const char*>(contents.data()), contents.size());
     if (looksLikeText(text))
-        return text.size() <= kMaxTextBytes ? documentFromText(text) : Problem{kLimit.refusal};
+        return text.size() <= kMaxTextBytes ? documentFromText(text)
+                                            : Problem{std::string("is ") + kLimit.refusal};
     if (contents.size() > kMaxFileBytes)
         return Problem{"is larger than 1 MiB and no text form"};
     if (const auto chunk = openChunk(contents))

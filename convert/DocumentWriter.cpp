@@ -52,10 +52,6 @@ std::vector<std::byte> storedForm(const Document& document) {
     return chunk;
 }
 
-std::vector<std::byte> chunkOf(const Document& document) {
-    return storedForm(merged(factoryDocument(), document));
-}
-
 std::vector<std::byte> chunkWith(const Document& document,
                                  std::span<const std::byte> presentChunk) {
     Result<Document> present = documentOf(presentChunk);

@@ -12,10 +12,6 @@ namespace pedl {
 /// byte for byte what the plug-in would write.
 [[nodiscard]] std::vector<std::byte> storedForm(const Document& document);
 
-/// A host chunk that gives a fresh instance what the document holds. A program becomes the one of
-/// slot 0, which is the current one.
-[[nodiscard]] std::vector<std::byte> chunkOf(const Document& document);
-
 /// A host chunk that puts what the document holds into an instance and leaves it the rest: a bank
 /// leaves its MIDI links, a program the other slots.
 ///

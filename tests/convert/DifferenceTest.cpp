@@ -1,6 +1,7 @@
 #include "convert/Difference.h"
 
 #include "parameters/ParameterIndex.h"
+#include "tests/convert/Documents.h"
 
 #include <gtest/gtest.h>
 
@@ -9,12 +10,15 @@
 namespace pedl {
 namespace {
 
+using test::as;
 using Lines = std::vector<std::string>;
+
+Lines told(const Document& from, const Document& to) {
+    return test::valueOf(differences(from, to));
+}
 
 TEST(Difference, IsToldInTheTextsThatThePlugInShows) {
     const Document from = factoryDocument();
-    EXPECT_EQ(differences(from, from).value(), Lines());
-
     Document to = from;
     ProgramRecord& program = to.programs[1];
     program.normalised[kPower] = 1.0F;
@@ -27,32 +31,30 @@ TEST(Difference, IsToldInTheTextsThatThePlugInShows) {
     to.links.channel = 3;
     to.links.linkValue[kGain] = linkValueOf(64);
     to.links.linkValue[kDry] = 1.0F;
-    EXPECT_EQ(differences(from, to).value(),
-              (Lines{
-                  "current program: 0 \"Default\" -> 139 \"End\"",
-                  "1 \"Auto Wah\"  Bypass: process -> bypass",
-                  "1 \"Auto Wah\"  Freez: off (0) -> off (-0.0)",
-                  "1 \"Auto Wah\"  Filter Q: 50 (0.5) -> 50 (0.50000006)",
-                  "1 \"Auto Wah\"  Parameter 22: 0 -> 0.25",
-                  "138 \"Init\"  name: stored in other bytes",
-                  "139 \"Init\"  name: \"Init\" -> \"End\"",
-                  "MIDI channel: OMNI -> Ch 3",
-                  "MIDI link of Gain: none -> sustain cc#64",
-                  "MIDI link of Dry: none (7.748062) -> none (1)",
-              }));
+    EXPECT_EQ(told(from, to), (Lines{
+                                  "current program: 0 \"Default\" -> 139 \"End\"",
+                                  "1 \"Auto Wah\"  Bypass: process -> bypass",
+                                  "1 \"Auto Wah\"  Freez: off (0) -> off (-0.0)",
+                                  "1 \"Auto Wah\"  Filter Q: 50 (0.5) -> 50 (0.50000006)",
+                                  "1 \"Auto Wah\"  Parameter 22: 0 -> 0.25",
+                                  "138 \"Init\"  name: stored in other bytes",
+                                  "139 \"Init\"  name: \"Init\" -> \"End\"",
+                                  "MIDI channel: OMNI -> Ch 3",
+                                  "MIDI link of Gain: none -> sustain cc#64",
+                                  "MIDI link of Dry: none (7.748062) -> none (1)",
+                              }));
 }
 
 TEST(Difference, BetweenKindsIsThatOfWhatBothHold) {
     Document chunk = factoryDocument();
     chunk.links.linkValue[kGain] = linkValueOf(7);
     chunk.currentSlot = 1;
-    const Document bank = converted(chunk, DocumentKind::Bank).value();
-    const Document program = converted(chunk, DocumentKind::Program).value();
-    const Document links = converted(chunk, DocumentKind::MidiSettings).value();
-    EXPECT_EQ(differences(bank, chunk).value(), Lines{"MIDI links: only in the second"});
-    EXPECT_EQ(differences(program, chunk).value(), Lines());
-    EXPECT_EQ(differences(links, chunk).value(), Lines());
-    EXPECT_EQ(differences(bank, links).problem().text,
+    const Document links = as(DocumentKind::MidiSettings, chunk);
+    const Document bank = as(DocumentKind::Bank, chunk);
+    EXPECT_EQ(told(bank, chunk), Lines{"MIDI links: only in the second"});
+    EXPECT_EQ(told(as(DocumentKind::Program, chunk), chunk), Lines());
+    EXPECT_EQ(told(links, chunk), Lines());
+    EXPECT_EQ(test::problemOf(differences(bank, links)),
               "nothing to compare: the first holds a bank, the second MIDI settings");
 }
 

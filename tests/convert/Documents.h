@@ -1,6 +1,7 @@
 #pragma once
 
 #include "convert/Document.h"
+#include "tests/support/Results.h"
 
 #include <bit>
 #include <cstdint>
@@ -38,6 +39,10 @@ inline Document randomChunk(unsigned seed) {
                 random() % 2 == 0 ? unit() : linkValueOf(static_cast<std::int32_t>(random() % 128));
     document.links.channel = static_cast<std::int32_t>(random() % 18);
     return document;
+}
+
+inline Document as(DocumentKind kind, const Document& document) {
+    return valueOf(converted(document, kind));
 }
 
 } // namespace pedl::test

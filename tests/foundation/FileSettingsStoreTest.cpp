@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 #include <optional>
 #include <pwd.h>
-#include <string>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -13,120 +12,72 @@ namespace pedl {
 namespace {
 
 using test::bytesOf;
-using test::TemporaryFolder;
-using test::textOf;
-using test::writeText;
+using Lines = std::vector<std::string>;
 
-class LineRecorder final : public DiagnosticStream {
-public:
-    void line(std::string_view text) override { lines.emplace_back(text); }
-    std::vector<std::string> lines;
-};
-
-class SettingsFiles : public testing::Test {
+class SettingsFiles : public testing::Test, protected DiagnosticStream {
 protected:
-    TemporaryFolder configuration;
-    std::string folder = configuration / "ZMT-sonics/ZMTpedlFilter";
-    LineRecorder diagnostics;
-    FileSettingsStore store{folder, diagnostics};
+    void line(std::string_view text) override { lines.emplace_back(text); }
 
-    mode_t modeOf(const std::string& path) {
+    static mode_t modeOf(const std::string& path) {
         struct stat status {};
         return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
     }
+
+    Lines lines;
+    test::TemporaryFolder configuration;
+    std::string folder = configuration / "ZMT-sonics/ZMTpedlFilter";
+    FileSettingsStore store{folder, *this};
 };
 
 TEST_F(SettingsFiles, KeepEachValueInAFileOfItsNameForTheOwnerAlone) {
-    EXPECT_TRUE(store.write("MemoA", bytesOf("first")));
-    EXPECT_TRUE(store.write("MemoA", bytesOf("second")));
+    EXPECT_FALSE(store.read("MemoA"));
+    EXPECT_TRUE(store.erase("MemoA"));
+    EXPECT_EQ(configuration.names(), Lines()) << "reading makes no folder";
+    EXPECT_TRUE(store.write("MemoA", bytesOf("first")) && store.write("MemoA", bytesOf("second")));
     EXPECT_TRUE(store.write("MemoB", {}));
     EXPECT_EQ(test::readText(folder + "/MemoA"), "second");
-    EXPECT_EQ(textOf(*store.read("MemoA")), "second");
-    EXPECT_TRUE(store.read("MemoB")->empty());
+    EXPECT_EQ(store.read("MemoA"), bytesOf("second"));
+    EXPECT_EQ(store.read("MemoB"), test::Bytes());
+    EXPECT_EQ(modeOf(configuration / "ZMT-sonics"), 0700U);
     EXPECT_EQ(modeOf(folder), 0700U);
     EXPECT_EQ(modeOf(folder + "/MemoA"), 0600U);
     EXPECT_TRUE(store.erase("MemoA"));
     EXPECT_FALSE(store.read("MemoA"));
-    EXPECT_TRUE(diagnostics.lines.empty());
-}
-
-TEST_F(SettingsFiles, AreMissingWithoutAWordUntilTheyAreWritten) {
-    EXPECT_FALSE(store.read("MemoA"));
-    EXPECT_TRUE(store.erase("MemoA"));
-    EXPECT_TRUE(diagnostics.lines.empty());
-    EXPECT_TRUE(configuration.names().empty()) << "reading makes no folder";
+    EXPECT_EQ(lines, Lines());
 }
 
 TEST_F(SettingsFiles, TellWhatCouldNotBeDoneAndWhatThatMeans) {
-    writeText(configuration / "ZMT-sonics", "a file is in the way");
+    test::writeText(configuration / "ZMT-sonics", "a file is in the way");
     EXPECT_FALSE(store.write("MemoA", bytesOf("new")));
-    EXPECT_EQ(diagnostics.lines,
-              std::vector{"settings: \"" + folder +
-                          "/MemoA\" was not stored, what it was is kept (mkdir: Not a directory)"});
-}
-
-TEST_F(SettingsFiles, TellOfAValueThatCannotBeRead) {
-    std::filesystem::create_directories(folder + "/MemoA");
-    EXPECT_FALSE(store.read("MemoA"));
-    EXPECT_EQ(diagnostics.lines,
-              std::vector{"settings: \"" + folder +
-                          "/MemoA\" cannot be read and counts as missing (not a file)"});
-}
-
-TEST_F(SettingsFiles, AreMissingWhereTheUserHasNoFolder) {
-    FileSettingsStore homeless(std::nullopt, diagnostics);
-    EXPECT_FALSE(homeless.read("MemoA"));
+    std::filesystem::remove(configuration / "ZMT-sonics");
+    std::filesystem::create_directories(folder + "/MemoB");
+    EXPECT_FALSE(store.read("MemoB"));
+    FileSettingsStore homeless(std::nullopt, *this);
+    EXPECT_FALSE(homeless.read("MemoA") || homeless.write("MemoA", bytesOf("text")));
     EXPECT_TRUE(homeless.erase("MemoA"));
-    EXPECT_TRUE(diagnostics.lines.empty());
-    EXPECT_FALSE(homeless.write("MemoA", bytesOf("text")));
-    EXPECT_EQ(diagnostics.lines.size(), 1U);
+    EXPECT_EQ(lines,
+              (Lines{"settings: \"" + folder +
+                         "/MemoA\" was not stored, what it was is kept (mkdir: Not a directory)",
+                     "settings: \"" + folder +
+                         "/MemoB\" cannot be read and counts as missing (not a file)",
+                     "settings: \"MemoA\" was not stored (there is no folder for settings, set "
+                     "HOME)"}));
 }
 
-/// An environment variable, given back at the end of scope.
-class Variable {
-public:
-    Variable(const char* name, const char* value) : name_(name) {
-        if (const char* const before = getenv(name))
-            before_ = before;
-        set(value);
-    }
-    ~Variable() { set(before_ ? before_->c_str() : nullptr); }
-
-private:
-    void set(const char* value) {
-        if (value != nullptr)
-            setenv(name_, value, 1);
-        else
-            unsetenv(name_);
-    }
-    const char* name_;
-    std::optional<std::string> before_;
-};
-
-TEST(UserSettingsFolder, IsInTheConfigurationFolderElseInTheHomeFolder) {
-    struct Row {
-        const char* configuration;
-        const char* home;
-        const char* folder;
-    };
-    for (const Row row : {Row{"/etc/xdg", "/home/me", "/etc/xdg/ZMT-sonics/ZMTpedlFilter"},
-                          Row{nullptr, "/home/me", "/home/me/.config/ZMT-sonics/ZMTpedlFilter"},
-                          Row{"", "/home/me", "/home/me/.config/ZMT-sonics/ZMTpedlFilter"},
-                          Row{"here", "/home/me", "/home/me/.config/ZMT-sonics/ZMTpedlFilter"}}) {
-        const Variable configuration("XDG_CONFIG_HOME", row.configuration);
-        const Variable home("HOME", row.home);
-        EXPECT_EQ(userSettingsFolder(), row.folder);
-    }
-}
-
-TEST(UserSettingsFolder, IsThatOfTheUserDatabaseWithoutAHome) {
-    const Variable configuration("XDG_CONFIG_HOME", nullptr);
-    const Variable home("HOME", nullptr);
-    const std::optional<std::string> folder = userSettingsFolder();
+TEST_F(SettingsFiles, AreInTheConfigurationFolderElseInTheHomeFolder) {
     const passwd* const user = getpwuid(getuid());
-    if (user == nullptr)
-        GTEST_SKIP() << "the user database does not know this user";
-    EXPECT_EQ(folder, std::string(user->pw_dir) + "/.config/ZMT-sonics/ZMTpedlFilter");
+    ASSERT_NE(user, nullptr) << "the user database does not know this user";
+    const char* const before = getenv("XDG_CONFIG_HOME");
+    for (const auto& [configured, home, base] :
+         {std::array<std::string, 3>{"/etc/xdg", "/home/me", "/etc/xdg"},
+          {"", "/home/me", "/home/me/.config"},
+          {"here", "/home/me", "/home/me/.config"},
+          {"", "", std::string(user->pw_dir) + "/.config"}}) {
+        setenv("XDG_CONFIG_HOME", configured.c_str(), 1);
+        setenv("HOME", home.c_str(), 1);
+        EXPECT_EQ(userSettingsFolder(), base + "/ZMT-sonics/ZMTpedlFilter");
+    }
+    setenv("XDG_CONFIG_HOME", before != nullptr ? before : "", 1);
 }
 
 } // namespace

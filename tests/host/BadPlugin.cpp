@@ -1,44 +1,31 @@
-// Libraries that are no plug-in, each in its own way: the build defines which fault it has.
+// A library that is no plug-in, in the way that the variable BAD_PLUGIN names.
 
 #include "foundation/vst24/AEffect.h"
 
+#include <cstdlib>
+#include <string_view>
+
 namespace {
 
-[[maybe_unused]] VstIntPtr VSTCALLBACK dispatch(AEffect*, VstInt32, VstInt32, VstIntPtr, void*,
-                                                float) {
+VstIntPtr VSTCALLBACK dispatch(AEffect*, VstInt32, VstInt32, VstIntPtr, void*, float) {
     return 0;
 }
-[[maybe_unused]] void VSTCALLBACK setParameter(AEffect*, VstInt32, float) {}
-[[maybe_unused]] float VSTCALLBACK getParameter(AEffect*, VstInt32) {
+void VSTCALLBACK setParameter(AEffect*, VstInt32, float) {}
+float VSTCALLBACK getParameter(AEffect*, VstInt32) {
     return 0.0F;
 }
 
 } // namespace
 
-#define BAD_EXPORT extern "C" __attribute__((visibility("default")))
-
-#if defined(BAD_NO_ENTRY)
-BAD_EXPORT int somethingElse() {
-    return 1;
-}
-#else
-BAD_EXPORT AEffect* VSTPluginMain(audioMasterCallback) {
-#if defined(BAD_NULL)
-    return nullptr;
-#else
+extern "C" __attribute__((visibility("default"))) AEffect* VSTPluginMain(audioMasterCallback) {
     static AEffect effect{};
-#if !defined(BAD_MAGIC)
-    effect.magic = kEffectMagic;
-#endif
-#if !defined(BAD_FUNCTIONS)
-    effect.dispatcher = dispatch;
+    const std::string_view fault = std::getenv("BAD_PLUGIN");
+    if (fault == "null")
+        return nullptr;
+    effect.magic = fault == "magic" ? kEffectMagic + 1 : kEffectMagic;
+    effect.dispatcher = fault == "functions" ? nullptr : dispatch;
     effect.setParameter = setParameter;
     effect.getParameter = getParameter;
-#endif
-#if defined(BAD_COUNTS)
-    effect.numInputs = -5;
-#endif
+    effect.numInputs = fault == "counts" ? -5 : 0;
     return &effect; // never able to replace
-#endif
 }
-#endif

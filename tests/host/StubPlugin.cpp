@@ -56,8 +56,7 @@ public:
         return true;
     }
     bool getEffectName(char* name) override {
-        std::strcpy(name, "St\xFC"
-                          "b\n"); // Latin-1 and a control character
+        std::strcpy(name, "St\xFC!\n"); // Latin-1 and a control character
         return true;
     }
 

@@ -2,12 +2,9 @@
 
 #include "tests/support/TemporaryFolder.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <string>
 #include <sys/wait.h>
-#include <vector>
 
 namespace pedl::test {
 
@@ -20,37 +17,11 @@ struct Outcome {
 /// Runs a line in a shell that stands in `folder`: arguments are quoted as a user would.
 inline Outcome runInShell(const TemporaryFolder& folder, const std::string& line) {
     const TemporaryFolder streams;
-    const std::string out = streams / "out";
-    const std::string error = streams / "error";
-    const std::string whole =
-        "cd '" + folder.path() + "' && " + line + " >'" + out + "' 2>'" + error + "'";
+    const std::string whole = "cd '" + folder.path() + "' && " + line + " >'" + streams / "out" +
+                              "' 2>'" + streams / "error" + "'";
     const int status = std::system(whole.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), readText(out),
-            readText(error)};
-}
-
-/// Arguments that must end in one clear line.
-struct Refusal {
-    const char* arguments;
-    int status;
-    const char* says;
-};
-
-/// Each ends with its status and one line on standard error, and leaves the folder as it was.
-template <typename Run>
-void expectRefusals(const TemporaryFolder& folder, const std::vector<Refusal>& refusals,
-                    const Run& run) {
-    const std::vector<std::string> before = folder.names();
-    for (const Refusal& refusal : refusals) {
-        SCOPED_TRACE(refusal.arguments);
-        const Outcome outcome = run(refusal.arguments);
-        EXPECT_EQ(outcome.status, refusal.status);
-        EXPECT_TRUE(outcome.error.starts_with("zmt-pedlfilter: ")) << outcome.error;
-        EXPECT_EQ(outcome.error.find('\n'), outcome.error.size() - 1) << outcome.error;
-        EXPECT_NE(outcome.error.find(refusal.says), std::string::npos) << outcome.error;
-        EXPECT_EQ(outcome.out, "");
-        EXPECT_EQ(folder.names(), before);
-    }
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
+            readText(streams / "out"), readText(streams / "error")};
 }
 
 } // namespace pedl::test
