@@ -27,10 +27,6 @@ std::string shortened(const std::string& text, std::size_t most) {
     return first.size() == text.size() ? text : std::string(first) + "...";
 }
 
-struct Refusal {
-    std::string text;
-};
-
 /// Follows the parser, knows the place, and ends it where a bound is passed.
 class Guard {
 public:
@@ -41,7 +37,7 @@ public:
         case Event::array_start:
             count();
             if (depth >= kMostLevels)
-                throw Refusal{"is nested too deeply"};
+                throw Refusal{"", "is nested too deeply"};
             levels_.push_back({event == Event::array_start, 0, {}, {}});
             break;
         case Event::object_end:
@@ -67,7 +63,7 @@ private:
 
     void count() {
         if (++values_ > kMostValues)
-            throw Refusal{"holds more values than any text form"};
+            throw Refusal{"", "holds more values than any text form"};
         if (!levels_.empty())
             ++levels_.back().items;
     }
@@ -75,11 +71,11 @@ private:
     void take(const std::string& key) {
         Level& level = levels_.back();
         if (!level.keys.insert(key).second)
-            throw Refusal{place() + inQuotes(key) + " is given twice"};
+            throw Refusal{place(), inQuotes(key) + " is given twice"};
         level.key = key;
     }
 
-    /// "programs[3].parameters: ", counted from 0; nothing at the top.
+    /// "programs[3].parameters", counted from 0; nothing at the top.
     [[nodiscard]] std::string place() const {
         std::string path;
         for (std::size_t i = 0; i + 1 < levels_.size(); ++i) {
@@ -90,7 +86,7 @@ private:
                 path +=
                     (path.empty() ? "" : ".") + shortened(printableText(level.key), kMostQuoted);
         }
-        return path.empty() ? path : path + ": ";
+        return path;
     }
 
     std::vector<Level> levels_;
@@ -121,7 +117,7 @@ Result<Json> parseJson(std::string_view text) {
     try {
         return Json::parse(text, follow);
     } catch (const Refusal& refusal) {
-        return Problem{refusal.text};
+        return refusal.problem();
     } catch (const Json::exception& error) {
         return Problem{complaintOf(error)};
     }

@@ -15,6 +15,17 @@ namespace pedl {
 using Json = nlohmann::basic_json<nlohmann::ordered_map, std::vector, std::string, bool,
                                   std::int64_t, std::uint64_t, float>;
 
+/// Ends the reading of a text: what is wrong, and in which place of it. Thrown and caught within
+/// `convert/`, so that nobody outside sees one.
+struct Refusal {
+    std::string place; ///< empty for the whole
+    std::string reason;
+
+    [[nodiscard]] Problem problem() const {
+        return place.empty() ? Problem{reason} : Problem{reason}.of(place);
+    }
+};
+
 /// Parses a whole text in bounded depth and memory, whatever it holds. Members given twice are
 /// refused: which of the two is meant, nobody can tell.
 ///

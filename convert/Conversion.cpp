@@ -59,13 +59,13 @@ Result<Conversion> convert(const ConversionRequest& request) {
         if (kind == DocumentKind::MidiSettings)
             return Problem{"--program: " + request.out + " holds no program"};
         if (const Done selected = selectProgram(document, *request.program); !selected.ok())
-            return Problem{"--program: " + request.in + ": " + selected.problem().text};
+            return selected.problem().of(request.in).of("--program");
         if (form->isText)
             kind = DocumentKind::Program;
     }
     const Result<Document> made = converted(document, kind);
     if (!made.ok())
-        return Problem{request.in + ": " + made.problem().text};
+        return made.problem().of(request.in);
     return Conversion{form->isText ? bytesOf(textForm(made.value())) : storedForm(made.value()),
                       kind, form->isText, made.value().warnings};
 }

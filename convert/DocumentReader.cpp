@@ -219,7 +219,7 @@ Result<Document> readDocument(const std::string& path) {
         return Problem{path + ": " + problemText(contents)};
     Result<Document> document = documentOf(contents.bytes);
     if (!document.ok())
-        return Problem{path + ": " + document.problem().text};
+        return document.problem().of(path);
     return document;
 }
 

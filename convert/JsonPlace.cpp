@@ -18,7 +18,7 @@ std::string listed(std::initializer_list<std::string_view> known) {
 } // namespace
 
 void Place::refuse(const std::string& what) const {
-    throw Refusal{words.empty() ? what : words + ": " + what};
+    throw Refusal{words, what};
 }
 
 void Place::expectMembers(std::initializer_list<std::string_view> known) const {

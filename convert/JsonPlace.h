@@ -9,11 +9,6 @@
 
 namespace pedl {
 
-/// Ends the reading of a text; thrown and caught within it, so that nobody outside sees one.
-struct Refusal {
-    std::string text;
-};
-
 /// A value of a JSON text with the words for its place. What is asked of it and is not so ends the
 /// reading with a `Refusal` that names the place.
 struct Place {

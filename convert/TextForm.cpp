@@ -6,48 +6,13 @@
 #include "parameters/ParameterCatalogue.h"
 #include "presets/MidiNames.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
 namespace pedl {
 
 namespace {
-
-/// A string as JSON has it.
-std::string jsonString(const std::string& text) {
-    return Json(text).dump();
-}
-
-/// Puts lines together; knows the depth and where commas belong.
-class LineWriter {
-public:
-    /// Opens what `bracket` closes; an empty key for an item of a list.
-    void open(std::string_view key, char bracket) {
-        item(key, {&bracket, 1});
-        depth_ += 1;
-        isFirst_ = true;
-    }
-    void close(char bracket) {
-        depth_ -= 1;
-        isFirst_ = true;
-        item({}, {&bracket, 1});
-    }
-    void item(std::string_view key, std::string_view value) {
-        if (!text_.empty())
-            text_ += isFirst_ ? "\n" : ",\n";
-        text_.append(2 * depth_, ' ');
-        if (!key.empty())
-            text_ += jsonString(std::string(key)) + ": ";
-        text_ += value;
-        isFirst_ = false;
-    }
-    [[nodiscard]] std::string finished() { return text_ + '\n'; }
-
-private:
-    std::string text_;
-    std::size_t depth_ = 0;
-    bool isFirst_ = true;
-};
 
 std::string hexOf(const ProgramName& name) {
     constexpr std::string_view kDigits = "0123456789abcdef";
@@ -60,50 +25,96 @@ std::string hexOf(const ProgramName& name) {
     return digits;
 }
 
-void writeProgram(LineWriter& lines, const ProgramRecord& program) {
+void addProgram(Json& json, const ProgramRecord& program) {
     const std::string name = shownName(program.name);
-    lines.item("name", jsonString(name));
+    json["name"] = name;
     if (name.size() > kProgramNameLength || toProgramName(name) != program.name)
-        lines.item("nameBytes", jsonString(hexOf(program.name)));
-    lines.open("parameters", '{');
+        json["nameBytes"] = hexOf(program.name);
+    Json& parameters = json["parameters"];
     for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter) {
         const float value = program.normalised[static_cast<std::size_t>(parameter)];
-        const std::string text = parameterDisplay(parameter, value);
-        lines.item(parameterKey(parameter),
-                   "{\"value\": " + exactNumber(value) +
-                       (text.empty() ? "" : ", \"text\": " + jsonString(text)) + "}");
+        Json& item = parameters[parameterKey(parameter)];
+        item["value"] = value;
+        if (const std::string text = parameterDisplay(parameter, value); !text.empty())
+            item["text"] = text;
     }
-    lines.close('}');
 }
 
-std::string channelKey(std::int32_t channel) {
+Json channelJson(std::int32_t channel) {
     if (channel == MidiMap::kAllChannels)
-        return jsonString("all");
-    return channel == MidiMap::kChannelOff ? jsonString("off") : std::to_string(channel);
+        return "all";
+    return channel == MidiMap::kChannelOff ? Json("off") : Json(channel);
 }
 
-std::string linkText(std::int32_t controller, std::optional<float> value) {
-    std::string text = "{\"controller\": ";
-    if (isController(controller))
-        text +=
-            std::to_string(controller) + ", \"name\": " + jsonString(controllerName(controller));
-    else
-        text += "null";
-    if (value && *value != linkValueOf(controller))
-        text += ", \"value\": " + exactNumber(*value);
-    return text + "}";
+Json linksJson(const DocumentLinks& links) {
+    Json json;
+    json["channel"] = channelJson(links.channel);
+    Json& list = json["links"];
+    for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter) {
+        const std::int32_t controller = links.controllerOf(parameter);
+        const auto& value = links.linkValue[static_cast<std::size_t>(parameter)];
+        Json& link = list[parameterKey(parameter)];
+        link["controller"] = isController(controller) ? Json(controller) : Json(nullptr);
+        if (isController(controller))
+            link["name"] = controllerName(controller);
+        if (value && *value != linkValueOf(controller))
+            link["value"] = *value;
+    }
+    return json;
 }
 
-void writeLinks(LineWriter& lines, const DocumentLinks& links) {
-    lines.open("midi", '{');
-    lines.item("channel", channelKey(links.channel));
-    lines.open("links", '{');
-    for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter)
-        lines.item(parameterKey(parameter),
-                   linkText(links.controllerOf(parameter),
-                            links.linkValue[static_cast<std::size_t>(parameter)]));
-    lines.close('}');
-    lines.close('}');
+Json jsonOf(const Document& document) {
+    Json json;
+    json["format"] = kTextFormat;
+    json["version"] = kTextVersion;
+    json["kind"] = kindKey(document.kind);
+    if (document.kind == DocumentKind::Program)
+        addProgram(json["program"], document.programs.front());
+    if (hasBank(document.kind)) {
+        json["currentSlot"] = document.currentSlot;
+        Json& programs = json["programs"];
+        for (std::size_t slot = 0; slot < document.programs.size(); ++slot) {
+            Json& item = programs.emplace_back();
+            item["slot"] = slot;
+            addProgram(item, document.programs[slot]);
+        }
+    }
+    if (hasLinks(document.kind))
+        json["midi"] = linksJson(document.links);
+    return json;
+}
+
+/// Puts a value at the end of the text: members and items a line each, but a parameter and a link,
+/// which hold plain values alone, whole on one.
+///
+/// Names, texts and whole numbers are in the library's own form; it has neither such a layout nor
+/// floats in the fewest digits.
+void append(std::string& text, const Json& json, std::size_t depth) {
+    if (json.is_primitive()) {
+        text += json.is_number_float() ? exactNumber(json.get<float>()) : json.dump();
+        return;
+    }
+    const auto breakLine = [&text](std::size_t level) {
+        text += '\n';
+        text.append(2 * level, ' ');
+    };
+    const bool isOneLine =
+        std::ranges::all_of(json, [](const Json& member) { return member.is_primitive(); });
+    text += json.is_object() ? '{' : '[';
+    bool isFirst = true;
+    for (const auto& [key, member] : json.items()) {
+        if (!isFirst)
+            text += isOneLine ? ", " : ",";
+        isFirst = false;
+        if (!isOneLine)
+            breakLine(depth + 1);
+        if (json.is_object())
+            text += Json(key).dump() + ": ";
+        append(text, member, depth + 1);
+    }
+    if (!isOneLine)
+        breakLine(depth);
+    text += json.is_object() ? '}' : ']';
 }
 
 std::optional<unsigned> digitValue(char digit) noexcept {
@@ -115,31 +126,9 @@ std::optional<unsigned> digitValue(char digit) noexcept {
 } // namespace
 
 std::string textForm(const Document& document) {
-    LineWriter lines;
-    lines.open({}, '{');
-    lines.item("format", jsonString(std::string(kTextFormat)));
-    lines.item("version", std::to_string(kTextVersion));
-    lines.item("kind", jsonString(std::string(kindKey(document.kind))));
-    if (document.kind == DocumentKind::Program) {
-        lines.open("program", '{');
-        writeProgram(lines, document.programs.front());
-        lines.close('}');
-    }
-    if (hasBank(document.kind)) {
-        lines.item("currentSlot", std::to_string(document.currentSlot));
-        lines.open("programs", '[');
-        for (std::size_t slot = 0; slot < document.programs.size(); ++slot) {
-            lines.open({}, '{');
-            lines.item("slot", std::to_string(slot));
-            writeProgram(lines, document.programs[slot]);
-            lines.close('}');
-        }
-        lines.close(']');
-    }
-    if (hasLinks(document.kind))
-        writeLinks(lines, document.links);
-    lines.close('}');
-    return lines.finished();
+    std::string text;
+    append(text, jsonOf(document), 0);
+    return text + '\n';
 }
 
 bool looksLikeText(std::string_view contents) noexcept {

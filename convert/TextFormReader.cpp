@@ -296,7 +296,7 @@ Result<Document> documentFromText(std::string_view text) {
     try {
         return TextReader().read(json.value());
     } catch (const Refusal& refusal) {
-        return Problem{refusal.text};
+        return refusal.problem();
     }
 }
 

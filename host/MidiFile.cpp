@@ -183,7 +183,7 @@ Result<MidiFile> MidiFile::load(const std::filesystem::path& path) {
         return Problem{path.string() + ": " + contents.problem.text()};
     Result<MidiFile> file = parse(contents.bytes);
     if (!file.ok())
-        return Problem{path.string() + ": " + file.problem().text};
+        return file.problem().of(path.string());
     return file;
 }
 

@@ -53,7 +53,7 @@ Done loadStored(Plugin& plugin, DocumentKind kind, const std::optional<std::file
         return done();
     const Result<std::vector<std::string>> loaded = loadStoredFile(plugin, kind, *path);
     if (!loaded.ok())
-        return Problem{std::string(storedFileOption(kind)) + ": " + loaded.problem().text};
+        return loaded.problem().of(storedFileOption(kind));
     warnings.insert(warnings.end(), loaded.value().begin(), loaded.value().end());
     return done();
 }
@@ -64,7 +64,7 @@ Result<std::vector<std::string>> applyFiles(Plugin& plugin, const RenderRequest&
     Done loaded = loadStored(plugin, DocumentKind::Bank, request.bank, warnings);
     if (loaded.ok() && request.program)
         if (const Done selected = selectProgram(plugin, *request.program); !selected.ok())
-            loaded = Problem{"--program: " + selected.problem().text};
+            loaded = selected.problem().of("--program");
     if (loaded.ok())
         loaded = loadStored(plugin, DocumentKind::Program, request.preset, warnings);
     if (loaded.ok())
@@ -78,12 +78,12 @@ Done applySettings(Plugin& plugin, const RenderRequest& request) {
     for (const std::string& text : request.settings) {
         const Result<Setting> setting = findSetting(plugin, text);
         if (!setting.ok())
-            return Problem{"--set: " + setting.problem().text};
+            return setting.problem().of("--set");
         plugin.setParameter(setting.value().index, setting.value().normalised);
     }
     for (const std::string& text : request.links)
         if (const Done linked = linkController(plugin, text); !linked.ok())
-            return Problem{"--link: " + linked.problem().text};
+            return linked.problem().of("--link");
     return done();
 }
 
@@ -92,10 +92,10 @@ Result<std::vector<Automation>> loadCurves(Plugin& plugin, const RenderRequest& 
     for (const std::string& text : request.automations) {
         const Result<Assignment> found = findAssignment(plugin, text);
         if (!found.ok())
-            return Problem{"--automate: " + found.problem().text};
+            return found.problem().of("--automate");
         Result<AutomationCurve> curve = AutomationCurve::load(found.value().value);
         if (!curve.ok())
-            return Problem{"--automate: " + curve.problem().text};
+            return curve.problem().of("--automate");
         automations.push_back({found.value().index, std::move(curve.value())});
     }
     return automations;
@@ -107,7 +107,7 @@ Result<std::optional<MidiPlayback>> loadMidi(const RenderRequest& request, doubl
         return playback;
     const Result<MidiFile> file = MidiFile::load(*request.midi);
     if (!file.ok())
-        return Problem{"--midi: " + file.problem().text};
+        return file.problem().of("--midi");
     playback.emplace(file.value(), request.tempoBpm, rateHz);
     return playback;
 }

@@ -69,7 +69,7 @@ Result<Setting> findSetting(Plugin& plugin, std::string_view text) {
         assignment.value, plugin.parameterUnit(assignment.index),
         [&](float normalised) { return plugin.displayTextAt(assignment.index, normalised); });
     if (!value.ok())
-        return Problem{calledAs(plugin, assignment.index) + ": " + value.problem().text};
+        return value.problem().of(calledAs(plugin, assignment.index));
     return Setting{assignment.index, value.value()};
 }
 

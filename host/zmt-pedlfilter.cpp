@@ -205,7 +205,7 @@ template <typename Listing> int runListing(const CommandLine& line, const Listin
         return fail(plugin.problem().text);
     if (!line.program.empty())
         if (const Done selected = selectProgram(*plugin.value(), line.program); !selected.ok())
-            return fail("--program: " + selected.problem().text);
+            return fail(selected.problem().of("--program").text);
     const ListingForm form = line.isJson ? ListingForm::Json : ListingForm::Text;
     return print(listing(*plugin.value(), path.value().string(), form));
 }

@@ -11,6 +11,9 @@ namespace pedl {
 /// What went wrong, as one line for the user: which thing, what about it, what to do.
 struct Problem {
     std::string text;
+
+    /// The same with the thing that it is about in front: "--bank: ...".
+    [[nodiscard]] Problem of(const std::string& thing) const { return {thing + ": " + text}; }
 };
 
 /// What the system says about an `errno`.
