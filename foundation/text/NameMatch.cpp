@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <numeric>
 
 namespace pedl {
 
@@ -11,6 +10,8 @@ namespace {
 /// Plug-ins' names of at least this many characters may have been cut.
 constexpr std::size_t kShortestCutName = 7;
 constexpr std::size_t kMostOffered = 3;
+/// With fewer letters in common two names have nothing to do with each other.
+constexpr std::size_t kFewestTellingLetters = 4;
 constexpr std::size_t kMostCandidatesNamed = 8;
 
 enum class Rung { Exact, CutName, BeginsWith };
@@ -87,42 +88,41 @@ void preferAbbreviations(std::vector<const NamedItem*>& found, Rung rung,
         });
 }
 
-/// How far a name is from what was typed. A name that may be cut is also compared with as much of
-/// the typed one; an abbreviation of it ("FltrCut" of "Filtr Cutoff") is near.
-std::size_t distanceBetween(const std::string& name, const std::string& wanted) {
-    constexpr std::size_t kShortestAbbreviation = 4;
-    std::size_t distance = editDistance(name, wanted);
-    if (name.size() >= kShortestCutName && wanted.size() > name.size())
-        distance = std::min(distance, 1 + editDistance(name, wanted.substr(0, name.size())));
-    if (name.size() >= kShortestAbbreviation && abbreviates(name, wanted))
-        distance = std::min<std::size_t>(distance, 1);
-    return distance;
+/// Whether the texts differ in one place alone: by a letter too many, too few or another, or by two
+/// that are swapped.
+bool differInOnePlace(std::string_view a, std::string_view b) {
+    const std::size_t start = sharedStart(a, b);
+    a.remove_prefix(start);
+    b.remove_prefix(start);
+    while (!a.empty() && !b.empty() && a.back() == b.back()) {
+        a.remove_suffix(1);
+        b.remove_suffix(1);
+    }
+    const bool areSwapped = a.size() == 2 && b.size() == 2 && a[0] == b[1] && a[1] == b[0];
+    return areSwapped || (a.size() <= 1 && b.size() <= 1);
 }
 
+bool mayBeMistyped(const std::string& name, const std::string& wanted) {
+    const bool isAbbreviation = name.size() >= kFewestTellingLetters && abbreviates(name, wanted);
+    return isAbbreviation || differInOnePlace(name, wanted);
+}
+
+bool beginsAlike(const std::string& name, const std::string& wanted) {
+    return sharedStart(name, wanted) >= kFewestTellingLetters;
+}
+
+/// Items that may have been meant by a text that nothing matches, the likeliest first.
 std::vector<const NamedItem*> nearest(const std::string& wanted, std::span<const NamedItem> items) {
-    struct Offer {
-        std::size_t distance;
-        const NamedItem* item;
-    };
-    // Further away than half of the text it is another word.
-    const std::size_t furthest = std::max<std::size_t>(2, wanted.size() / 2);
-    std::vector<Offer> offers;
-    for (const NamedItem& item : items) {
-        std::size_t distance = furthest + 1;
-        for (const std::string& name : item.names)
-            if (!name.empty())
-                distance = std::min(distance, distanceBetween(comparable(name), wanted));
-        if (distance <= furthest)
-            offers.push_back({distance, &item});
-    }
-    std::stable_sort(offers.begin(), offers.end(),
-                     [](const Offer& a, const Offer& b) { return a.distance < b.distance; });
+    std::vector<const NamedItem*> offers;
+    for (const auto& isNear : {mayBeMistyped, beginsAlike})
+        for (const NamedItem& item : items)
+            if (std::ranges::find(offers, &item) == offers.end() &&
+                std::ranges::any_of(item.names, [&](const std::string& name) {
+                    return !name.empty() && isNear(comparable(name), wanted);
+                }))
+                offers.push_back(&item);
     offers.resize(std::min(offers.size(), kMostOffered));
-    std::vector<const NamedItem*> nearestItems;
-    nearestItems.reserve(offers.size());
-    for (const Offer& offer : offers)
-        nearestItems.push_back(offer.item);
-    return nearestItems;
+    return offers;
 }
 
 /// The only item that has exactly this name, for plug-ins whose names differ in case alone.
@@ -187,22 +187,8 @@ Result<int> findByNameOrNumber(std::string_view wanted, std::span<const NamedIte
                    ", counted from 0"};
 }
 
-std::size_t editDistance(std::string_view fromText, std::string_view toText) {
-    const std::string from = lowerCase(fromText);
-    const std::string to = lowerCase(toText);
-    // Wagner and Fischer, one row at a time.
-    std::vector<std::size_t> row(to.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 1; i <= from.size(); ++i) {
-        std::size_t diagonal = row[0];
-        row[0] = i;
-        for (std::size_t j = 1; j <= to.size(); ++j) {
-            const std::size_t replaced = diagonal + (from[i - 1] == to[j - 1] ? 0 : 1);
-            diagonal = row[j];
-            row[j] = std::min({replaced, row[j] + 1, row[j - 1] + 1});
-        }
-    }
-    return row.back();
+std::size_t sharedStart(std::string_view a, std::string_view b) {
+    return static_cast<std::size_t>(std::ranges::mismatch(a, b).in1 - a.begin());
 }
 
 std::optional<int> indexFrom(std::string_view text) {

@@ -31,7 +31,9 @@ struct NamedItem {
 /// letters of "Filter Slope", "FltrSat" does not.
 ///
 /// @param kind  what is looked for, in the singular, for the message
-/// @return the item's index, or a line that names the candidates or the nearest names
+/// @return the item's index, or a line that names the candidates or, where there are none, up to
+///         three names that may have been meant: mistyped in one place, abbreviated, or of the same
+///         start
 Result<int> findByName(std::string_view wanted, std::span<const NamedItem> items,
                        std::string_view kind);
 
@@ -41,8 +43,8 @@ Result<int> findByName(std::string_view wanted, std::span<const NamedItem> items
 Result<int> findByNameOrNumber(std::string_view wanted, std::span<const NamedItem> items,
                                std::string_view kind, std::string_view holder);
 
-/// Insertions, deletions and replacements that turn one text into the other, case aside.
-[[nodiscard]] std::size_t editDistance(std::string_view from, std::string_view to);
+/// How many characters two texts have in common from their start on.
+[[nodiscard]] std::size_t sharedStart(std::string_view a, std::string_view b);
 
 /// The whole text as a number from 0, or nothing: a parameter's index or a program's slot.
 [[nodiscard]] std::optional<int> indexFrom(std::string_view text);

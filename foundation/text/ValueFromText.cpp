@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <functional>
 #include <optional>
 #include <set>
 #include <vector>
@@ -328,10 +329,9 @@ private:
             return "it shows no texts: set it by its index, as INDEX=0.5";
         const bool isLong = texts.size() > kMostTextsNamed;
         if (isLong) {
-            std::stable_sort(texts.begin(), texts.end(),
-                             [this](const std::string& a, const std::string& b) {
-                                 return editDistance(a, wanted_) < editDistance(b, wanted_);
-                             });
+            std::ranges::stable_sort(texts, std::greater(), [this](const std::string& text) {
+                return sharedStart(compact(text), wanted_);
+            });
             texts.resize(kMostTextsNamed / 2);
         }
         std::string list;

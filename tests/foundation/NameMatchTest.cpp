@@ -33,6 +33,7 @@ TEST(NameMatch, NamesWhatCouldBeMeantByAnUnclearOrUnknownName) {
              Row{"Filter", "\"Filter\" can be more than one parameter: 3 (FltrSlp, Filter S), "
                            "4 (FltrSat, Filter S), 5 (FltrCut, Filter C)"},
              Row{"Gian", "no parameter is called \"Gian\"; nearest: 0 (Gain)"},
+             Row{"DrxStat", "no parameter is called \"DrxStat\"; nearest: 10 (DryStat)"},
              Row{"Filtr Cutoff",
                  "no parameter is called \"Filtr Cutoff\"; nearest: 5 (FltrCut, Filter C), "
                  "3 (FltrSlp, Filter S), 4 (FltrSat, Filter S)"},

@@ -72,6 +72,9 @@ TEST(ValueFromText, RefusesWhatIsNotShownAndSaysWhatIs) {
     EXPECT_EQ(refusal("18", slope), "no value reads \"18\"; it shows off, 12 dB, 24 dB");
     EXPECT_EQ(refusal("loud", level), "no value reads \"loud\"; it shows -120.0 .. 12.0, -oo");
     EXPECT_EQ(refusal("", slope), "the value is missing");
+    EXPECT_EQ(
+        refusal("Q?", [](float v) { return std::string(1, char('a' + int(v * 25.0F))) + '!'; }),
+        "no value reads \"Q?\"; among others it shows q!, a!, b!, c!, d!, e!, f!, g!");
     EXPECT_EQ(refusal("1", [](float) { return std::string(); }),
               "no value reads \"1\"; it shows no texts: set it by its index, as INDEX=0.5");
 }
