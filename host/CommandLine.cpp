@@ -38,13 +38,24 @@ std::vector<std::string> spreadLists(int count, char** words) {
 
 constexpr const char* kExamples = R"(
 Examples:
-  zmt-pedlfilter render riff.wav out.wav --program "Manual HPF 24dB/oct"
-  zmt-pedlfilter render riff.wav out.flac --set "Filter Cutoff=1200" "Filter Slope=24 dB" 20=0.4
-  zmt-pedlfilter render pad.wav out.wav --automate "Filter Cutoff=sweep.csv" --block 64 --tail 2
-  zmt-pedlfilter render pad.wav out.wav --midi song.mid --link "Filter Cutoff=74" --set LFOsync=hostBPM
-  zmt-pedlfilter params --program 5 --json
-  zmt-pedlfilter convert bank.zmb bank.json
-  zmt-pedlfilter diff old.zmb bank.json)";
+  $ zmt-pedlfilter render riff.wav out.wav --program "Manual HPF 24dB/oct"
+  $ zmt-pedlfilter render riff.wav out.flac --set "Filter Cutoff=1200" "Filter Slope=24 dB" 20=0.4
+  $ zmt-pedlfilter render pad.wav out.wav --automate "Filter Cutoff=sweep.csv" --block 64 --tail 2
+  $ zmt-pedlfilter render pad.wav out.wav --midi song.mid --link "Filter Cutoff=74" --set LFOsync=hostBPM
+  $ zmt-pedlfilter params --program 5 --json
+  $ zmt-pedlfilter convert bank.zmb bank.json
+  $ zmt-pedlfilter diff old.zmb bank.json
+
+`zmt-pedlfilter SUBCOMMAND --help` tells the rest. Without --plugin, ZMTpedlFilter.so is looked for
+beside the command, in ../plugin and ../lib/vst from there, and in /usr/local/lib/vst. It reads the
+user's defaults as it does in any host.
+
+Exit status:
+  0    all went well; for diff, there is no difference
+  1    a file, the plug-in or a value was wrong, with one line on standard error; for diff, there is
+       a difference
+  2    the command line was wrong; for diff, a file cannot be read or nothing can be compared
+  128  and the signal's number: interrupted)";
 
 constexpr const char* kRenderNotes = R"(
 PARAMETER is an index from `zmt-pedlfilter params`, or a name: upper and lower case are alike, and
@@ -66,7 +77,8 @@ to, by --link for one. Where the file has no tempo yet, --tempo is the tempo.
 
 IN is mono or stereo at 44100 to 192000 Hz, in any format that libsndfile reads. OUT is stereo: 32-bit
 float for .wav (and without an ending), .aiff, .caf, .w64 and .rf64, 24 bits for .flac, Vorbis for
-.ogg. OUT appears whole or not at all; an existing file is replaced only by a finished render.)";
+.ogg. OUT appears whole or not at all; an existing file is replaced only by a finished render. It is
+what the plug-in gives: a latency that `zmt-pedlfilter info` shows is not taken out.)";
 
 /// An option that takes one text or, with a list, may be given again and again.
 template <typename Target>
@@ -162,24 +174,20 @@ const char* convertedInto(DocumentKind kind) {
     return "what IN lacks is as in a fresh instance: programs, links or both";
 }
 
-/// A line of the table of endings, in columns.
-std::string endingLine(std::string_view ending, std::string_view form, std::string_view meaning) {
+/// A line of the table of endings.
+std::string endingLine(std::string_view ending, std::string_view form, const char* meaning) {
     constexpr std::size_t kFormColumn = 10;
-    constexpr std::size_t kMeaningColumn = 25;
     std::string line = "  " + std::string(ending);
     line.resize(kFormColumn, ' ');
-    line += form;
-    line.resize(kMeaningColumn, ' ');
-    return line.append(meaning) + '\n';
+    return line.append(form) + ": " + meaning + '\n';
 }
 
 std::string convertNotes() {
     std::string notes = kConvertStart;
     for (const DocumentKind kind : kDocumentKinds)
         notes += endingLine(kindEnding(kind), kindName(kind), convertedInto(kind));
-    notes += endingLine(kTextEnding, "text form",
-                        "of IN as it is, or of the one program of --program; \"-\" writes it to");
-    notes += endingLine("", "", "standard output");
+    notes += endingLine(kTextEnding, "text",
+                        "IN as it is, or its one program of --program; \"-\" is standard output");
     return notes + kConvertEnd;
 }
 
@@ -188,8 +196,10 @@ A and B are anything that convert reads. A program is compared with the current 
 line names slot, program and parameter, with both texts; values with the same text are given as
 numbers.
 
-Exit status: 0 when there is no difference, 1 when there is, 2 when a file cannot be read, nothing
-can be compared or the command line is wrong.)";
+Exit status:
+  0    there is no difference
+  1    there is one
+  2    a file cannot be read, nothing can be compared or the command line is wrong)";
 
 CLI::App* addConvert(CLI::App& app, CommandLine& line) {
     CLI::App* const command = app.add_subcommand(
