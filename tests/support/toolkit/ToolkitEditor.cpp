@@ -4,6 +4,7 @@
 #include "vstgui/lib/controls/cbuttons.h"
 #include "vstgui/lib/controls/cknob.h"
 #include "vstgui/lib/controls/cmoviebitmap.h"
+#include "vstgui/lib/controls/csplashscreen.h"
 #include "vstgui/lib/controls/cswitch.h"
 
 #include <array>
@@ -35,17 +36,28 @@ Bitmap bitmap(Picture picture) {
     return Bitmap(newBitmap(picture));
 }
 
-CRect placeOf(Picture picture, CCoord left, CCoord top) {
-    const PictureSize size = sizeOf(picture);
-    return CRect(CPoint(left, top), CPoint(size.width, size.height));
-}
-
 CRect area(CCoord left, CCoord top, CCoord width, CCoord height = kTextHeight) {
     return CRect(CPoint(left, top), CPoint(width, height));
 }
 
-/// Hears the end of a file dialog; the dialog keeps it alive.
-class NobodyWhoAsked : public CBaseObject {};
+CRect placeOf(Picture picture, CCoord left, CCoord top) {
+    return area(left, top, sizeOf(picture).width, sizeOf(picture).height);
+}
+
+/// Where a control of pictures goes, and what it shows.
+struct Spot {
+    CRect place;
+    std::int32_t count;
+    CCoord height;
+    CBitmap* strip;
+};
+
+template <typename Display> Display* dressed(Display* display) {
+    display->setBackColor(kFieldColor);
+    display->setFrameColor(kFrameColor);
+    display->setFontColor(kTextColor);
+    return display;
+}
 
 } // namespace
 
@@ -66,22 +78,16 @@ bool ToolkitEditor::open(void* window) {
         return false;
     }
     frame->setBackground(bitmap(Picture::Background).get());
-    CTextLabel* const title = addText(area(kMargin, 6, 300, 26), "Controls of the toolkit");
-    title->setFont(kNormalFontVeryBig);
+    addText(area(kMargin, 6, 300, 26), "Controls of the toolkit")->setFont(kNormalFontVeryBig);
     addText(area(307, 14, 200), "521 by 544 logical pixels", kRightText);
-    addKnobs();
-    addSwitches();
+    addPictures();
     addDisplays();
     addLabels();
     addFields();
-    addWithAlpha();
     return true;
 }
 
 void ToolkitEditor::close() {
-    programs_ = nullptr;
-    name_ = nullptr;
-    splash_ = nullptr;
     if (CFrame* const closing = std::exchange(frame, nullptr))
         closing->close();
     AEffGUIEditor::close();
@@ -96,222 +102,133 @@ void ToolkitEditor::askForFile(const std::string& folder) {
     CNewFileSelector* const selector = CNewFileSelector::create(frame);
     selector->setTitle("Load a bank");
     selector->setInitialDirectory(folder.c_str());
-    auto* const nobody = new NobodyWhoAsked;
-    selector->run(nobody);
-    nobody->forget();
+    const std::unique_ptr<CBaseObject, Forget> nobody(new CBaseObject); // the dialog keeps it alive
+    selector->run(nobody.get());
     selector->forget();
 }
 
-void ToolkitEditor::addKnobs() {
-    addTitle(40, "CAnimKnob, 61 pictures");
-    const Bitmap strip = bitmap(Picture::KnobStrip), body = bitmap(Picture::KnobBody);
-    const Bitmap handle = bitmap(Picture::KnobHandle);
-    const PictureSize size = sizeOf(Picture::KnobStrip);
-    constexpr CCoord kTop = 57, kDistance = 62;
-    constexpr std::array<double, 8> kValues{0.0, 0.25, 0.5, 0.75, 1.0, 0.0, 0.5, 1.0};
-    CCoord left = 22;
-    for (std::size_t i = 0; i < kValues.size(); ++i, left += kDistance) {
-        const bool isStrip = i < 5;
-        CKnob* const knob = isStrip ? new CAnimKnob(placeOf(Picture::KnobStrip, left, kTop), this,
-                                                    kPlain, size.count, size.height, strip.get())
-                                    : new CKnob(placeOf(Picture::KnobBody, left, kTop), this,
-                                                kPlain, body.get(), handle.get(), CPoint(0, 0));
-        addControl(knob, kValues[i]);
-        std::array<char, 8> text{};
-        std::snprintf(text.data(), text.size(), "%.2f", kValues[i]);
-        addText(area(left - 10, kTop + 42, 60), text.data(), kCenterText);
-    }
-    addText(area(22 + 5 * kDistance, 40, 160), "CKnob, body and handle")->setFontColor(kAmber);
+/// One control of a kind beside the other, each at a value of its own; its name in front.
+template <typename Make>
+void ToolkitEditor::addRow(const char* name, Picture picture, CCoord left, CCoord top, int count,
+                           Make make) {
+    addText(area(kMargin, top + 2, 104), name);
+    const PictureSize size = sizeOf(picture);
+    const Bitmap strip = bitmap(picture);
+    for (int i = 0; i < count; ++i)
+        addControl(make(Spot{placeOf(picture, left + i * (size.width + 8), top), size.count,
+                             static_cast<CCoord>(size.height), strip.get()}),
+                   static_cast<double>(i) / (count - 1));
 }
 
-void ToolkitEditor::addSwitches() {
-    addTitle(130, "Switches, buttons and lamps");
-    const auto strip = [](Picture picture) { return bitmap(picture); };
-    constexpr CCoord kFirst = 122, kRow = 23;
-    CCoord top = 147;
-    addText(area(kMargin, top + 2, 104), "CHorizontalSwitch");
-    const PictureSize across = sizeOf(Picture::HorizontalSwitch);
-    for (int i = 0; i < 3; ++i)
-        addControl(new CHorizontalSwitch(placeOf(Picture::HorizontalSwitch, kFirst + 66 * i, top),
-                                         this, kPlain, across.count, across.height, across.count,
-                                         strip(Picture::HorizontalSwitch).get()),
-                   i / 2.0);
-    top += kRow;
-    addText(area(kMargin, top + 2, 104), "CRockerSwitch");
-    for (int i = 0; i < 3; ++i)
-        addControl(new CRockerSwitch(placeOf(Picture::RockerSwitch, kFirst + 66 * i, top), this,
-                                     kPlain, sizeOf(Picture::RockerSwitch).height,
-                                     strip(Picture::RockerSwitch).get()),
-                   i / 2.0);
-    top += kRow;
-    addText(area(kMargin, top + 2, 104), "COnOffButton");
-    for (int i = 0; i < 2; ++i)
-        addControl(new COnOffButton(placeOf(Picture::OnOffButton, kFirst + 46 * i, top), this,
-                                    kPlain, strip(Picture::OnOffButton).get()),
-                   i);
-    addText(area(kFirst + 106, top + 2, 70), "CKickButton");
-    for (int i = 0; i < 2; ++i)
-        addControl(new CKickButton(placeOf(Picture::KickButton, kFirst + 180 + 46 * i, top), this,
-                                   kPlain, sizeOf(Picture::KickButton).height,
-                                   strip(Picture::KickButton).get()),
-                   i);
-    addText(area(326, 149, 84), "CVerticalSwitch");
-    const PictureSize down = sizeOf(Picture::VerticalSwitch);
-    for (int i = 0; i < 3; ++i)
-        addControl(new CVerticalSwitch(placeOf(Picture::VerticalSwitch, 412 + 38 * i, 132), this,
-                                       kPlain, down.count, down.height, down.count,
-                                       strip(Picture::VerticalSwitch).get()),
-                   i / 2.0);
-    addText(area(409, 178, 98), "CMovieBitmap", kCenterText);
-    const PictureSize lamp = sizeOf(Picture::Lamp);
-    for (int i = 0; i < 5; ++i)
-        addControl(new CMovieBitmap(placeOf(Picture::Lamp, 412 + 19 * i, 194), this, kPlain,
-                                    lamp.count, lamp.height, strip(Picture::Lamp).get()),
-                   i / 4.0);
+void ToolkitEditor::addPictures() {
+    addText(area(kMargin, 40, 400), "Knobs, switches, buttons and lamps")->setFontColor(kAmber);
+    const Bitmap handle = bitmap(Picture::KnobHandle);
+    addRow("CAnimKnob", Picture::KnobStrip, 122, 57, 5, [&](const Spot& s) {
+        return new CAnimKnob(s.place, this, kPlain, s.count, s.height, s.strip);
+    });
+    addRow("", Picture::KnobStrip, 370, 57, 3, [&](const Spot& s) {
+        CControl* const faint = new CAnimKnob(s.place, this, kPlain, s.count, s.height, s.strip);
+        faint->setAlphaValue(0.4F);
+        return faint;
+    });
+    addRow("CKnob", Picture::KnobBody, 122, 100, 5,
+           [&](const Spot& s) { return new CKnob(s.place, this, kPlain, s.strip, handle.get()); });
+    addRow("CHorizontalSwitch", Picture::HorizontalSwitch, 122, 147, 3, [&](const Spot& s) {
+        return new CHorizontalSwitch(s.place, this, kPlain, s.count, s.height, s.count, s.strip);
+    });
+    addRow("", Picture::VerticalSwitch, 410, 110, 3, [&](const Spot& s) {
+        return new CVerticalSwitch(s.place, this, kPlain, s.count, s.height, s.count, s.strip);
+    });
+    addRow("CRockerSwitch", Picture::RockerSwitch, 122, 170, 3, [&](const Spot& s) {
+        return new CRockerSwitch(s.place, this, kPlain, s.height, s.strip);
+    });
+    addRow("", Picture::Lamp, 370, 170, 5, [&](const Spot& s) {
+        return new CMovieBitmap(s.place, this, kPlain, s.count, s.height, s.strip);
+    });
+    addRow("COnOffButton", Picture::OnOffButton, 122, 193, 2,
+           [&](const Spot& s) { return new COnOffButton(s.place, this, kPlain, s.strip); });
+    addRow("", Picture::KickButton, 370, 193, 2, [&](const Spot& s) {
+        return new CKickButton(s.place, this, kPlain, s.height, s.strip);
+    });
 }
 
 void ToolkitEditor::addDisplays() {
-    addTitle(226, "CParamDisplay");
-    struct Row {
-        const char* caption;
-        std::int32_t style;
-        bool hasBitmap;
-    };
-    constexpr std::array<Row, 6> kRows{{{"with a frame", 0, false},
-                                        {"kNoFrame", kNoFrame, false},
-                                        {"kShadowText", kShadowText, false},
-                                        {"kNoTextStyle", kNoTextStyle, false},
-                                        {"bitmap", 0, true},
-                                        {"own text", 0, true}}};
+    addText(area(kMargin, 226, 400), "CParamDisplay")->setFontColor(kAmber);
     CCoord left = kMargin;
-    for (const Row& row : kRows) {
+    for (const std::int32_t style : {0, +kNoFrame, +kShadowText, +kNoTextStyle, -1}) {
         const Bitmap back = bitmap(Picture::Display);
-        auto* const display = new CParamDisplay(placeOf(Picture::Display, left, 242),
-                                                row.hasBitmap ? back.get() : nullptr, row.style);
-        display->setBackColor(kFieldColor);
-        display->setFrameColor(kFrameColor);
-        display->setFontColor(kTextColor);
+        auto* const display = dressed(new CParamDisplay(placeOf(Picture::Display, left, 242)));
         display->setShadowColor(CColor(150, 70, 0, 255));
-        if (&row == &kRows.back())
+        if (style < 0) {
+            display->setBackground(back.get());
             display->setValueToStringProc([](float value, char text[256], void*) {
                 return std::snprintf(text, 256, "%.1f kHz", static_cast<double>(value) * 20) > 0;
             });
+        } else {
+            display->setStyle(style);
+        }
         addControl(display, 0.32);
-        addText(area(left, 263, 76), row.caption, kCenterText);
         left += 83;
     }
 }
 
 void ToolkitEditor::addLabels() {
-    addTitle(292, "CTextLabel");
-    struct Size {
-        CFontRef font;
+    addText(area(kMargin, 272, 400), "CTextLabel")->setFontColor(kAmber);
+    struct Row {
+        CCoord size;
+        std::int32_t style;
         const char* text;
-        CCoord height;
     };
-    CCoord top = 308;
-    for (const Size& row :
-         {Size{kNormalFontVeryBig, "Very big, 18", 22}, Size{kNormalFontBig, "Big, 14", 17},
-          Size{kNormalFont, "Normal, 12", 15}, Size{kNormalFontSmall, "Small, 11", 14},
-          Size{kNormalFontSmaller, "Smaller, 10", 13},
-          Size{kNormalFontVerySmall, "Very small, 9", 12}}) {
-        addText(area(kMargin, top, 150, row.height), row.text)->setFont(row.font);
-        top += row.height;
+    CCoord top = 288;
+    for (const Row& row :
+         {Row{18, kNormalFace, "Regular Resonance"}, Row{14, kBoldFace, "Bold Resonance"},
+          Row{12, kItalicFace, "Italic Resonance"},
+          Row{11, kBoldFace | kItalicFace, "Bold italic Resonance"},
+          Row{10, kUnderlineFace, "Underlined Größe µ · Ελληνικά"},
+          Row{9, kStrikethroughFace, "Struck through −12 dB ½ …"}}) {
+        const std::unique_ptr<CFontDesc, Forget> font(new CFontDesc("Arial", row.size, row.style));
+        addText(area(kMargin, top, 240, row.size + 4), row.text)->setFont(font.get());
+        top += row.size + 4.5;
     }
-    constexpr std::array<std::pair<std::int32_t, const char*>, 6> kStyles{
-        {{kNormalFace, "Regular Resonance"},
-         {kBoldFace, "Bold Resonance"},
-         {kItalicFace, "Italic Resonance"},
-         {kBoldFace | kItalicFace, "Bold italic Resonance"},
-         {kUnderlineFace, "Underlined Resonance"},
-         {kStrikethroughFace, "Struck through"}}};
-    top = 308;
-    for (const auto& [style, text] : kStyles) {
-        const std::unique_ptr<CFontDesc, Forget> font(new CFontDesc("Arial", 12, style));
-        addText(area(172, top, 150, 15), text)->setFont(font.get());
-        top += 15.5;
-    }
-    constexpr std::array<std::pair<CHoriTxtAlign, const char*>, 3> kAligns{
-        {{kLeftText, "kLeftText"}, {kCenterText, "kCenterText"}, {kRightText, "kRightText"}}};
-    top = 308;
-    for (const auto& [align, text] : kAligns) {
-        CTextLabel* const label = addText(area(340, top, 167, 15), text, align);
+    top = 288;
+    for (const CHoriTxtAlign align : {kLeftText, kCenterText, kRightText}) {
+        CTextLabel* const label = dressed(addText(area(280, top, 227, 15), "aligned", align));
         label->setTransparency(false);
-        label->setBackColor(kFieldColor);
-        label->setFrameColor(kFrameColor);
         label->setTextInset(CPoint(4, 0));
+        addText(area(280, top + 55, 227), "without antialiasing", align)->setAntialias(false);
         top += 17;
     }
-    addText(area(340, top, 167), "without antialiasing")->setAntialias(false);
-    addText(area(340, top + 14, 167), "Größe µ · Ελληνικά");
-    addText(area(340, top + 28, 167), "Кириллица · −12 dB ½ …");
 }
 
 void ToolkitEditor::addFields() {
-    addTitle(414, "CTextEdit, COptionMenu, CNewFileSelector, CSplashScreen");
-    const auto dress = [](CParamDisplay* display) {
-        display->setBackColor(kFieldColor);
-        display->setFrameColor(kFrameColor);
-        display->setFontColor(kTextColor);
-        display->setHoriAlign(kLeftText);
-        display->setTextInset(CPoint(5, 0));
-    };
-    addText(area(kMargin, 434, 60), "closed");
-    auto* const closed = new CTextEdit(area(72, 432, 176, 18), this, kPlain, "Slow Sweep");
-    dress(closed);
-    addControl(closed);
-    addText(area(kMargin, 458, 60), "open");
-    name_ = new CTextEdit(area(72, 456, 176, 18), this, kPlain, "Glass Bells Über");
-    dress(name_);
+    addText(area(kMargin, 414, 400), "CTextEdit, COptionMenu, CNewFileSelector, CSplashScreen")
+        ->setFontColor(kAmber);
+    name_ = dressed(new CTextEdit(area(kMargin, 432, 234, 18), this, kPlain, "Glass Bells Über"));
+    name_->setHoriAlign(kLeftText);
+    name_->setTextInset(CPoint(5, 0));
     addControl(name_);
-    addText(area(268, 434, 60), "programs");
-    programs_ =
-        new COptionMenu(area(330, 432, 177, 18), this, kPlain, nullptr, nullptr, kCheckStyle);
-    dress(programs_);
+    addControl(dressed(new CTextEdit(area(kMargin, 456, 234, 18), this, kPlain,
+                                     "Slow Sweep, not open for writing")));
+    programs_ = dressed(
+        new COptionMenu(area(268, 432, 239, 18), this, kPlain, nullptr, nullptr, kCheckStyle));
     programs_->setNbItemsPerColumn(kProgramsPerColumn);
-    constexpr std::array<const char*, 7> kNames{"Slow Sweep", "Glass Bells",  "Wah Pedal",
-                                                "Formant",    "Tape Flutter", "Sub Ring",
-                                                "Late Night"};
+    constexpr std::array<const char*, 3> kNames{"Slow Sweep", "Glass Bells", "Tape Flutter"};
     for (int i = 0; i < kNumPrograms; ++i) {
-        std::array<char, 32> title{};
-        std::snprintf(title.data(), title.size(), "%03d %s", i + 1,
-                      kNames[static_cast<std::size_t>(i) % kNames.size()]);
-        programs_->addEntry(title.data());
+        const std::string name = kNames[static_cast<std::size_t>(i) % kNames.size()];
+        programs_->addEntry((std::to_string(i + 1) + " " + name).c_str());
     }
-    frame->addView(programs_);
+    programs_->getEntry(1)->setEnabled(false);
+    addControl(programs_);
     programs_->setValue(30);
     addText(area(268, 458, 60), "file …");
     addControl(new CKickButton(placeOf(Picture::KickButton, 330, 456), this, kChooseFile,
                                sizeOf(Picture::KickButton).height,
                                bitmap(Picture::KickButton).get()));
-    addText(area(388, 458, 50), "picture");
     const CRect button = area(440, 456, 67, 18);
-    CTextLabel* const back = addText(button, "press", kCenterText);
-    back->setTransparency(false);
-    back->setBackColor(kFieldColor);
-    back->setFrameColor(kFrameColor);
-    const PictureSize picture = sizeOf(Picture::Splash);
-    splash_ = new CSplashScreen(button, this, kPlain, bitmap(Picture::Splash).get(),
-                                area((kWidth - picture.width) / 2, (kHeight - picture.height) / 2,
-                                     picture.width, picture.height));
-    frame->addView(splash_);
-}
-
-void ToolkitEditor::addWithAlpha() {
-    const PictureSize size = sizeOf(Picture::KnobStrip);
-    addText(area(kMargin, 500, 80), "alpha value");
-    CCoord left = 100;
-    for (const float alpha : {1.0F, 0.75F, 0.5F, 0.25F}) {
-        CControl* const knob =
-            new CAnimKnob(placeOf(Picture::KnobStrip, left, 486), this, kPlain, size.count,
-                          size.height, bitmap(Picture::KnobStrip).get());
-        knob->setAlphaValue(alpha);
-        addControl(knob, 0.7);
-        std::array<char, 8> text{};
-        std::snprintf(text.data(), text.size(), "%.2f", static_cast<double>(alpha));
-        addText(area(left + 44, 500, 40), text.data());
-        left += 102;
-    }
+    dressed(addText(button, "picture", kCenterText))->setTransparency(false);
+    addControl(
+        new CSplashScreen(button, this, kPlain, bitmap(Picture::Splash).get(),
+                          placeOf(Picture::Splash, (kWidth - 240) / 2, (kHeight - 120) / 2)));
 }
 
 CTextLabel* ToolkitEditor::addText(const CRect& place, const char* text, CHoriTxtAlign align) {
@@ -323,10 +240,6 @@ CTextLabel* ToolkitEditor::addText(const CRect& place, const char* text, CHoriTx
     label->setMouseEnabled(false);
     frame->addView(label);
     return label;
-}
-
-void ToolkitEditor::addTitle(CCoord top, const char* text) {
-    addText(area(kMargin, top, 400), text)->setFontColor(kAmber);
 }
 
 void ToolkitEditor::addControl(CControl* control, double normalised) {

@@ -2,7 +2,6 @@
 
 #include "vstgui/lib/controls/ccontrol.h"
 #include "vstgui/lib/controls/coptionmenu.h"
-#include "vstgui/lib/controls/csplashscreen.h"
 #include "vstgui/lib/controls/ctextedit.h"
 #include "vstgui/plugin-bindings/aeffguieditor.h"
 
@@ -36,26 +35,24 @@ public:
     // While open
     VSTGUI::COptionMenu* programs() { return programs_; }
     VSTGUI::CTextEdit* nameField() { return name_; }
-    VSTGUI::CSplashScreen* splash() { return splash_; }
     /// Asks for a file in `folder`.
     void askForFile(const std::string& folder);
 
 private:
-    void addKnobs();
-    void addSwitches();
+    void addPictures();
     void addDisplays();
     void addLabels();
     void addFields();
-    void addWithAlpha();
 
     VSTGUI::CTextLabel* addText(const VSTGUI::CRect& place, const char* text,
                                 VSTGUI::CHoriTxtAlign align = VSTGUI::kLeftText);
-    void addTitle(VSTGUI::CCoord top, const char* text);
+    template <typename Make>
+    void addRow(const char* name, Picture picture, VSTGUI::CCoord left, VSTGUI::CCoord top,
+                int count, Make make);
     void addControl(VSTGUI::CControl* control, double normalised = 0.0);
 
     VSTGUI::COptionMenu* programs_ = nullptr;
     VSTGUI::CTextEdit* name_ = nullptr;
-    VSTGUI::CSplashScreen* splash_ = nullptr;
 };
 
 } // namespace pedl::test
