@@ -7,126 +7,99 @@
 namespace VSTGUI {
 namespace {
 
-// What is drawn, and when
+using Rects = std::vector<CRect>;
 
-TEST(DirtyViews, AreDrawnOnceAtTheNextTurnAndNowhereElse) {
+/// A window with one control that wants to be drawn.
+class Control : public testing::Test {
+protected:
+    Rects painted() {
+        w.window().turn();
+        return w.window().lastPainted();
+    }
     ToolkitWindow w;
     ScriptedControl* const a = w.add("a", CRect(10, 10, 20, 20));
+};
+
+TEST_F(Control, IsDrawnOnceAtTheNextTurnAndNowhereElse) {
     w.add("b", CRect(50, 10, 60, 20));
-    w.window().turn();
+    const Rects placeOfA{a->getViewSize()};
+    painted();
     EXPECT_EQ(w.log.take(), "a draw, b draw");
-    w.window().turn();
-    EXPECT_TRUE(w.window().lastPainted().empty());
-
+    EXPECT_TRUE(painted().empty());
     a->setValue(0.3F);
-    EXPECT_TRUE(a->isDirty());
     EXPECT_TRUE(w.window().dirtyRegion().isEmpty()) << "nothing happens inside the call";
-    w.window().turn();
-    EXPECT_EQ(w.window().lastPainted(), std::vector<CRect>{a->getViewSize()});
-    EXPECT_EQ(w.log.take(), "a draw");
+    EXPECT_EQ(painted(), placeOfA);
     EXPECT_FALSE(a->isDirty());
-}
-
-TEST(DirtyViews, HiddenOnesAndTheirPlaceFollowTheirVisibility) {
-    ToolkitWindow w;
-    ScriptedControl* const a = w.add("a", CRect(10, 10, 20, 20));
-    w.window().turn();
     a->setVisible(false);
-    w.window().turn();
-    EXPECT_EQ(w.window().lastPainted(), std::vector<CRect>{a->getViewSize()});
+    EXPECT_EQ(painted(), placeOfA) << "what lies below it";
     a->setDirty();
-    w.window().turn();
-    EXPECT_TRUE(w.window().lastPainted().empty());
-    w.log.take();
-    a->setVisible(true);
-    w.window().turn();
+    EXPECT_TRUE(painted().empty());
     EXPECT_EQ(w.log.take(), "a draw");
+    a->setVisible(true);
+    EXPECT_EQ(painted(), placeOfA);
+    w.theFrame().removeView(a);
+    EXPECT_EQ(painted(), placeOfA);
+    EXPECT_EQ(w.log.take(), "a draw, a gone");
 }
 
-TEST(DirtyViews, AContainerCutsWhatItsChildrenInvalidate) {
-    ToolkitWindow w;
-    LoggingContainer* const box = w.addContainer("box", CRect(50, 50, 70, 70));
-    ScriptedControl* const a = w.add("a", CRect(10, 10, 100, 15), box);
-    w.window().turn();
-    a->invalid();
-    w.window().turn();
-    EXPECT_EQ(w.window().lastPainted(), std::vector<CRect>{CRect(60, 60, 70, 65)});
-    EXPECT_EQ(a->getVisibleSize(), CRect(10, 10, 20, 15));
+TEST_F(Control, InvalidatesNoMoreThanItsContainerShows) {
+    ScriptedControl* const inside =
+        w.add("inside", CRect(10, 10, 100, 15), w.addContainer("box", CRect(50, 50, 70, 70)));
+    painted();
+    inside->invalid();
+    EXPECT_EQ(painted(), Rects{CRect(60, 60, 70, 65)});
+    EXPECT_EQ(inside->getVisibleSize(), CRect(10, 10, 20, 15));
 }
 
-TEST(DirtyRegion, RectanglesNeverOverlap) {
-    const CRect bounds(0, 0, 100, 100);
-    DirtyRegion region;
-    region.add(CRect(0.5, 0.5, 9.2, 9.2), bounds);
-    region.add(CRect(20, 0, 30, 10), bounds);
-    EXPECT_EQ(region.rects(), (std::vector<CRect>{CRect(0, 0, 10, 10), CRect(20, 0, 30, 10)}));
-    region.add(CRect(200, 0, 300, 10), bounds);
-    region.add(CRect(8, 2, 22, 4), bounds); // bridges the two
-    EXPECT_EQ(region.rects(), std::vector<CRect>{CRect(0, 0, 30, 10)});
-    for (int i = 0; i < 80; ++i)
-        region.add(CRect(i % 10 * 10, 20 + i / 10 * 10, i % 10 * 10 + 2, 22 + i / 10 * 10), bounds);
-    EXPECT_LE(region.rects().size(), 33U);
-    EXPECT_EQ(boundsOf(region.take()), CRect(0, 0, 92, 92));
-    EXPECT_TRUE(region.isEmpty());
-}
-
-// A control's value
-
-TEST(Control, OldValueIsAMarkOfDirtiness) {
-    ToolkitWindow w;
-    ScriptedControl* const a = w.add("a", CRect(0, 0, 10, 10));
-    a->setDirty();
-    EXPECT_EQ(a->getOldValue(), -1.0F);
-    a->setMin(-1);
-    a->setValue(-1);
-    a->setDirty();
-    EXPECT_EQ(a->getOldValue(), 0.0F) << "has to differ from the value";
-    a->invalid();
-    EXPECT_EQ(a->getOldValue(), -1.0F);
-    EXPECT_FALSE(a->isDirty());
-}
-
-TEST(Control, ValuesAreClampedWhenSetAndNotWhenTheRangeIs) {
-    ToolkitWindow w;
-    ScriptedControl* const a = w.add("a", CRect(0, 0, 10, 10));
+TEST_F(Control, ClampsValuesWhenSetAndNotWhenTheRangeIs) {
     a->setMax(4);
+    a->setValue(5);
+    EXPECT_EQ(a->getValue(), 4);
     a->setValueNormalized(0.5F);
-    EXPECT_EQ(a->getValue(), 2);
     a->setMax(1);
     EXPECT_EQ(a->getValue(), 2);
     a->bounceValue();
     EXPECT_EQ(a->getValue(), 1);
+    a->setMin(-1);
+    a->setValue(-1);
+    a->setDirty();
+    EXPECT_EQ(a->getOldValue(), 0.0F) << "-1 as a rule, but it has to differ from the value";
     EXPECT_EQ(w.log.take(), "");
 }
 
-TEST(Control, EveryEditReachesListenerAndHostInMirroredOrder) {
-    ToolkitWindow w;
-    ScriptedControl* const a = w.add("a", CRect(0, 0, 10, 10));
+TEST_F(Control, TellsListenerAndHostOfEveryEditInMirroredOrder) {
     a->beginEdit();
     a->beginEdit();
     a->endEdit();
     EXPECT_EQ(w.log.take(), "begin, host begins 7, begin, host begins 7, host ends 7, end");
+    for (const int32_t beside : {kShift, kDoubleClick, kRButton})
+        EXPECT_FALSE(a->checkDefaultValue(kLButton | kControl | beside));
+    EXPECT_TRUE(a->checkDefaultValue(kLButton | kControl));
+    EXPECT_TRUE(a->checkDefaultValue(kLButton | kControl)) << "there already: nothing to tell";
+    EXPECT_EQ(a->getValue(), 0.5F);
+    EXPECT_EQ(w.log.take(), "begin, host begins 7, value, host ends 7, end");
     w.theFrame().removeView(a, false);
     a->endEdit();
     EXPECT_EQ(w.log.take(), "end") << "no frame, no host";
     a->forget();
 }
 
-TEST(Control, LeftWithCtrlGoesToTheDefault) {
-    ToolkitWindow w;
-    ScriptedControl* const a = w.add("a", CRect(0, 0, 10, 10));
-    EXPECT_FALSE(a->checkDefaultValue(kLButton | kControl | kShift));
-    EXPECT_FALSE(a->checkDefaultValue(kLButton | kControl | kDoubleClick));
-    EXPECT_TRUE(a->checkDefaultValue(kLButton | kControl));
-    EXPECT_TRUE(a->checkDefaultValue(kLButton | kControl));
-    EXPECT_EQ(a->getValue(), 0.5F);
-    EXPECT_EQ(w.log.take(), "begin, host begins 7, value, host ends 7, end");
+TEST(DirtyRegion, RectanglesNeverOverlap) {
+    const CRect bounds(0, 0, 100, 100);
+    DirtyRegion region;
+    region.add(CRect(0.5, 0.5, 9.2, 9.2), bounds);
+    region.add(CRect(8, 20, 40, 30), bounds);
+    region.add(CRect(200, 0, 300, 10), bounds);
+    EXPECT_EQ(region.rects(), (Rects{CRect(0, 0, 10, 10), CRect(8, 20, 40, 30)}));
+    region.add(CRect(20, 5, 30, 25), bounds); // meets the second, and grown so the first
+    EXPECT_EQ(region.rects(), Rects{CRect(0, 0, 40, 30)});
+    for (int i = 0; i < 80; ++i)
+        region.add(CRect(i % 10 * 10, 40 + i / 10 * 7, i % 10 * 10 + 2, 42 + i / 10 * 7), bounds);
+    EXPECT_LE(region.rects().size(), 33U);
+    EXPECT_EQ(boundsOf(region.take()), CRect(0, 0, 92, 91));
 }
 
-// Timers
-
-class TimerCounter : public CBaseObject {
-public:
+struct TimerCounter : public CBaseObject {
     CMessageResult notify(CBaseObject* sender, IdStringPtr message) override {
         EXPECT_EQ(message, CVSTGUITimer::kMsgTimer);
         ++count;
@@ -140,25 +113,22 @@ public:
 
 class Timer : public testing::Test {
 protected:
+    ~Timer() override { EXPECT_FALSE(CVSTGUITimer::isAnyRunning()); }
     int countAfter(uint64_t ms) {
-        clock.advance(ms);
-        CVSTGUITimer::fireDueTimers();
+        w.clock.advance(ms);
+        w.window().turn();
         return std::exchange(counter.count, 0);
     }
-    ~Timer() override { EXPECT_FALSE(CVSTGUITimer::isAnyRunning()); }
-
-    ManualClock clock;
+    ToolkitWindow w;
     TimerCounter counter;
     CVSTGUITimer* timer = new CVSTGUITimer(&counter, 50);
 };
 
 TEST_F(Timer, FiresOnceHoweverLateAndCountsFromThere) {
     EXPECT_EQ(countAfter(60), 0) << "not started";
-    timer->start();
-    EXPECT_EQ(countAfter(49), 0);
-    EXPECT_EQ(countAfter(1), 1);
-    EXPECT_EQ(countAfter(170), 1);
-    EXPECT_EQ(countAfter(49), 0);
+    EXPECT_TRUE(timer->start());
+    for (const auto& [ms, count] : {std::pair{49U, 0}, {1U, 1}, {170U, 1}, {49U, 0}})
+        EXPECT_EQ(countAfter(ms), count) << ms;
     EXPECT_FALSE(timer->start()) << "running";
     EXPECT_EQ(countAfter(1), 1);
     timer->setFireTime(10);
@@ -180,19 +150,8 @@ TEST_F(Timer, MayBeForgottenOrStopAnotherInItsMessage) {
     EXPECT_EQ(countAfter(50), 1);
 }
 
-// The editor's idle
-
-class NestingEditor : public AEffGUIEditor {
-public:
-    NestingEditor() : AEffGUIEditor(nullptr) {}
-    void use(CFrame* newFrame) { frame = newFrame; }
-};
-
-TEST(Editor, OneTurnAtATimeAndTimersWithoutAFrameToo) {
-    ToolkitWindow w;
-    NestingEditor editor;
-    TimerCounter counter;
-    auto* const timer = new CVSTGUITimer(&counter, 50);
+TEST_F(Timer, OfAnEditorFiresOnceATurnWithoutAFrameToo) {
+    AEffGUIEditor editor(nullptr);
     timer->start();
     counter.inMessage = [&](CVSTGUITimer* /*timer*/) {
         w.clock.advance(50);
@@ -202,16 +161,6 @@ TEST(Editor, OneTurnAtATimeAndTimersWithoutAFrameToo) {
     editor.idle();
     EXPECT_EQ(counter.count, 1);
     timer->forget();
-
-    editor.use(&w.theFrame());
-    w.add("a", CRect(0, 0, 10, 10));
-    editor.idle();
-    EXPECT_EQ(w.log.take(), "a draw");
-    EXPECT_TRUE(editor.setKnobMode(kLinearMode));
-    EXPECT_EQ(NestingEditor().getKnobMode(), kLinearMode) << "one choice for all editors";
-    editor.setKnobMode(kCircularMode);
-    VstKeyCode key{'a', 0, 0};
-    EXPECT_FALSE(editor.onKeyDown(key));
 }
 
 } // namespace

@@ -1,12 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-
 #include "tests/foundation/vstgui/FileDelegate.h"
 #include "tests/foundation/vstgui/ToolkitWindow.h"
 #include "tests/support/TemporaryFolder.h"
-#include "vstgui/lib/controls/ctextlabel.h"
 #include "vstgui/lib/platform/common/filedialogbackend.h"
 #include "vstgui/lib/platform/common/filelisting.h"
 #include "vstgui/lib/platform/common/framefilelist.h"
@@ -14,45 +10,32 @@
 namespace VSTGUI {
 namespace {
 
-namespace fs = std::filesystem;
 using Paths = std::vector<std::string>;
 
-/// A folder with what is found in a musician's.
-class TestFolder {
-public:
-    TestFolder() {
-        for (const char* folder : {"sub", "sub/deep", ".hidden"})
-            fs::create_directory(folder_ / folder);
+/// A folder with what is found in a musician's, and a window in which a file is asked for.
+class FileSelector : public testing::Test {
+protected:
+    FileSelector() {
+        for (const char* made : {"sub", "sub/deep", ".hidden"})
+            std::filesystem::create_directory(folder / made);
         for (const char* file : {"Lead.zmt", "bass it's \"new\".ZMT", "\u00fcber.zmt", "notes.txt",
                                  ".secret.zmt", "sub/pad.zmt", "new\nline.zmt"})
-            pedl::test::writeText(folder_ / file, "x");
-    }
-    std::string path(const std::string& name = {}) const {
-        return name.empty() ? folder_.path() : folder_ / name;
-    }
-
-private:
-    pedl::test::TemporaryFolder folder_;
-};
-
-/// A window in which a file is asked for.
-class AskingWindow : public ToolkitWindow {
-public:
-    AskingWindow() {
+            pedl::test::writeText(folder / file, "x");
         setFileDialogFactory([](int32_t) { return std::unique_ptr<FileDialogBackend>(); });
-        theFrame().setSize(300, 260);
+        w.theFrame().setSize(300, 260);
         turn();
     }
-    ~AskingWindow() override {
-        close();
+    ~FileSelector() override {
+        w.close();
         setFileDialogFactory(nullptr);
+        EXPECT_EQ(delegate->getNbReference(), 1) << "given back";
         delegate->forget();
     }
 
     /// As the editor does: the selector is forgotten at once.
     bool ask(CNewFileSelector::Style style, const std::string& directory,
              UTF8StringPtr saveName = nullptr) {
-        CNewFileSelector* selector = CNewFileSelector::create(frame, style);
+        CNewFileSelector* selector = CNewFileSelector::create(&w.theFrame(), style);
         selector->setTitle("Load preset");
         selector->setInitialDirectory(directory.c_str());
         selector->setDefaultSaveName(saveName);
@@ -62,144 +45,130 @@ public:
         turn();
         return runs;
     }
-
     void turn() {
-        clock.advance(20);
-        window().turn();
-        clock.advance(20);
-        window().turn();
+        for (int turns = 0; turns < 2; ++turns) {
+            w.clock.advance(20);
+            w.window().turn();
+        }
     }
-    bool isAsking() { return theFrame().getModalView() != nullptr; }
-    void press(VstVirtualKey key) {
-        window().keyDown(key);
-        turn();
+    bool isAsking() { return w.theFrame().getModalView() != nullptr; }
+    void press(std::initializer_list<VstVirtualKey> keys) {
+        for (const VstVirtualKey key : keys) {
+            w.press(key);
+            turn();
+        }
     }
     void click(CPoint where, int32_t buttons = kLButton) {
-        window().mouseDown(where.x, where.y, buttons);
-        window().mouseUp(where.x, where.y);
+        w.click(where.x, where.y, buttons);
         turn();
     }
-    CPoint inDialog(CCoord fromLeft, CCoord fromTop) {
-        return theFrame().getModalView()->getViewSize().getTopLeft() + CPoint(fromLeft, fromTop);
+    CPoint row(int index) {
+        return w.theFrame().getModalView()->getViewSize().getTopLeft() +
+               CPoint(30, 60 + 16 * index);
     }
-    CPoint row(int index) { return inDialog(30, 60 + 16 * index); }
     CPoint acceptButton() {
-        return theFrame().getModalView()->getViewSize().getBottomRight() - CPoint(40, 18);
+        return w.theFrame().getModalView()->getViewSize().getBottomRight() - CPoint(40, 18);
     }
-    CPoint cancelButton() { return acceptButton() - CPoint(72, 0); }
+    std::string path(const std::string& name) const { return folder / name; }
 
+    pedl::test::TemporaryFolder folder;
+    ToolkitWindow w;
     FileDelegate* delegate = new FileDelegate;
 };
 
-TEST(FileList, HasFoldersFirstThenFilesOfTheTypesWithoutHiddenOnes) {
-    const TestFolder folder;
-    const auto names = [&](FileDialogRequest::Kind kind, std::vector<std::string> extensions) {
-        FileDialogRequest request;
-        request.kind = kind;
-        for (const std::string& extension : extensions)
-            request.types.push_back({"", extension});
-        std::string text;
-        for (const FileListEntry& entry : readFileList(request, folder.path()))
-            text += entry.name + (entry.isDirectory ? "/;" : ";");
-        return text;
-    };
+TEST_F(FileSelector, ListsFoldersFirstThenFilesOfTheTypesWithoutHiddenOnes) {
     using Kind = FileDialogRequest::Kind;
     const std::string presets = "bass it's \"new\".ZMT;Lead.zmt;new\nline.zmt;";
-    EXPECT_EQ(names(Kind::OpenFile, {"zmt"}), "sub/;" + presets + "\u00fcber.zmt;");
-    EXPECT_EQ(names(Kind::OpenFile, {"zmt", "txt"}),
-              "sub/;" + presets + "notes.txt;\u00fcber.zmt;");
-    EXPECT_EQ(names(Kind::OpenFile, {}), "sub/;" + presets + "notes.txt;\u00fcber.zmt;");
-    EXPECT_EQ(names(Kind::ChooseDirectory, {}), "sub/;");
-    EXPECT_TRUE(readFileList({}, folder.path("none")).empty());
+    struct Row {
+        Kind kind;
+        Paths extensions;
+        std::string names;
+    };
+    for (const Row& row :
+         {Row{Kind::OpenFile, {"zmt"}, "sub/;" + presets + "\u00fcber.zmt;"},
+          Row{Kind::OpenFile, {"zmt", "txt"}, "sub/;" + presets + "notes.txt;\u00fcber.zmt;"},
+          Row{Kind::OpenFile, {}, "sub/;" + presets + "notes.txt;\u00fcber.zmt;"},
+          Row{Kind::ChooseDirectory, {}, "sub/;"}}) {
+        FileDialogRequest request;
+        request.kind = row.kind;
+        for (const std::string& extension : row.extensions)
+            request.types.push_back({"", extension});
+        std::string names;
+        for (const FileListEntry& entry : readFileList(request, folder.path()))
+            names += entry.name + (entry.isDirectory ? "/;" : ";");
+        EXPECT_EQ(names, row.names);
+    }
+    EXPECT_TRUE(readFileList({}, path("none")).empty());
 }
 
-TEST(FileSelector, OpensAfterTheButtonIsLetGoAndSendsTheChoice) {
-    const TestFolder folder;
-    AskingWindow w;
-    ScriptedControl* button = w.add("load", CRect(10, 10, 20, 20));
-    button->script["down"] = [&] {
-        EXPECT_TRUE(w.ask(CNewFileSelector::kSelectFile, folder.path()));
-        EXPECT_FALSE(w.ask(CNewFileSelector::kSelectFile, folder.path())) << "one at a time";
+TEST_F(FileSelector, OpensAfterTheButtonIsLetGoAndSendsTheChoice) {
+    w.add("load", CRect(10, 10, 20, 20))->script["down"] = [&] {
+        EXPECT_TRUE(ask(CNewFileSelector::kSelectFile, folder.path()));
+        EXPECT_FALSE(ask(CNewFileSelector::kSelectFile, folder.path())) << "one at a time";
     };
-    w.window().mouseDown(15, 15, kLButton);
-    w.turn();
-    EXPECT_FALSE(w.isAsking());
+    w.window().mouseDown(15, 15);
+    turn();
+    EXPECT_FALSE(isAsking());
     w.window().mouseUp(15, 15);
-    w.turn();
-    ASSERT_TRUE(w.isAsking());
-    w.click(w.row(1), kLButton);
-    EXPECT_EQ(w.delegate->ends, 0);
-    w.click(w.row(1), kLButton | kDoubleClick);
-    EXPECT_FALSE(w.isAsking());
-    EXPECT_EQ(w.delegate->paths, Paths{folder.path("bass it's \"new\".ZMT")});
-    EXPECT_EQ(w.delegate->getNbReference(), 1) << "given back";
+    turn();
+    ASSERT_TRUE(isAsking());
+    click(row(1));
+    EXPECT_EQ(delegate->ends, 0);
+    click(row(1), kLButton | kDoubleClick);
+    EXPECT_FALSE(isAsking());
+    EXPECT_EQ(delegate->paths, Paths{path("bass it's \"new\".ZMT")});
     EXPECT_EQ(w.theFrame().getNbViews(), 1) << "nothing is left in the frame";
 }
 
-TEST(FileSelector, IsDrivenByKeys) {
-    const TestFolder folder;
-    AskingWindow w;
-    w.ask(CNewFileSelector::kSelectFile, folder.path());
-    w.press(VKEY_DOWN);
-    w.press(VKEY_RETURN); // into the folder
-    w.press(VKEY_END);
-    w.press(VKEY_RETURN);
-    EXPECT_EQ(w.delegate->paths, Paths{folder.path("sub/pad.zmt")});
-
-    w.ask(CNewFileSelector::kSelectFile, folder.path("sub/deep"));
-    w.press(VKEY_BACK);
-    w.press(VKEY_BACK);
+TEST_F(FileSelector, IsDrivenByKeys) {
+    ask(CNewFileSelector::kSelectFile, folder.path());
+    press({VKEY_DOWN, VKEY_RETURN, VKEY_END, VKEY_RETURN}); // into the folder, its last
+    EXPECT_EQ(delegate->paths, Paths{path("sub/pad.zmt")});
+    ask(CNewFileSelector::kSelectFile, path("sub/deep"));
+    press({VKEY_BACK, VKEY_BACK});
     w.window().typeText("l");
-    w.press(VKEY_RETURN);
-    EXPECT_EQ(w.delegate->paths, Paths{folder.path("Lead.zmt")});
-
-    w.ask(CNewFileSelector::kSelectDirectory, folder.path("sub"));
-    w.press(VKEY_RETURN);
-    EXPECT_EQ(w.delegate->paths, Paths{folder.path("sub")});
+    press({VKEY_RETURN});
+    EXPECT_EQ(delegate->paths, Paths{path("Lead.zmt")});
+    ask(CNewFileSelector::kSelectDirectory, path("sub"));
+    press({VKEY_RETURN});
+    EXPECT_EQ(delegate->paths, Paths{path("sub")});
 }
 
-TEST(FileSelector, EndsWithoutAChoice) {
-    const TestFolder folder;
-    const std::function<void(AskingWindow&)> ways[] = {
-        [](AskingWindow& w) { w.press(VKEY_ESCAPE); },
-        [](AskingWindow& w) { w.click(w.cancelButton()); },
-        [](AskingWindow& w) { w.theFrame().setModalView(nullptr); },
+TEST_F(FileSelector, EndsWithoutAChoice) {
+    const std::function<void()> ways[] = {
+        [&] { press({VKEY_ESCAPE}); },
+        [&] { click(acceptButton() - CPoint(72, 0)); }, // Cancel
+        [&] { w.theFrame().setModalView(nullptr); },
     };
     for (const auto& way : ways) {
-        AskingWindow w;
-        w.ask(CNewFileSelector::kSelectFile, folder.path());
-        way(w);
-        w.turn();
-        EXPECT_EQ(w.delegate->ends, 1);
-        EXPECT_TRUE(w.delegate->paths.empty());
+        ask(CNewFileSelector::kSelectFile, folder.path());
+        way();
+        turn();
+        EXPECT_EQ(std::exchange(delegate->ends, 0), 1);
+        EXPECT_TRUE(delegate->paths.empty());
         EXPECT_EQ(w.theFrame().getNbViews(), 0);
     }
-}
-
-TEST(FileSelector, EndsSilentlyWithTheFrameAndByCancel) {
-    const TestFolder folder;
+    // Nobody is told when the owner ends it, whether it is to be seen yet or not.
     for (const bool isOpen : {false, true}) {
-        AskingWindow w;
         CNewFileSelector* selector = CNewFileSelector::create(&w.theFrame());
-        selector->run(w.delegate);
-        if (isOpen)
-            w.turn();
-        EXPECT_EQ(w.isAsking(), isOpen);
-        EXPECT_FALSE(selector->runModal());
-        selector->cancel();
-        EXPECT_FALSE(w.isAsking());
-        selector->run(w.delegate);
-        if (isOpen)
-            w.turn();
+        for (const bool isLast : {false, true}) {
+            selector->run(delegate);
+            if (isOpen)
+                turn();
+            EXPECT_EQ(isAsking(), isOpen);
+            if (!isLast)
+                selector->cancel();
+        }
         selector->forget();
-        w.close();
-        EXPECT_EQ(w.delegate->ends, 0);
-        EXPECT_EQ(w.delegate->getNbReference(), 1);
+        if (isOpen)
+            w.close();
+        else
+            w.theFrame().removeAll();
     }
+    EXPECT_EQ(delegate->ends, 0);
 }
 
-TEST(FileSelector, SavesUnderATypedNameWithTheExtension) {
-    const TestFolder folder;
+TEST_F(FileSelector, SavesUnderATypedNameWithTheExtension) {
     struct Row {
         const char *typed, *path;
     };
@@ -208,33 +177,32 @@ TEST(FileSelector, SavesUnderATypedNameWithTheExtension) {
                           {"a b.c", "a b.c.zmt"},
                           {"sub/x", "sub/x.zmt"},
                           {"\u00e4", "\u00e4.zmt"}}) {
-        AskingWindow w;
-        w.ask(CNewFileSelector::kSelectSaveFile, folder.path(), "proposed");
+        ask(CNewFileSelector::kSelectSaveFile, folder.path(), "proposed");
         w.window().typeText(row.typed); // the field is open, the proposal selected
-        w.press(VKEY_RETURN);
-        EXPECT_EQ(w.delegate->paths, Paths{folder.path(row.path)});
+        press({VKEY_RETURN});
+        EXPECT_EQ(delegate->paths, Paths{path(row.path)});
     }
-    AskingWindow w;
-    w.ask(CNewFileSelector::kSelectSaveFile, folder.path(), "proposed");
-    w.click(w.acceptButton());
-    EXPECT_EQ(w.delegate->paths, Paths{folder.path("proposed.zmt")});
+    ask(CNewFileSelector::kSelectSaveFile, folder.path(), "proposed");
+    click(acceptButton());
+    EXPECT_EQ(delegate->paths, Paths{path("proposed.zmt")});
 }
 
-TEST(FileSelector, AsksBeforeAFileIsReplaced) {
-    const TestFolder folder;
-    AskingWindow w;
-    w.ask(CNewFileSelector::kSelectSaveFile, folder.path(), "Lead");
-    w.click(w.acceptButton());
-    ASSERT_TRUE(w.isAsking());
-    w.click(w.row(3)); // another name: the agreement is void
-    w.click(w.acceptButton());
-    ASSERT_TRUE(w.isAsking());
-    w.click(w.acceptButton());
-    EXPECT_EQ(w.delegate->paths, Paths{folder.path("new\nline.zmt")});
-
-    w.ask(CNewFileSelector::kSelectSaveFile, folder.path(), "nowhere/x");
-    w.press(VKEY_RETURN);
-    EXPECT_TRUE(w.isAsking()) << "no such folder";
+TEST_F(FileSelector, AsksBeforeAFileIsReplaced) {
+    ask(CNewFileSelector::kSelectSaveFile, folder.path(), "Lead");
+    click(acceptButton());
+    ASSERT_TRUE(isAsking());
+    click(row(3)); // another name: the agreement is void
+    click(row(2));
+    w.window().mouseDown(acceptButton().x, acceptButton().y);
+    w.window().mouseMove(5, 5, kLButton); // let go beside the button
+    w.window().mouseUp(5, 5);
+    click(acceptButton());
+    ASSERT_TRUE(isAsking());
+    click(acceptButton());
+    EXPECT_EQ(delegate->paths, Paths{path("Lead.zmt")});
+    ask(CNewFileSelector::kSelectSaveFile, folder.path(), "nowhere/x");
+    press({VKEY_RETURN});
+    EXPECT_TRUE(isAsking()) << "no such folder";
 }
 
 /// A dialog of the system, as the tests want it.
@@ -258,25 +226,23 @@ struct FakeDialog : public FileDialogBackend {
     std::string way;
 };
 
-TEST(FileSelector, TriesTheDialogsOfTheSystemInTheirOrder) {
-    AskingWindow w;
+TEST_F(FileSelector, TriesTheDialogsOfTheSystemInTheirOrderAndItsListAtLast) {
     setFileDialogFactory([](int32_t index) -> std::unique_ptr<FileDialogBackend> {
         const char* const ways[] = {"refused", "failing", "good"};
-        return index < 3 ? std::make_unique<FakeDialog>(ways[index]) : nullptr;
+        return std::make_unique<FakeDialog>(ways[index]);
     });
-    w.ask(CNewFileSelector::kSelectFile, "/");
-    w.turn();
-    w.turn();
-    EXPECT_EQ(w.delegate->paths, (Paths{"/a b/c", "/d"}));
+    ask(CNewFileSelector::kSelectFile, "/");
+    turn();
+    EXPECT_EQ(delegate->paths, (Paths{"/a b/c", "/d"}));
     EXPECT_EQ(FakeDialog::log().take(),
               "refused starts Load preset, refused gone, failing starts Load preset, failing gone, "
               "good starts Load preset, good gone");
     setFileDialogFactory([](int32_t index) -> std::unique_ptr<FileDialogBackend> {
         return index < 1 ? std::make_unique<FakeDialog>("failing") : nullptr;
     });
-    w.ask(CNewFileSelector::kSelectFile, "/");
-    w.turn();
-    EXPECT_TRUE(w.isAsking()) << "the list in the frame is always there";
+    ask(CNewFileSelector::kSelectFile, "/");
+    turn();
+    EXPECT_TRUE(isAsking());
 }
 
 } // namespace

@@ -5,39 +5,35 @@
 namespace VSTGUI {
 namespace {
 
-TEST(FrameMouse, APressIsFollowedByMovesAndReleaseWhereItWasHandled) {
+class FrameMouse : public testing::Test {
+protected:
+    ToolkitWindow w;
+};
+
+TEST(FramePress, IsFollowedByMovesAndReleaseWhereItWasHandled) {
     struct Row {
-        CMouseEventResult result;
+        CMouseEventResult ofPress, ofMove;
         const char* expected;
     };
-    for (const Row row :
-         {Row{kMouseEventHandled, "a down, a move, a up, b enter"},
-          Row{kMouseDownEventHandledButDontNeedMovedOrUpEvents, "a down, b enter, b move"},
-          Row{kMouseEventNotHandled, "a down, b enter, b move"}}) {
+    for (const Row& row :
+         {Row{kMouseEventHandled, kMouseEventHandled, "a down, a move, a up, b enter"},
+          Row{kMouseDownEventHandledButDontNeedMovedOrUpEvents, kMouseEventHandled,
+              "a down, b enter, b move"},
+          Row{kMouseEventNotHandled, kMouseEventHandled, "a down, b enter, b move"},
+          Row{kMouseEventHandled, kMouseEventNotHandled, "a down, a move, b enter"}}) {
         ToolkitWindow w;
         ScriptedControl* const a = w.add("a", CRect(0, 0, 50, 50));
         w.add("b", CRect(50, 0, 100, 50));
-        a->result = row.result;
+        a->result = row.ofPress;
         w.window().mouseDown(10, 10);
-        a->result = kMouseEventHandled;
+        a->result = row.ofMove;
         w.window().mouseMove(60, 10, kLButton);
         w.window().mouseUp(60, 10);
-        EXPECT_EQ(w.log.take(), row.expected) << "result " << row.result;
+        EXPECT_EQ(w.log.take(), row.expected);
     }
 }
 
-TEST(FrameMouse, ACapturedViewThatDoesNotWantAMoveLosesTheRelease) {
-    ToolkitWindow w;
-    ScriptedControl* const a = w.add("a", CRect(0, 0, 50, 50));
-    w.window().mouseDown(10, 10);
-    a->result = kMouseEventNotHandled;
-    w.window().mouseMove(150, 80, kLButton);
-    w.window().mouseUp(150, 80);
-    EXPECT_EQ(w.log.take(), "a down, a move");
-}
-
-TEST(FrameMouse, PressAndWheelFallThroughTransparentViewsAlone) {
-    ToolkitWindow w;
+TEST_F(FrameMouse, PressAndWheelFallThroughTransparentViewsAlone) {
     LoggingContainer* const box = w.addContainer("box", CRect(0, 0, 50, 50));
     w.add("bottom", CRect(0, 0, 50, 50), box);
     ScriptedControl* const top = w.add("top", CRect(0, 0, 50, 50), box);
@@ -50,27 +46,18 @@ TEST(FrameMouse, PressAndWheelFallThroughTransparentViewsAlone) {
     top->setTransparency(true);
     off->setTransparency(true);
     w.window().mouseDown(10, 10);
+    EXPECT_FALSE(w.window().wheel(10, 10, 1, kLButton)) << "not during a drag";
     w.window().mouseUp(90, 10);
-    EXPECT_TRUE(w.window().wheel(10, 10, -1));
+    EXPECT_TRUE(w.window().wheel(10, 10, 1, 0, kMouseWheelAxisX)) << "which counts the other way";
     EXPECT_EQ(w.log.take(),
               "top down, bottom down, bottom up, off wheel -1, top wheel -1, bottom wheel -1");
     EXPECT_EQ(w.theFrame().getViewAt(CPoint(10, 10), true), off) << "found all the same";
 }
 
-TEST(FrameMouse, TheWheelIsIgnoredDuringADragAndReversesOnItsOtherAxis) {
-    ToolkitWindow w;
-    w.add("a", CRect(0, 0, 50, 50));
-    w.window().wheel(10, 10, 1, 0, kMouseWheelAxisX);
-    w.window().mouseDown(10, 10);
-    EXPECT_FALSE(w.window().wheel(10, 10, 1, kLButton));
-    EXPECT_EQ(w.log.take(), "a wheel -1, a down");
-}
-
-TEST(FrameMouse, ViewsAreEnteredFromTheOutsideAndLeftFromTheInside) {
-    ToolkitWindow w;
+TEST_F(FrameMouse, ViewsAreEnteredFromTheOutsideAndLeftFromTheInside) {
     LoggingContainer* const box = w.addContainer("box", CRect(20, 20, 80, 80));
     ScriptedControl* const in = w.add("in", CRect(0, 0, 10, 10), box);
-    w.add("other", CRect(100, 0, 150, 50));
+    CView* const other = w.add("other", CRect(80, 0, 150, 50));
     in->result = kMouseEventNotHandled;
 
     w.window().mouseMove(25, 26, kLButton | kShift);
@@ -79,8 +66,11 @@ TEST(FrameMouse, ViewsAreEnteredFromTheOutsideAndLeftFromTheInside) {
     EXPECT_EQ(in->lastButtons(), kShift) << "without a press of its own, no buttons";
     w.window().mouseMove(70, 70);
     EXPECT_EQ(w.log.take(), "in exit");
-    w.window().mouseMove(110, 10);
+    w.window().mouseMove(80, 30); // an edge belongs to one view only
     EXPECT_EQ(w.log.take(), "box exit, other enter, other move");
+    EXPECT_EQ(w.theFrame().getViewAt(CPoint(79.5, 19)), nullptr);
+    EXPECT_EQ(w.theFrame().getViewAt(CPoint(80, 19)), other);
+    EXPECT_EQ(w.theFrame().getViewAt(CPoint(150, 19)), nullptr);
     w.window().mouseDown(110, 10);
     w.window().mouseExit(-5, 10, kLButton);
     w.window().mouseMove(-5, 10, kLButton);
@@ -90,43 +80,14 @@ TEST(FrameMouse, ViewsAreEnteredFromTheOutsideAndLeftFromTheInside) {
     w.window().mouseMove(110, 10);
     w.window().mouseExit(-5, 10);
     EXPECT_EQ(w.log.take(), "other enter, other move, other exit");
-}
-
-TEST(FrameMouse, AModifierClickAsksTheListenerBeforeTheControl) {
-    ToolkitWindow w;
-    w.add("a", CRect(0, 0, 50, 50));
-    w.window().mouseDown(10, 10, kLButton | kAlt);
-    w.window().mouseDown(10, 10, kRButton);
-    EXPECT_EQ(w.log.take(), "modifier click, modifier click, a down");
-}
-
-TEST(FrameMouse, AnEdgeBelongsToOneViewOnly) {
-    ToolkitWindow w;
-    CView* const a = w.add("a", CRect(0, 0, 50, 50));
-    CView* const b = w.add("b", CRect(50, 0, 100, 50));
-    EXPECT_EQ(w.theFrame().getViewAt(CPoint(49.5, 0)), a);
-    EXPECT_EQ(w.theFrame().getViewAt(CPoint(50, 0)), b);
-    EXPECT_EQ(w.theFrame().getViewAt(CPoint(60, 50)), nullptr);
+    w.window().mouseDown(110, 10, kLButton | kAlt);
+    w.window().mouseDown(110, 10, kRButton);
+    EXPECT_EQ(w.log.take(), "modifier click, modifier click, other down") << "the listener first";
 }
 
 // Membership changes while an event is delivered
 
-TEST(FrameMembership, AViewThatLeavesInItsOwnPressIsNotCaptured) {
-    for (const bool forget : {true, false}) {
-        ToolkitWindow w;
-        ScriptedControl* const a = w.add("a", CRect(0, 0, 50, 50));
-        a->script["down"] = [&] { w.theFrame().removeView(a, forget); };
-        w.window().mouseDown(10, 10);
-        w.window().mouseMove(12, 10, kLButton);
-        w.window().mouseUp(12, 10);
-        EXPECT_EQ(w.log.take(), forget ? "a down, a gone" : "a down");
-        if (!forget)
-            a->forget();
-    }
-}
-
-TEST(FrameMembership, AViewTakenAwayInItsDragGetsOneRelease) {
-    ToolkitWindow w;
+TEST_F(FrameMouse, AViewTakenAwayInItsDragGetsOneReleaseAndNoneInItsPress) {
     LoggingContainer* const box = w.addContainer("box", CRect(20, 20, 80, 80));
     ScriptedControl* const a = w.add("a", CRect(0, 0, 50, 50), box);
     w.window().mouseDown(30, 30);
@@ -137,8 +98,11 @@ TEST(FrameMembership, AViewTakenAwayInItsDragGetsOneRelease) {
     EXPECT_EQ(a->lastWhere, CPoint(70, 11));
     EXPECT_EQ(a->lastButtons(), kShift);
     w.window().mouseUp(90, 31);
-    EXPECT_EQ(w.log.take(), "");
-    box->forget();
+    EXPECT_TRUE(w.theFrame().addView(box));
+    EXPECT_FALSE(w.theFrame().addView(box));
+    a->script["down"] = [&] { box->removeView(a); };
+    w.click(30, 30);
+    EXPECT_EQ(w.log.take(), "a down, a gone, box enter");
 }
 
 /// Run under the address sanitizer this is about memory; here it is about getting to the end.
@@ -173,47 +137,35 @@ TEST(FrameMembership, AnyCallbackMayChangeTheTree) {
             if (std::string(event) == "value")
                 w.onValue = act;
             a->script[event] = act;
-            const auto whileOpen = [&](const std::function<void(OffscreenFrame&)>& step) {
+            using Window = OffscreenFrame;
+            for (void (*step)(Window&) : {
+                     +[](Window& window) { window.mouseMove(10, 10); },
+                     +[](Window& window) { window.mouseDown(10, 10); },
+                     +[](Window& window) { window.mouseMove(20, 10, kLButton); },
+                     +[](Window& window) { window.mouseUp(20, 10); },
+                     +[](Window& window) { window.wheel(20, 10, 1); },
+                     +[](Window& window) { window.keyDown(VKEY_UP); },
+                     +[](Window& window) { window.mouseDown(60, 10); },
+                     +[](Window& window) { window.mouseUp(60, 10); },
+                     +[](Window& window) { window.mouseMove(150, 80); },
+                     +[](Window& window) { window.turn(); },
+                 })
                 if (w.isOpen())
                     step(w.window());
-            };
-            whileOpen([](auto& window) { window.mouseMove(10, 10); });
-            whileOpen([](auto& window) { window.mouseDown(10, 10); });
-            whileOpen([](auto& window) { window.mouseMove(20, 10, kLButton); });
-            whileOpen([](auto& window) { window.mouseUp(20, 10); });
-            whileOpen([](auto& window) { window.wheel(20, 10, 1); });
-            whileOpen([](auto& window) { window.keyDown(VKEY_UP); });
-            whileOpen([](auto& window) { window.mouseDown(60, 10); });
-            whileOpen([](auto& window) { window.mouseUp(60, 10); });
-            whileOpen([](auto& window) { window.mouseMove(150, 80); });
-            whileOpen([](auto& window) { window.turn(); });
-            if (w.isOpen())
-                if (CView* const modal = w.theFrame().getModalView()) {
-                    w.theFrame().setModalView(nullptr);
-                    modal->forget();
-                }
+            CView* const modal = w.isOpen() ? w.theFrame().getModalView() : nullptr;
+            if (modal) {
+                w.theFrame().setModalView(nullptr);
+                modal->forget();
+            }
         }
     }
 }
 
-TEST(FrameMembership, TheTreeTakesOverTheCreatorsReferenceAndAddsItsOwn) {
-    ToolkitWindow w;
-    ScriptedControl* const a = w.add("a", CRect(0, 0, 50, 50));
-    EXPECT_EQ(a->getNbReference(), 2);
-    EXPECT_FALSE(w.theFrame().addView(a));
-    w.theFrame().removeView(a, false);
-    EXPECT_EQ(a->getNbReference(), 1);
-    EXPECT_FALSE(a->isAttached());
-    EXPECT_TRUE(w.theFrame().addView(a));
-    w.close();
-    EXPECT_EQ(w.log.take(), "a gone");
-}
-
-TEST(FrameMembership, AContainersCopyHasCopiesOfTheChildren) {
-    auto* const box = new CViewContainer(CRect(0, 0, 10, 10));
+TEST_F(FrameMouse, AContainersCopyHasCopiesOfTheChildren) {
+    CViewContainer* const box = w.addContainer("box", CRect(0, 0, 10, 10));
     box->addView(new CView(CRect(1, 2, 3, 4)));
-    auto* const copy = static_cast<CViewContainer*>(box->newCopy());
-    box->forget();
+    auto* const copy = new CViewContainer(*box);
+    w.close();
     ASSERT_EQ(copy->getNbViews(), 1);
     EXPECT_EQ(copy->getView(0)->getViewSize(), CRect(1, 2, 3, 4));
     copy->forget();
@@ -221,15 +173,13 @@ TEST(FrameMembership, AContainersCopyHasCopiesOfTheChildren) {
 
 // The modal view
 
-TEST(FrameModal, AModalViewHasTheMouseToItself) {
-    ToolkitWindow w;
+TEST_F(FrameMouse, IsAModalViewsAlone) {
     w.add("a", CRect(0, 0, 50, 50));
     w.window().mouseMove(10, 10);
     auto* const modal = new ScriptedControl("m", CRect(100, 0, 150, 50), w.log);
     ASSERT_TRUE(w.theFrame().setModalView(modal));
     EXPECT_FALSE(w.theFrame().setModalView(modal));
-    w.window().mouseDown(10, 10);
-    w.window().mouseUp(10, 10);
+    w.click(10, 10);
     EXPECT_EQ(w.theFrame().getViewAt(CPoint(10, 10)), nullptr);
     w.window().mouseDown(110, 10);
     w.window().mouseMove(10, 10, kLButton);
@@ -237,29 +187,15 @@ TEST(FrameModal, AModalViewHasTheMouseToItself) {
     EXPECT_EQ(w.log.take(), "a enter, a move, a exit, m down, m move, m up");
     w.theFrame().setModalView(nullptr);
     EXPECT_EQ(modal->getNbReference(), 1) << "its creator's again";
-    modal->forget();
-}
 
-TEST(FrameModal, AModalViewMayCloseItselfInItsPress) {
-    ToolkitWindow w;
-    auto* const modal = new ScriptedControl("m", CRect(0, 0, 50, 50), w.log);
-    modal->script["down"] = [&] {
-        w.theFrame().setModalView(nullptr);
-        modal->forget();
-    };
+    modal->script["down"] = [&] { w.theFrame().setModalView(nullptr); };
     w.theFrame().setModalView(modal);
-    w.window().mouseDown(10, 10);
-    w.window().mouseUp(10, 10);
-    EXPECT_EQ(w.log.take(), "m down, m gone");
-    EXPECT_EQ(w.theFrame().getModalView(), nullptr);
-}
-
-TEST(FrameModal, ClosingTheFrameLeavesAModalViewToItsCreator) {
-    ToolkitWindow w;
-    auto* const modal = new ScriptedControl("m", CRect(0, 0, 50, 50), w.log);
+    w.click(110, 10);
+    EXPECT_EQ(w.log.take(), "m down");
+    EXPECT_EQ(w.theFrame().getModalView(), nullptr) << "closed itself in its press";
     w.theFrame().setModalView(modal);
     w.close();
-    EXPECT_EQ(modal->getNbReference(), 1);
+    EXPECT_EQ(modal->getNbReference(), 1) << "not the frame's when that closes, either";
     modal->forget();
 }
 

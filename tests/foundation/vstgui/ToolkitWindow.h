@@ -11,6 +11,9 @@
 
 namespace VSTGUI {
 
+/// What a listener and the host hear of one complete edit of a control with tag 1.
+constexpr const char* kOneEdit = "begin, host begins 1, value, host ends 1, end";
+
 /// What happened, in order: "knob down, knob up".
 class Log {
 public:
@@ -36,6 +39,7 @@ public:
     int32_t keyResult = -1;
     CPoint lastWhere;
     CButtonState lastButtons;
+    VstKeyCode lastKey{};
 
     void draw(CDrawContext* /*context*/) override {
         happened("draw");
@@ -61,7 +65,8 @@ public:
         mouse("wheel " + std::to_string(static_cast<int>(distance)), where, buttons);
         return result == kMouseEventHandled;
     }
-    int32_t onKeyDown(VstKeyCode& /*keyCode*/) override {
+    int32_t onKeyDown(VstKeyCode& keyCode) override {
+        lastKey = keyCode;
         happened("key");
         return keyResult;
     }
@@ -129,6 +134,12 @@ public:
             closing->close();
     }
 
+    void click(CCoord x, CCoord y, int32_t buttons = kLButton) {
+        window().mouseDown(x, y, buttons);
+        window().mouseUp(x, y);
+    }
+    void press(VstVirtualKey key, int32_t modifiers = 0) { window().keyDown(key, modifiers); }
+
     ScriptedControl* add(const std::string& name, const CRect& r,
                          CViewContainer* parent = nullptr) {
         auto* const control = new ScriptedControl(name, r, log, this);
@@ -143,6 +154,7 @@ public:
 
     void beginEdit(int32_t index) override { log.add("host begins " + std::to_string(index)); }
     void endEdit(int32_t index) override { log.add("host ends " + std::to_string(index)); }
+    int32_t getKnobMode() const override { return knobMode; }
     void valueChanged(CControl* /*control*/) override {
         log.add("value");
         if (onValue)
@@ -158,6 +170,7 @@ public:
     Log log;
     ManualClock clock;
     std::function<void()> onValue;
+    int32_t knobMode = kCircularMode;
 };
 
 } // namespace VSTGUI
