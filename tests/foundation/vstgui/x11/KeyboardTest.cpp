@@ -7,147 +7,118 @@
 namespace VSTGUI {
 namespace {
 
-/// Writes the keys down and uses those that it is told to.
-class KeyView : public CControl {
+/// An editor in whose corner lies a view that wants the keyboard.
+class KeyInHost : public EditorInHost {
 public:
-    KeyView() : CControl(CRect(0, 0, 100, 100)) { setWantsFocus(true); }
-    void draw(CDrawContext* /*context*/) override {}
-    CMouseEventResult onMouseDown(CPoint& /*where*/, const CButtonState& /*buttons*/) override {
-        return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
-    }
-    int32_t onKeyDown(VstKeyCode& key) override {
-        last = key;
-        return uses ? 1 : -1;
-    }
-    bool uses = false;
-    VstKeyCode last{};
-    CLASS_METHODS_NOCOPY(KeyView, CControl)
+    KeyInHost() : view(editor.add("pad", CRect(0, 0, 100, 100))) { view->setWantsFocus(true); }
 
-protected:
-    ~KeyView() override = default;
+    void click() {
+        host.click(10, 10);
+        settle();
+    }
+    /// The code of the key that arrives in the editor.
+    VstKeyCode codeAfter(const std::function<void()>& action) {
+        view->lastKey = {};
+        action();
+        settle();
+        return view->lastKey;
+    }
+    int virtOf(xcb_keysym_t symbol) {
+        return codeAfter([&] { host.type(symbol); }).virt;
+    }
+    xcb_window_t window() {
+        return static_cast<xcb_window_t>(
+            reinterpret_cast<uintptr_t>(editor.window().getPlatformRepresentation()));
+    }
+    xcb_window_t focus() const {
+        return owned(
+                   xcb_get_input_focus_reply(host.xcb(), xcb_get_input_focus(host.xcb()), nullptr))
+            ->focus;
+    }
+
+    ScriptedControl* view;
 };
 
 TEST(X11Keyboard, KeysThatNobodyUsesGoToTheHostPressAndRelease) {
     PEDL_NEEDS_DISPLAY();
-    EditorInHost w;
-    auto* const view = new KeyView;
-    w.editor.theFrame().addView(view);
-    w.settle();
-
+    KeyInHost w;
+    const std::string space = "press space, release space";
     w.host.moveTo(10, 10);
-    w.host.type(XKB_KEY_space);
-    w.settle();
-    EXPECT_EQ(w.host.takeKeys(), "press space, release space") << "the mouse is over the window";
-    EXPECT_EQ(view->last.virt, 0) << "but the focus is the host's";
-
-    w.host.click(10, 10);
-    w.settle();
-    w.host.type(XKB_KEY_space);
-    w.settle();
-    EXPECT_EQ(view->last.virt, VKEY_SPACE) << "offered after a press";
-    EXPECT_EQ(w.host.takeKeys(), "press space, release space");
-
-    view->uses = true;
-    w.host.type(XKB_KEY_Up);
-    w.settle();
+    w.host.click(10, 10, 4);
+    EXPECT_EQ(w.virtOf(XKB_KEY_space), 0) << "the focus is the host's";
+    EXPECT_EQ(w.focus(), w.host.windowId()) << "not taken by opening, hovering, or the wheel";
+    EXPECT_EQ(w.host.takeKeys(), space);
+    w.click();
+    EXPECT_EQ(w.focus(), w.window());
+    EXPECT_EQ(w.virtOf(XKB_KEY_space), VKEY_SPACE) << "offered after a press";
+    EXPECT_EQ(w.host.takeKeys(), space);
+    w.view->keyResult = 1;
+    EXPECT_EQ(w.virtOf(XKB_KEY_space), VKEY_SPACE);
     EXPECT_EQ(w.host.takeKeys(), "") << "neither press nor release of a used key";
+    w.view->keyResult = -1;
+    xcb_key_press_event_t event{};
+    event.response_type = XCB_KEY_PRESS;
+    event.detail = 65; // Space
+    event.event = w.window();
+    EXPECT_EQ(w.codeAfter([&] {
+                   xcb_send_event(w.host.xcb(), 0, w.window(), XCB_EVENT_MASK_KEY_PRESS,
+                                  reinterpret_cast<const char*>(&event));
+               }).virt,
+              VKEY_SPACE);
+    EXPECT_EQ(w.host.takeKeys(), "") << "what the host sent is not sent back";
 
     w.host.takeFocus();
     w.settle();
-    view->last = {};
-    w.host.type(XKB_KEY_Up);
-    w.settle();
-    EXPECT_EQ(view->last.virt, 0);
-    EXPECT_EQ(w.host.takeKeys(), "press Up, release Up");
-}
-
-TEST(X11Keyboard, AWindowThatListensToNoKeysIsPassedOver) {
-    PEDL_NEEDS_DISPLAY();
-    EditorInHost w;
-    xcb_connection_t* const xcb = w.host.xcb();
-    const xcb_window_t socket = xcb_generate_id(xcb);
-    xcb_create_window(xcb, XCB_COPY_FROM_PARENT, socket, w.host.windowId(), 0, 0, 400, 300, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-    xcb_map_window(xcb, socket);
-    const auto editor = reinterpret_cast<uintptr_t>(w.editor.window().getPlatformRepresentation());
-    xcb_reparent_window(xcb, static_cast<xcb_window_t>(editor), socket, 0, 0);
+    EXPECT_EQ(w.virtOf(XKB_KEY_space), 0);
+    EXPECT_EQ(w.host.takeKeys(), space);
+    w.click();
+    // As some hosts do: a window that listens to no keys between theirs and the editor's
+    const xcb_window_t socket = xcb_generate_id(w.host.xcb());
+    xcb_create_window(w.host.xcb(), XCB_COPY_FROM_PARENT, socket, w.host.windowId(), 0, 0, 400, 300,
+                      0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_map_window(w.host.xcb(), socket);
+    xcb_reparent_window(w.host.xcb(), w.window(), socket, 0, 0);
     w.host.sync();
-    w.settle();
-    w.host.click(10, 10);
-    w.settle();
-    w.host.type(XKB_KEY_space);
-    w.settle();
-    EXPECT_EQ(w.host.takeKeys(), "press space, release space");
+    w.click();
+    w.virtOf(XKB_KEY_space);
+    EXPECT_EQ(w.host.takeKeys(), space);
+    w.editor.close();
+    EXPECT_TRUE(w.until([&] { return w.focus() == socket; })) << "the host has it back";
 }
 
 TEST(X11Keyboard, KeysHaveTheirCodes) {
     PEDL_NEEDS_DISPLAY();
-    EditorInHost w;
-    auto* const view = new KeyView;
-    view->uses = true;
-    w.editor.theFrame().addView(view);
-    w.host.click(10, 10);
-    w.settle();
+    KeyInHost w;
+    w.click();
     struct Row {
-        xcb_keysym_t symbol;
-        int virt;
-        char character;
-    };
-    for (const Row& row :
-         {Row{XKB_KEY_a, 0, 'a'}, Row{XKB_KEY_Return, VKEY_RETURN, 0},
-          Row{XKB_KEY_Escape, VKEY_ESCAPE, 0}, Row{XKB_KEY_F1, VKEY_F1, 0},
-          Row{XKB_KEY_F12, VKEY_F12, 0}, Row{XKB_KEY_KP_Enter, VKEY_ENTER, 0},
-          Row{XKB_KEY_KP_Home, VKEY_HOME, 0}, Row{XKB_KEY_KP_Add, VKEY_ADD, 0},
-          Row{XKB_KEY_Page_Up, VKEY_PAGEUP, 0}, Row{XKB_KEY_Delete, VKEY_DELETE, 0},
-          Row{XKB_KEY_BackSpace, VKEY_BACK, 0}, Row{XKB_KEY_slash, 0, '/'}}) {
-        view->last = {};
-        w.host.key(row.symbol, true);
-        w.host.key(row.symbol, false);
-        w.settle();
-        EXPECT_EQ(view->last.virt, row.virt) << row.symbol;
-        EXPECT_EQ(view->last.character, row.character) << row.symbol;
-        EXPECT_EQ(view->last.modifier, 0) << row.symbol;
-    }
-    struct Held {
-        xcb_keysym_t modifier, symbol;
+        xcb_keysym_t held, symbol;
         int bit, virt;
         char character;
     };
-    for (const Held& row : {Held{XKB_KEY_Shift_L, XKB_KEY_a, MODIFIER_SHIFT, 0, 'a'},
-                            Held{XKB_KEY_Control_L, XKB_KEY_c, MODIFIER_CONTROL, 0, 'c'},
-                            Held{XKB_KEY_Alt_L, XKB_KEY_x, MODIFIER_ALTERNATE, 0, 'x'},
-                            Held{XKB_KEY_Shift_L, XKB_KEY_F2, MODIFIER_SHIFT, VKEY_F2, 0}}) {
-        w.host.withHeld(row.modifier, row.symbol);
-        w.settle();
-        EXPECT_EQ(view->last.virt, row.virt) << row.symbol;
-        EXPECT_EQ(view->last.character, row.character) << row.symbol;
-        EXPECT_EQ(view->last.modifier, row.bit) << row.symbol;
+    for (const Row& row : {Row{0, XKB_KEY_a, 0, 0, 'a'},
+                           {0, XKB_KEY_slash, 0, 0, '/'},
+                           {0, XKB_KEY_Escape, 0, VKEY_ESCAPE, 0},
+                           {0, XKB_KEY_F12, 0, VKEY_F12, 0},
+                           {0, XKB_KEY_KP_Enter, 0, VKEY_ENTER, 0},
+                           {0, XKB_KEY_KP_Home, 0, VKEY_HOME, 0},
+                           {0, XKB_KEY_KP_Add, 0, VKEY_ADD, 0},
+                           {0, XKB_KEY_Delete, 0, VKEY_DELETE, 0},
+                           {XKB_KEY_Shift_L, XKB_KEY_a, MODIFIER_SHIFT, 0, 'a'},
+                           {XKB_KEY_Control_L, XKB_KEY_c, MODIFIER_CONTROL, 0, 'c'},
+                           {XKB_KEY_Alt_L, XKB_KEY_x, MODIFIER_ALTERNATE, 0, 'x'},
+                           {XKB_KEY_Shift_L, XKB_KEY_F2, MODIFIER_SHIFT, VKEY_F2, 0},
+                           {XKB_KEY_Num_Lock, XKB_KEY_KP_Home, 0, VKEY_NUMPAD7, 0}}) { // last
+        const VstKeyCode code = w.codeAfter([&] {
+            if (row.held != 0)
+                w.host.withHeld(row.held, row.symbol);
+            else
+                w.host.type(row.symbol);
+        });
+        EXPECT_EQ(code.virt, row.virt) << row.symbol;
+        EXPECT_EQ(code.character, row.character) << row.symbol;
+        EXPECT_EQ(code.modifier, row.bit) << row.symbol;
     }
     w.host.type(XKB_KEY_Num_Lock);
-    w.host.type(XKB_KEY_KP_Home);
-    w.settle();
-    EXPECT_EQ(view->last.virt, VKEY_NUMPAD7);
-    w.host.type(XKB_KEY_Num_Lock);
-}
-
-TEST(X11Keyboard, TheFocusIsTakenByAPressAlone) {
-    PEDL_NEEDS_DISPLAY();
-    EditorInHost w;
-    w.editor.add("pad", CRect(0, 0, 100, 100));
-    const auto focus = [&] {
-        xcb_connection_t* const xcb = w.host.xcb();
-        return owned(xcb_get_input_focus_reply(xcb, xcb_get_input_focus(xcb), nullptr))->focus;
-    };
-    w.host.moveTo(10, 10);
-    w.host.click(10, 10, 4);
-    w.settle();
-    EXPECT_EQ(focus(), w.host.windowId()) << "not by opening, hovering, or the wheel";
-    w.host.click(10, 10);
-    w.settle();
-    EXPECT_EQ(reinterpret_cast<void*>(uintptr_t{focus()}),
-              w.editor.window().getPlatformRepresentation());
-    w.editor.close();
-    EXPECT_TRUE(w.until([&] { return focus() == w.host.windowId(); })) << "the host has it back";
 }
 
 TEST(X11Keyboard, LettersTypedIntoAFieldReachTheFieldAlone) {
@@ -177,49 +148,25 @@ TEST(X11Keyboard, LettersTypedIntoAFieldReachTheFieldAlone) {
     EXPECT_EQ(w.host.takeKeys(), "");
 }
 
-TEST(X11Keyboard, AKeyThatTheHostSentIsNotSentBack) {
-    PEDL_NEEDS_DISPLAY();
-    EditorInHost w;
-    auto* const view = new KeyView;
-    w.editor.theFrame().addView(view);
-    w.editor.theFrame().setFocusView(view);
-    xcb_key_press_event_t event{};
-    event.response_type = XCB_KEY_PRESS;
-    event.detail = 65; // Space
-    const auto window = static_cast<xcb_window_t>(
-        reinterpret_cast<uintptr_t>(w.editor.window().getPlatformRepresentation()));
-    event.event = window;
-    xcb_send_event(w.host.xcb(), 0, window, XCB_EVENT_MASK_KEY_PRESS,
-                   reinterpret_cast<const char*>(&event));
-    w.settle();
-    EXPECT_EQ(view->last.virt, VKEY_SPACE);
-    EXPECT_EQ(w.host.takeKeys(), "");
-}
-
 TEST(X11Keyboard, AHostThatEmbedsIsAskedForTheFocusAndSaysWhoHasIt) {
     PEDL_NEEDS_DISPLAY();
-    EditorInHost w;
-    auto* const view = new KeyView;
-    w.editor.theFrame().addView(view);
-    w.host.click(10, 10);
-    w.settle();
+    KeyInHost w;
+    w.click();
     w.host.takeFocus();
     w.settle();
     EXPECT_EQ(w.host.takeKeys(), "") << "most hosts do not speak the protocol";
     EXPECT_EQ(w.editor.theFrame().getFocusView(), nullptr);
-
     void* const window = w.editor.window().getPlatformRepresentation();
     w.host.sayEmbedding(window, 0, w.host.windowId()); // embedded
     w.settle();
-    w.host.click(10, 10);
-    w.settle();
+    w.click();
     EXPECT_EQ(w.host.takeKeys(), "focus wanted");
     w.host.sayEmbedding(window, 5); // the focus is elsewhere
     w.settle();
     EXPECT_EQ(w.editor.theFrame().getFocusView(), nullptr);
     w.host.sayEmbedding(window, 4);
     w.settle();
-    EXPECT_EQ(w.editor.theFrame().getFocusView(), view);
+    EXPECT_EQ(w.editor.theFrame().getFocusView(), w.view);
 }
 
 } // namespace
