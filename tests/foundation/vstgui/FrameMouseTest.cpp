@@ -161,16 +161,6 @@ TEST(FrameMembership, AnyCallbackMayChangeTheTree) {
     }
 }
 
-TEST_F(FrameMouse, AContainersCopyHasCopiesOfTheChildren) {
-    CViewContainer* const box = w.addContainer("box", CRect(0, 0, 10, 10));
-    box->addView(new CView(CRect(1, 2, 3, 4)));
-    auto* const copy = new CViewContainer(*box);
-    w.close();
-    ASSERT_EQ(copy->getNbViews(), 1);
-    EXPECT_EQ(copy->getView(0)->getViewSize(), CRect(1, 2, 3, 4));
-    copy->forget();
-}
-
 // The modal view
 
 TEST_F(FrameMouse, IsAModalViewsAlone) {

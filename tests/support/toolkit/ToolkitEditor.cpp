@@ -7,9 +7,9 @@
 #include "vstgui/lib/controls/csplashscreen.h"
 #include "vstgui/lib/controls/cswitch.h"
 
-#include <array>
 #include <cstdio>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 namespace pedl::test {
@@ -79,7 +79,6 @@ bool ToolkitEditor::open(void* window) {
     }
     frame->setBackground(bitmap(Picture::Background).get());
     addText(area(kMargin, 6, 300, 26), "Controls of the toolkit")->setFont(kNormalFontVeryBig);
-    addText(area(307, 14, 200), "521 by 544 logical pixels", kRightText);
     addPictures();
     addDisplays();
     addLabels();
@@ -123,16 +122,15 @@ void ToolkitEditor::addRow(const char* name, Picture picture, CCoord left, CCoor
 void ToolkitEditor::addPictures() {
     addText(area(kMargin, 40, 400), "Knobs, switches, buttons and lamps")->setFontColor(kAmber);
     const Bitmap handle = bitmap(Picture::KnobHandle);
-    addRow("CAnimKnob", Picture::KnobStrip, 122, 57, 5, [&](const Spot& s) {
-        return new CAnimKnob(s.place, this, kPlain, s.count, s.height, s.strip);
+    addRow("CAnimKnob", Picture::KnobStrip, 122, 57, 8, [&](const Spot& s) {
+        CControl* const knob = new CAnimKnob(s.place, this, kPlain, s.count, s.height, s.strip);
+        knob->setAlphaValue(s.place.left < 300 ? 1.0F : 0.4F);
+        return knob;
     });
-    addRow("", Picture::KnobStrip, 370, 57, 3, [&](const Spot& s) {
-        CControl* const faint = new CAnimKnob(s.place, this, kPlain, s.count, s.height, s.strip);
-        faint->setAlphaValue(0.4F);
-        return faint;
+    addRow("CKnob", Picture::KnobBody, 122, 100, 5, [&](const Spot& s) {
+        return new CKnob(s.place, this, kPlain, s.strip,
+                         s.place.left < 200 ? nullptr : handle.get());
     });
-    addRow("CKnob", Picture::KnobBody, 122, 100, 5,
-           [&](const Spot& s) { return new CKnob(s.place, this, kPlain, s.strip, handle.get()); });
     addRow("CHorizontalSwitch", Picture::HorizontalSwitch, 122, 147, 3, [&](const Spot& s) {
         return new CHorizontalSwitch(s.place, this, kPlain, s.count, s.height, s.count, s.strip);
     });
@@ -154,18 +152,17 @@ void ToolkitEditor::addPictures() {
 
 void ToolkitEditor::addDisplays() {
     addText(area(kMargin, 226, 400), "CParamDisplay")->setFontColor(kAmber);
+    const Bitmap back = bitmap(Picture::Display);
     CCoord left = kMargin;
-    for (const std::int32_t style : {0, +kNoFrame, +kShadowText, +kNoTextStyle, -1}) {
-        const Bitmap back = bitmap(Picture::Display);
+    for (const std::int32_t style : {0, +kNoFrame, +kShadowText, +kNoTextStyle, +k3DIn}) {
         auto* const display = dressed(new CParamDisplay(placeOf(Picture::Display, left, 242)));
+        display->setStyle(style);
         display->setShadowColor(CColor(150, 70, 0, 255));
-        if (style < 0) {
+        if (style == k3DIn) {
             display->setBackground(back.get());
             display->setValueToStringProc([](float value, char text[256], void*) {
                 return std::snprintf(text, 256, "%.1f kHz", static_cast<double>(value) * 20) > 0;
             });
-        } else {
-            display->setStyle(style);
         }
         addControl(display, 0.32);
         left += 83;
@@ -174,21 +171,17 @@ void ToolkitEditor::addDisplays() {
 
 void ToolkitEditor::addLabels() {
     addText(area(kMargin, 272, 400), "CTextLabel")->setFontColor(kAmber);
-    struct Row {
-        CCoord size;
-        std::int32_t style;
-        const char* text;
-    };
     CCoord top = 288;
-    for (const Row& row :
-         {Row{18, kNormalFace, "Regular Resonance"}, Row{14, kBoldFace, "Bold Resonance"},
-          Row{12, kItalicFace, "Italic Resonance"},
-          Row{11, kBoldFace | kItalicFace, "Bold italic Resonance"},
-          Row{10, kUnderlineFace, "Underlined Größe µ · Ελληνικά"},
-          Row{9, kStrikethroughFace, "Struck through −12 dB ½ …"}}) {
-        const std::unique_ptr<CFontDesc, Forget> font(new CFontDesc("Arial", row.size, row.style));
-        addText(area(kMargin, top, 240, row.size + 4), row.text)->setFont(font.get());
-        top += row.size + 4.5;
+    for (const auto& [size, style, text] :
+         {std::tuple{18, +kNormalFace, "Regular Resonance"},
+          {14, +kBoldFace, "Bold Resonance"},
+          {12, +kItalicFace, "Italic Resonance"},
+          {11, kBoldFace | kItalicFace, "Bold italic"},
+          {10, +kUnderlineFace, "Underlined Größe µ · Ελληνικά"},
+          {9, +kStrikethroughFace, "Struck through −12 dB ½ …"}}) {
+        const std::unique_ptr<CFontDesc, Forget> font(new CFontDesc("Arial", size, style));
+        addText(area(kMargin, top, 240, size + 4), text)->setFont(font.get());
+        top += size + 4.5;
     }
     top = 288;
     for (const CHoriTxtAlign align : {kLeftText, kCenterText, kRightText}) {
@@ -207,28 +200,22 @@ void ToolkitEditor::addFields() {
     name_->setHoriAlign(kLeftText);
     name_->setTextInset(CPoint(5, 0));
     addControl(name_);
-    addControl(dressed(new CTextEdit(area(kMargin, 456, 234, 18), this, kPlain,
-                                     "Slow Sweep, not open for writing")));
     programs_ = dressed(
         new COptionMenu(area(268, 432, 239, 18), this, kPlain, nullptr, nullptr, kCheckStyle));
     programs_->setNbItemsPerColumn(kProgramsPerColumn);
-    constexpr std::array<const char*, 3> kNames{"Slow Sweep", "Glass Bells", "Tape Flutter"};
-    for (int i = 0; i < kNumPrograms; ++i) {
-        const std::string name = kNames[static_cast<std::size_t>(i) % kNames.size()];
-        programs_->addEntry((std::to_string(i + 1) + " " + name).c_str());
-    }
+    for (int i = 0; i < kNumPrograms; ++i)
+        programs_->addEntry(("Program " + std::to_string(i + 1)).c_str());
     programs_->getEntry(1)->setEnabled(false);
     addControl(programs_);
     programs_->setValue(30);
-    addText(area(268, 458, 60), "file …");
-    addControl(new CKickButton(placeOf(Picture::KickButton, 330, 456), this, kChooseFile,
-                               sizeOf(Picture::KickButton).height,
-                               bitmap(Picture::KickButton).get()));
-    const CRect button = area(440, 456, 67, 18);
+    addText(area(kMargin, 458, 60), "file …");
+    const PictureSize kick = sizeOf(Picture::KickButton);
+    addControl(new CKickButton(placeOf(Picture::KickButton, 72, 456), this, kChooseFile,
+                               kick.height, bitmap(Picture::KickButton).get()));
+    const CRect button = area(268, 456, 239, 18);
     dressed(addText(button, "picture", kCenterText))->setTransparency(false);
-    addControl(
-        new CSplashScreen(button, this, kPlain, bitmap(Picture::Splash).get(),
-                          placeOf(Picture::Splash, (kWidth - 240) / 2, (kHeight - 120) / 2)));
+    addControl(new CSplashScreen(button, this, kPlain, bitmap(Picture::Splash).get(),
+                                 placeOf(Picture::Splash, 140, 212)));
 }
 
 CTextLabel* ToolkitEditor::addText(const CRect& place, const char* text, CHoriTxtAlign align) {

@@ -83,11 +83,8 @@ public:
     /// editor's.
     void settle() {
         for (int turn = 0; turn < 4; ++turn) {
-            if (editor.isOpen() && editor.theFrame().getPlatformFrame()) {
-                X11Connection& connection = editor.window().connection();
-                owned(xcb_get_input_focus_reply(connection.xcb(),
-                                                xcb_get_input_focus(connection.xcb()), nullptr));
-            }
+            if (editor.isOpen() && editor.theFrame().getPlatformFrame())
+                roundTrip(editor.window().connection().xcb());
             editor.idle();
             host.serve();
         }

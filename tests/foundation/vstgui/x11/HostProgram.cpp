@@ -63,10 +63,6 @@ void HostProgram::destroyWindow() {
     sync();
 }
 
-void HostProgram::sync() const {
-    owned(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
-}
-
 // Mouse and keyboard
 
 void HostProgram::fake(uint8_t type, uint8_t detail, int x, int y) {

@@ -7,6 +7,11 @@
 
 namespace VSTGUI {
 
+/// Waits until the server has done everything that was asked of it so far.
+inline void roundTrip(xcb_connection_t* xcb) {
+    owned(xcb_get_input_focus_reply(xcb, xcb_get_input_focus(xcb), nullptr));
+}
+
 /// The other side of the server: a host with a window for the editor, another program with a
 /// clipboard, and the hands on mouse and keyboard.
 class HostProgram {
@@ -24,8 +29,7 @@ public:
     xcb_window_t windowId() const { return window_; }
     xcb_connection_t* xcb() const { return connection_; }
     void destroyWindow();
-    /// Waits until the server has done everything so far.
-    void sync() const;
+    void sync() const { roundTrip(connection_); }
 
     // Mouse and keyboard; places are those of the window's own pixels, and may lie outside
     void moveTo(int x, int y);

@@ -94,23 +94,5 @@ TEST(X11Mouse, TheSecondOfTwoQuickPressesIsDoubleAndTheThirdIsNot) {
     }
 }
 
-TEST(MotionMerger, JoinsWhatComesWithinEightMilliseconds) {
-    MotionMerger merger;
-    std::string delivered;
-    const auto deliver = [&](const std::optional<xcb_motion_notify_event_t>& motion) {
-        if (motion)
-            delivered += std::to_string(motion->time) + " ";
-    };
-    xcb_motion_notify_event_t motion{};
-    for (const uint32_t time : {0U, 4U, 7U, 8U, 15U, 40U, 41U}) {
-        motion.time = time;
-        motion.state = time == 41 ? XCB_BUTTON_MASK_1 : 0;
-        deliver(merger.add(motion));
-    }
-    deliver(merger.take());
-    deliver(merger.take());
-    EXPECT_EQ(delivered, "7 15 40 41 ");
-}
-
 } // namespace
 } // namespace VSTGUI
