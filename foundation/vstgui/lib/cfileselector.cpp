@@ -1,12 +1,13 @@
 #include "vstgui/lib/cfileselector.h"
 
 #include <algorithm>
+#include <atomic>
 
 #include "vstgui/lib/cframe.h"
 #include "vstgui/lib/cvstguitimer.h"
 #include "vstgui/lib/platform/common/filedialogbackend.h"
 #include "vstgui/lib/platform/common/framefilelist.h"
-#include "vstgui/lib/platform/linux/filedialogs.h"
+#include "vstgui/lib/platform/systemplatform.h"
 
 namespace VSTGUI {
 
@@ -17,7 +18,7 @@ namespace {
 /// A dialog is looked at no oftener than this; the host's idle sets the pace beyond it.
 constexpr int32_t kPollMs = 10;
 
-FileDialogFactory dialogFactory = createSystemFileDialog;
+constinit std::atomic<FileDialogFactory> dialogFactory{nullptr}; // null for the system's own
 
 std::string smallLetters(std::string text) {
     for (char& c : text)
@@ -32,7 +33,7 @@ bool endsInExtension(const std::string& name, const std::string& extension) {
            smallLetters(name.substr(name.size() - ending.size())) == ending;
 }
 
-/// Invisible child of a frame: it goes when the frame goes.
+/// Invisible child of a frame while a dialog is open in it: it goes when the frame goes.
 class FrameWatch : public CView {
 public:
     explicit FrameWatch(CNewFileSelector& selector) : CView(CRect()), selector_(&selector) {
@@ -53,10 +54,17 @@ private:
     CNewFileSelector* selector_;
 };
 
+bool hasOpenDialog(const CFrame& frame) {
+    for (int32_t i = 0; i < frame.getNbViews(); ++i)
+        if (frame.getView(i)->isTypeOf("FrameWatch"))
+            return true;
+    return false;
+}
+
 } // namespace
 
 void setFileDialogFactory(FileDialogFactory factory) {
-    dialogFactory = factory ? factory : createSystemFileDialog;
+    dialogFactory.store(factory, std::memory_order_relaxed);
 }
 
 bool matchesTypes(const FileDialogRequest& request, const std::string& name) {
@@ -74,9 +82,8 @@ std::string withDefaultExtension(const FileDialogRequest& request, const std::st
 // File types
 
 CFileExtension::CFileExtension(UTF8StringPtr description, UTF8StringPtr extension,
-                               UTF8StringPtr mimeType, int32_t /*macType*/)
-    : description_(description ? description : ""), extension_(extension ? extension : ""),
-      mimeType_(mimeType ? mimeType : "") {}
+                               UTF8StringPtr /*mimeType*/, int32_t /*macType*/)
+    : description_(description ? description : ""), extension_(extension ? extension : "") {}
 
 CFileExtension::CFileExtension(const CFileExtension& ext) = default;
 
@@ -84,13 +91,14 @@ CFileExtension::~CFileExtension() = default;
 
 // The selector
 
-/// What lives from `run` to the end. Polls from the pump.
+/// What lives from `run` to the end.
 struct CNewFileSelector::Dialog : public CBaseObject {
     Dialog(CNewFileSelector& owner, CBaseObject* delegate);
     ~Dialog() override;
     CMessageResult notify(CBaseObject* sender, IdStringPtr message) override;
 
-    static bool isOpenIn(const CFrame* frame);
+    static FileDialogRequest requestOf(const CNewFileSelector& owner);
+    void goWith(CFrame& frame);
     bool startNext();
     void poll();
     void end(std::vector<std::string> paths);
@@ -103,18 +111,21 @@ struct CNewFileSelector::Dialog : public CBaseObject {
     bool hasTriedList = false;
     FrameWatch* watch = nullptr; // remembered
     CVSTGUITimer* timer;
-    Dialog* next; // of those that are open in the process
-
-    static Dialog* first;
 };
 
-CNewFileSelector::Dialog* CNewFileSelector::Dialog::first = nullptr;
-
 CNewFileSelector::Dialog::Dialog(CNewFileSelector& owner, CBaseObject* object)
-    : selector(owner), delegate(object), timer(new CVSTGUITimer(this, kPollMs)), next(first) {
-    first = this;
+    : selector(owner), delegate(object), request(requestOf(owner)),
+      timer(new CVSTGUITimer(this, kPollMs)) {
     selector.remember();
     delegate->remember();
+    if (request.frame)
+        goWith(*request.frame);
+    else
+        timer->start();
+}
+
+FileDialogRequest CNewFileSelector::Dialog::requestOf(const CNewFileSelector& owner) {
+    FileDialogRequest request;
     request.title = owner.title_;
     request.directory = owner.initialDirectory_;
     request.saveName = owner.defaultSaveName_;
@@ -134,21 +145,21 @@ CNewFileSelector::Dialog::Dialog(CNewFileSelector& owner, CBaseObject* object)
         request.kind = FileDialogRequest::Kind::ChooseDirectory;
         break;
     }
-    if (request.frame) {
-        if (const IPlatformFrame* window = request.frame->getPlatformFrame())
-            request.window = reinterpret_cast<uintptr_t>(window->getPlatformRepresentation());
-        watch = new FrameWatch(owner);
-        watch->remember();
-        request.frame->addView(watch);
-    }
+    return request;
+}
+
+/// Polled by the frame's editor, whoever asked for the file, and ended with the frame.
+void CNewFileSelector::Dialog::goWith(CFrame& frame) {
+    const EditorPump::Call call(frame.getPump());
+    if (const IPlatformFrame* window = frame.getPlatformFrame())
+        request.window = reinterpret_cast<uintptr_t>(window->getPlatformRepresentation());
+    watch = new FrameWatch(selector);
+    watch->remember();
+    frame.addView(watch);
     timer->start();
 }
 
 CNewFileSelector::Dialog::~Dialog() {
-    Dialog** link = &first;
-    while (*link != this)
-        link = &(*link)->next;
-    *link = next;
     timer->forget();
     backend.reset();
     if (watch) {
@@ -159,13 +170,6 @@ CNewFileSelector::Dialog::~Dialog() {
     }
     delegate->forget();
     selector.forget();
-}
-
-bool CNewFileSelector::Dialog::isOpenIn(const CFrame* frame) {
-    for (const Dialog* dialog = first; dialog; dialog = dialog->next)
-        if (dialog->request.frame == frame)
-            return true;
-    return false;
 }
 
 CMessageResult CNewFileSelector::Dialog::notify(CBaseObject* sender, IdStringPtr message) {
@@ -203,8 +207,10 @@ void CNewFileSelector::Dialog::poll() {
 
 /// Opens the first of the ways that are left which works here.
 bool CNewFileSelector::Dialog::startNext() {
+    const FileDialogFactory set = dialogFactory.load(std::memory_order_relaxed);
+    const FileDialogFactory createDialog = set ? set : kSystemPlatform.createFileDialog;
     while (!hasTriedList) {
-        backend = dialogFactory(triedSystemDialogs++);
+        backend = createDialog(triedSystemDialogs++);
         if (!backend) {
             hasTriedList = true;
             backend = createFrameFileList();
@@ -237,7 +243,7 @@ CNewFileSelector::CNewFileSelector(CFrame* frame) : frame_(frame) {}
 CNewFileSelector::~CNewFileSelector() = default;
 
 bool CNewFileSelector::run(CBaseObject* delegate) {
-    if (!delegate || dialog_ || Dialog::isOpenIn(frame_))
+    if (!delegate || dialog_ || (frame_ && hasOpenDialog(*frame_)))
         return false;
     selectedFiles_.clear();
     dialog_ = new Dialog(*this, delegate);

@@ -20,11 +20,10 @@ public:
 
     UTF8StringPtr getDescription() const { return description_.c_str(); }
     UTF8StringPtr getExtension() const { return extension_.c_str(); }
-    UTF8StringPtr getMimeType() const { return mimeType_.c_str(); }
     CLASS_METHODS(CFileExtension, CBaseObject)
 
 private:
-    std::string description_, extension_, mimeType_;
+    std::string description_, extension_;
 };
 
 /// Asks the user for files or a folder without blocking the host.

@@ -21,10 +21,21 @@ CMouseEventResult moveIn(CView* view, const CPoint& where, const CButtonState& b
     return view->onMouseMoved(place, buttons);
 }
 
+/// With one more reference.
+EditorPump* pumpFor(const VSTGUIEditorInterface* editor) {
+    EditorPump* const pump = editor ? editor->getPump() : nullptr;
+    if (!pump)
+        return new EditorPump;
+    pump->remember();
+    return pump;
+}
+
 } // namespace
 
 CFrame::CFrame(const CRect& viewSize, void* systemWindow, VSTGUIEditorInterface* editor)
-    : CViewContainer(CRect(CPoint(0, 0), viewSize.getSize())), editor_(editor) {
+    : CViewContainer(CRect(CPoint(0, 0), viewSize.getSize())), editor_(editor),
+      pump_(pumpFor(editor)) {
+    const EditorPump::Call call(*pump_);
     pParentFrame = this;
     attached_ = true;
     if (systemWindow)
@@ -36,12 +47,13 @@ CFrame::~CFrame() {
     forgetHovered();
     CViewContainer::removeAll();
     releasePlatformFrame();
+    pump_->forget();
 }
 
 void CFrame::close() {
     if (closing_)
         return; // asked for by a view that is being taken down
-    const CBaseObjectGuard self(this);
+    const Entered entered(this);
     closing_ = true;
     forgetHovered();
     focusView_ = focusWhenActive_ = nullptr; // no `looseFocus`: an open text is discarded
@@ -63,7 +75,7 @@ void CFrame::releasePlatformFrame() {
 }
 
 void CFrame::idle() {
-    const CBaseObjectGuard self(this);
+    const Entered entered(this);
     invalidateDirtyViews();
 }
 
@@ -424,10 +436,10 @@ bool CFrame::onWheel(const CPoint& where, const CMouseWheelAxis& axis, const flo
     return view && view->onWheel(where, axis, distance, buttons);
 }
 
-// From the platform. Each holds the frame: any of them may close it.
+// From the platform
 
 bool CFrame::platformDrawRect(CDrawContext* context, const CRect& rect) {
-    const CBaseObjectGuard self(this);
+    const Entered entered(this);
     if (!isVisible())
         return false;
     drawRect(context, rect);
@@ -435,43 +447,43 @@ bool CFrame::platformDrawRect(CDrawContext* context, const CRect& rect) {
 }
 
 CMouseEventResult CFrame::platformOnMouseDown(CPoint& where, const CButtonState& buttons) {
-    const CBaseObjectGuard self(this);
+    const Entered entered(this);
     return onMouseDown(where, buttons);
 }
 
 CMouseEventResult CFrame::platformOnMouseMoved(CPoint& where, const CButtonState& buttons) {
-    const CBaseObjectGuard self(this);
+    const Entered entered(this);
     return onMouseMoved(where, buttons);
 }
 
 CMouseEventResult CFrame::platformOnMouseUp(CPoint& where, const CButtonState& buttons) {
-    const CBaseObjectGuard self(this);
+    const Entered entered(this);
     return onMouseUp(where, buttons);
 }
 
 CMouseEventResult CFrame::platformOnMouseExited(CPoint& where, const CButtonState& buttons) {
-    const CBaseObjectGuard self(this);
+    const Entered entered(this);
     return onMouseExited(where, buttons);
 }
 
 bool CFrame::platformOnMouseWheel(const CPoint& where, const CMouseWheelAxis& axis,
                                   const float& distance, const CButtonState& buttons) {
-    const CBaseObjectGuard self(this);
+    const Entered entered(this);
     return onWheel(where, axis, distance, buttons);
 }
 
 bool CFrame::platformOnKeyDown(VstKeyCode& keyCode) {
-    const CBaseObjectGuard self(this);
+    const Entered entered(this);
     return onKeyDown(keyCode) > 0;
 }
 
 bool CFrame::platformOnKeyUp(VstKeyCode& keyCode) {
-    const CBaseObjectGuard self(this);
+    const Entered entered(this);
     return onKeyUp(keyCode) > 0;
 }
 
 void CFrame::platformOnActivate(bool state) {
-    const CBaseObjectGuard self(this);
+    const Entered entered(this);
     onActivate(state);
 }
 

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "vstgui/lib/cviewcontainer.h"
+#include "vstgui/lib/editorpump.h"
 #include "vstgui/lib/platform/iplatformframe.h"
 
 namespace VSTGUI {
@@ -22,6 +23,9 @@ public:
         return true;
     }
     virtual CFrame* getFrame() const { return frame; }
+    /// What serves the editor's timers; with null the frame has one of its own. An addition of this
+    /// layer.
+    virtual EditorPump* getPump() const { return nullptr; }
 
 protected:
     VSTGUIEditorInterface() = default;
@@ -78,6 +82,8 @@ public:
     virtual void onActivate(bool state);
 
     IPlatformFrame* getPlatformFrame() const { return platformFrame_; }
+    /// An addition of this layer.
+    EditorPump& getPump() const { return *pump_; }
     VSTGUIEditorInterface* getEditor() const override;
 
     CView* getViewAt(const CPoint& where, bool deep = false) const override;
@@ -114,6 +120,13 @@ private:
 
     using KeyOperation = int32_t (CView::*)(VstKeyCode&);
 
+    /// Around what comes from outside. Holds the frame: any call may close it.
+    struct Entered {
+        explicit Entered(CFrame* frame) : self(frame), call(frame->getPump()) {}
+        CBaseObjectGuard self;
+        EditorPump::Call call;
+    };
+
     void noteMouse(const CPoint& where, const CButtonState& buttons);
     void updateHover(const CPoint& where, const CButtonState& buttons);
     void leaveHoveredFrom(std::size_t firstIndex, const CPoint& where, const CButtonState& buttons);
@@ -126,6 +139,7 @@ private:
     bool moveFocus(bool reverse);
 
     VSTGUIEditorInterface* editor_;
+    EditorPump* pump_; // remembered
     IPlatformFrame* platformFrame_ = nullptr;
     CView* modalView_ = nullptr;
     CView* focusView_ = nullptr;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <cstring>
 
@@ -18,7 +19,9 @@ enum CMessageResult { kMessageUnknown = 0, kMessageNotified = 1 };
 
 /// Root of everything that is counted.
 ///
-/// A new object has one reference, its creator's. Not thread-safe: user-interface thread only.
+/// A new object has one reference, its creator's. Counting is safe from any thread, since fonts for
+/// instance are shared by editors that their hosts call from different ones; all else is for the
+/// thread that calls the object's editor, unless a class says more.
 class CBaseObject {
 public:
     constexpr CBaseObject() = default;
@@ -29,7 +32,7 @@ public:
     /// Gives one reference back; the last one deletes the object.
     virtual void forget();
     virtual void remember();
-    virtual int32_t getNbReference() const { return nbReference; }
+    virtual int32_t getNbReference() const { return nbReference.load(std::memory_order_relaxed); }
 
     /// A message from `sender`. Messages are compared as pointers, not as text.
     virtual CMessageResult notify(CBaseObject* sender, IdStringPtr message);
@@ -41,7 +44,7 @@ public:
     virtual CBaseObject* newCopy() const { return nullptr; }
 
 private:
-    int32_t nbReference = 1;
+    std::atomic<int32_t> nbReference{1};
 };
 
 /// Holds a reference to an object (or to none) until the end of a scope.

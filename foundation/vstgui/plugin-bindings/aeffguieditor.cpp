@@ -1,14 +1,15 @@
 #include "vstgui/plugin-bindings/aeffguieditor.h"
 
+#include <atomic>
+
 #include "vst24/AudioEffectX.h"
-#include "vstgui/lib/cvstguitimer.h"
 #include "vstgui/lib/platform/iplatformframe.h"
 
 namespace VSTGUI {
 
 namespace {
 
-int32_t sharedKnobMode = kCircularMode; // one choice of the user for all editors
+constinit std::atomic<int32_t> sharedKnobMode{kCircularMode}; // one choice of the user for all
 
 AudioEffectX* extended(AudioEffect* effect) {
     return static_cast<AudioEffectX*>(effect);
@@ -17,12 +18,15 @@ AudioEffectX* extended(AudioEffect* effect) {
 } // namespace
 
 AEffGUIEditor::AEffGUIEditor(void* newEffect)
-    : AEffEditor(static_cast<AudioEffect*>(newEffect)), rect{} {
+    : AEffEditor(static_cast<AudioEffect*>(newEffect)), rect{}, pump_(new EditorPump) {
+    const EditorPump::Call call(*pump_); // what derived classes start from here on is its own
     if (effect)
         effect->setEditor(this);
 }
 
-AEffGUIEditor::~AEffGUIEditor() = default;
+AEffGUIEditor::~AEffGUIEditor() {
+    pump_->forget();
+}
 
 bool AEffGUIEditor::getRect(ERect** outRect) {
     *outRect = &rect;
@@ -30,12 +34,14 @@ bool AEffGUIEditor::getRect(ERect** outRect) {
 }
 
 bool AEffGUIEditor::open(void* window) {
+    const EditorPump::Call call(*pump_);
     return AEffEditor::open(window);
 }
 
 void AEffGUIEditor::idle() {
     if (inIdleStuff_ || inTurn_)
         return;
+    const EditorPump::Call call(*pump_);
     AEffEditor::idle();
     inTurn_ = true;
     turn();
@@ -48,7 +54,9 @@ void AEffGUIEditor::turn() {
         const CBaseObjectGuard held(window);
         window->pumpEvents();
     }
-    CVSTGUITimer::fireDueTimers();
+    pump_->fireDueTimers();
+    if (frame && &frame->getPump() != pump_) // opened in another editor's name
+        frame->getPump().fireDueTimers();
     if (frame)
         frame->idle();
     if (IPlatformFrame* const window = openPlatformFrame()) {
@@ -70,6 +78,7 @@ void AEffGUIEditor::doIdleStuff() {
 }
 
 bool AEffGUIEditor::onKeyDown(VstKeyCode& keyCode) {
+    const EditorPump::Call call(*pump_);
     if (IPlatformFrame* const window = openPlatformFrame()) {
         const CBaseObjectGuard held(window);
         if (window->filterKeyDown(keyCode))
@@ -79,22 +88,24 @@ bool AEffGUIEditor::onKeyDown(VstKeyCode& keyCode) {
 }
 
 bool AEffGUIEditor::onKeyUp(VstKeyCode& keyCode) {
+    const EditorPump::Call call(*pump_);
     return frame && frame->onKeyUp(keyCode) > 0;
 }
 
 bool AEffGUIEditor::onWheel(float distance) {
+    const EditorPump::Call call(*pump_);
     CPoint where;
     return frame && frame->getCurrentMouseLocation(where) &&
            static_cast<CView*>(frame)->onWheel(where, distance, frame->getCurrentMouseButtons());
 }
 
 bool AEffGUIEditor::setKnobMode(int32_t val) {
-    sharedKnobMode = val;
+    sharedKnobMode.store(val, std::memory_order_relaxed);
     return true;
 }
 
 int32_t AEffGUIEditor::getKnobMode() const {
-    return sharedKnobMode;
+    return sharedKnobMode.load(std::memory_order_relaxed);
 }
 
 uint32_t AEffGUIEditor::getTicks() {

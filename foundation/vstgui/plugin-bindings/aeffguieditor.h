@@ -9,6 +9,9 @@ namespace VSTGUI {
 ///
 /// The derived class sets `rect`, makes the frame in `open` and closes it in `close`. Window,
 /// timers and drawing move in `idle` alone.
+///
+/// Thread: a host calls one editor from one thread at a time, and may call two editors from two. A
+/// timer that `open` starts is this editor's.
 class AEffGUIEditor : public AEffEditor, public VSTGUIEditorInterface {
 public:
     /// Registers itself with the effect, an `AudioEffectX` or null.
@@ -40,6 +43,7 @@ public:
     void beginEdit(int32_t index) override;
     void endEdit(int32_t index) override;
     bool beforeSizeChange(const CRect& newSize, const CRect& oldSize) override;
+    EditorPump* getPump() const override { return pump_; }
 
 protected:
     ERect rect;
@@ -48,6 +52,7 @@ private:
     void turn();
     IPlatformFrame* openPlatformFrame() const;
 
+    EditorPump* const pump_; // remembered
     bool inTurn_ = false;
     bool inIdleStuff_ = false;
 };

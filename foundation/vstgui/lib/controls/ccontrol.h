@@ -95,6 +95,7 @@ public:
     /// True also moves the old value away from the value, false makes them equal.
     void setDirty(bool val = true) override;
 
+    // Of the process: set before the first editor opens, or never
     static int32_t kZoomModifier;         // a button bit: moves in small steps
     static int32_t kDefaultValueModifier; // a button bit: a left press goes to the default
     CLASS_METHODS_VIRTUAL(CControl, CView)

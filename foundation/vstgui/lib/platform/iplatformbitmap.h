@@ -8,7 +8,7 @@ namespace VSTGUI {
 
 class PixmanSurface;
 
-/// The images of a bitmap, one a scale factor.
+/// The images of a bitmap, one a scale factor. One editor's; the pixels of a resource are shared.
 class IPlatformBitmap : public CBaseObject {
 public:
     /// From the registered resources; null when there is no such one.
@@ -28,8 +28,9 @@ struct ResourceImage {
     int32_t heightPixels = 0;
 };
 
-/// Finds a picture for an integer scale, 1 or 2. The pixels stay valid as long as the lookup is
-/// registered; one that unpacks keeps what it unpacked.
+/// Finds a picture for an integer scale, 1 or 2. The pixels stay valid and the same as long as the
+/// lookup is registered; one that unpacks keeps what it unpacked. Called from the threads of all
+/// editors, at the same time too.
 /// @return false when there is no such picture at that scale
 using ResourceLookup = bool (*)(const CResourceDescription& resource, int32_t scale,
                                 ResourceImage& image);

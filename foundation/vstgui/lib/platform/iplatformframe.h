@@ -34,7 +34,7 @@ public:
 /// A window of the platform.
 class IPlatformFrame : public CBaseObject {
 public:
-    /// By the registered factory, else an X11 child of the window `parent`. Null when it fails.
+    /// By the registered factory, else a child of the system's window `parent`. Null when it fails.
     static IPlatformFrame* createPlatformFrame(IPlatformFrameCallback* frame, const CRect& size,
                                                void* parent);
     /// Milliseconds since some moment, monotonic; tests set it with `setTickSource`.
@@ -69,12 +69,13 @@ public:
     virtual void frameClosed() {}
 };
 
-/// Makes every frame's window from now on; null stands for X11. For tests and pictures.
+/// Makes every frame's window from now on, in whatever thread; null stands for the system's. For
+/// tests and pictures.
 using PlatformFrameFactory = IPlatformFrame* (*)(IPlatformFrameCallback* frame, const CRect& size,
                                                  void* parent);
 void setPlatformFrameFactory(PlatformFrameFactory factory);
 
-/// Milliseconds that timers and ticks go by; null is the system's monotonic clock.
+/// Milliseconds that timers and ticks of all threads go by; null is the system's monotonic clock.
 using TickSource = uint64_t (*)();
 void setTickSource(TickSource source);
 uint64_t currentTickMs();

@@ -30,7 +30,7 @@ struct FileDialogRequest {
     uintptr_t window = 0;
 };
 
-/// One way to ask. Never waits: it is polled by the user-interface thread.
+/// One way to ask. Never waits: it is polled by its editor's idle.
 class FileDialogBackend {
 public:
     enum class State { Open, Ended, Failed };
@@ -54,7 +54,8 @@ public:
 /// drawn in the frame comes after them.
 using FileDialogFactory = std::unique_ptr<FileDialogBackend> (*)(int32_t index);
 
-/// For tests, and for a host that wants no dialogs of the system; null is the system's own.
+/// For tests, and for a host that wants no dialogs of the system; null is the system's own. Called
+/// from the threads of all editors.
 void setFileDialogFactory(FileDialogFactory factory);
 
 /// `path`, with the default type's extension when it has none of the request's.

@@ -56,14 +56,22 @@ pixman_image_t* imageOf(const FT_Bitmap& bitmap) {
 
 } // namespace
 
+constinit PlainMutex FontEngine::mutex_;
 constinit FontEngine* FontEngine::current_ = nullptr;
 
 FontEngine* FontEngine::acquire() {
+    const PlainLock lock(mutex_);
     if (current_)
         current_->remember();
     else
         current_ = new FontEngine;
     return current_;
+}
+
+/// Nobody may find the engine while it goes.
+void FontEngine::forget() {
+    const PlainLock lock(mutex_);
+    CBaseObject::forget();
 }
 
 FontEngine::~FontEngine() {
@@ -102,6 +110,11 @@ FontEngine::Strike* FontEngine::strikeFor(const CFontDesc& font, double scale) {
 }
 
 CCoord FontEngine::textWidth(const CFontDesc& font, UTF8StringPtr text) {
+    const PlainLock lock(mutex_);
+    return widthOf(font, text);
+}
+
+CCoord FontEngine::widthOf(const CFontDesc& font, UTF8StringPtr text) {
     if (!(font.getSize() > 0))
         return 0;
     FontFace& face = faceFor(font);
@@ -110,6 +123,7 @@ CCoord FontEngine::textWidth(const CFontDesc& font, UTF8StringPtr text) {
 }
 
 CCoord FontEngine::capHeight(const CFontDesc& font, double scale) {
+    const PlainLock lock(mutex_);
     Strike* strike = strikeFor(font, scale);
     if (!strike)
         return 0;
@@ -163,9 +177,10 @@ int32_t FontEngine::walkInQuarters(Strike& strike, const CFontDesc& font, UTF8St
 
 CCoord FontEngine::drawnWidth(const CFontDesc& font, UTF8StringPtr text, double scale,
                               bool antialias) {
+    const PlainLock lock(mutex_);
     Strike* strike = antialias ? nullptr : strikeFor(font, scale);
     if (!strike)
-        return textWidth(font, text);
+        return widthOf(font, text);
     TextPlace place;
     place.scale = scale;
     place.antialias = false;
@@ -185,17 +200,20 @@ FontEngine::TextLine FontEngine::lineAt(const CFontDesc& font, double scale, int
 }
 
 FontEngine::TextLine FontEngine::underline(const CFontDesc& font, double scale) {
+    const PlainLock lock(mutex_);
     TextLine line = lineAt(font, scale, faceFor(font).underlineUnits());
     line.top = std::max(line.top, 1); // clear of the letters
     return line;
 }
 
 FontEngine::TextLine FontEngine::strikethrough(const CFontDesc& font, double scale) {
+    const PlainLock lock(mutex_);
     return lineAt(font, scale, faceFor(font).strikethroughUnits());
 }
 
 void FontEngine::drawText(pixman_image* target, pixman_image* source, const CFontDesc& font,
                           UTF8StringPtr text, const TextPlace& place) {
+    const PlainLock lock(mutex_);
     Strike* strike = strikeFor(font, place.scale);
     dropGlyphsBeyondBudget();
     if (!strike || !glyphs_)

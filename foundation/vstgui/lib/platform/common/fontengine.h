@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "vstgui/lib/cfont.h"
+#include "vstgui/lib/plainmutex.h"
 #include "vstgui/lib/platform/common/fontface.h"
 
 struct pixman_glyph_cache_t;
@@ -22,6 +23,8 @@ namespace VSTGUI {
 /// gives sharper stems but distances that differ by a pixel from letter to letter.)
 ///
 /// One object, which lives as long as somebody holds it; nothing is loaded before the first text.
+///
+/// Thread: any, several at a time. Each operation has the letters to itself while it lasts.
 class FontEngine : public CBaseObject {
 public:
     /// The process's engine, with one more reference.
@@ -58,8 +61,14 @@ public:
     TextLine underline(const CFontDesc& font, double scale);
     TextLine strikethrough(const CFontDesc& font, double scale);
 
-    /// For outlines that are not letters. Null when there is no memory.
-    FT_LibraryRec_* library();
+    /// Lends the library for outlines that are not letters: `draw` has it to itself, and gets null
+    /// when there is no memory.
+    template <typename Draw> void withLibrary(Draw&& draw) {
+        const PlainLock lock(mutex_);
+        draw(library());
+    }
+
+    void forget() override;
     CLASS_METHODS_NOCOPY(FontEngine, CBaseObject)
 
 protected:
@@ -75,6 +84,10 @@ private:
         std::unordered_map<uint32_t, int32_t> monoAdvances; // by glyph, pixels
     };
 
+    // The caller of what follows has the mutex.
+
+    FT_LibraryRec_* library();
+    CCoord widthOf(const CFontDesc& font, UTF8StringPtr text);
     FontFace& faceFor(const CFontDesc& font);
     /// Null when nothing is to be seen at that size.
     Strike* strikeFor(const CFontDesc& font, double scale);
@@ -94,6 +107,9 @@ private:
     pixman_glyph_cache_t* glyphs_ = nullptr;
     std::size_t glyphBytes_ = 0;
 
+    /// Guards the engine, its coming and its going: the library and the glyph cache know nothing of
+    /// threads.
+    static PlainMutex mutex_;
     static FontEngine* current_;
 };
 

@@ -175,7 +175,8 @@ void PixmanPainter::line(const Pen& pen, const CPoint& from, const CPoint& to) {
     if (mask.bounds().isEmpty())
         return;
     if (pen.antialias)
-        mask.addStroke(fonts_.library(), centres, false, 2.0 * halfWidth);
+        fonts_.withLibrary(
+            [&](auto* library) { mask.addStroke(library, centres, false, 2.0 * halfWidth); });
     else
         mask.addPixelLine(pixel(first.x), pixel(first.y), pixel(last.x), pixel(last.y), side);
     paint(pen, mask, pen.frameColor);
@@ -197,7 +198,7 @@ void PixmanPainter::fillInsideFrame(const Pen& pen, std::span<const CPoint> corn
 
 void PixmanPainter::fillShape(const Pen& pen, std::span<const CPoint> corners) {
     CoverageMask mask(boundsOf(corners, 0.0).cutTo(clipTo(pen)));
-    mask.addPolygon(fonts_.library(), corners);
+    fonts_.withLibrary([&](auto* library) { mask.addPolygon(library, corners); });
     if (!pen.antialias)
         mask.harden();
     paint(pen, mask, pen.fillColor);
@@ -216,7 +217,8 @@ void PixmanPainter::framePolygon(const Pen& pen, std::span<const CPoint> corners
     if (mask.bounds().isEmpty())
         return;
     if (pen.antialias) {
-        mask.addStroke(fonts_.library(), centres, true, widthPixels);
+        fonts_.withLibrary(
+            [&](auto* library) { mask.addStroke(library, centres, true, widthPixels); });
     } else {
         CPoint previous = penCorner(pen, corners.back());
         for (const CPoint& point : corners) {

@@ -1,17 +1,19 @@
 #include "vstgui/lib/platform/common/pixmanbitmap.h"
 
+#include <atomic>
 #include <cmath>
 
 namespace VSTGUI {
 
 namespace {
 
-constinit ResourceLookup lookup = nullptr;
+constinit std::atomic<ResourceLookup> lookup{nullptr};
 
 /// A surface on a resource's pixels; null when there is none at that scale.
 std::unique_ptr<PixmanSurface> surfaceOf(const CResourceDescription& resource, int32_t scale) {
     ResourceImage image;
-    if (!lookup(resource, scale, image))
+    const ResourceLookup find = getResourceLookup();
+    if (!find || !find(resource, scale, image))
         return nullptr;
     // Read alone: nothing draws on a resource, although a surface's type would let it.
     auto surface = std::make_unique<PixmanSurface>(
@@ -25,17 +27,17 @@ std::unique_ptr<PixmanSurface> surfaceOf(const CResourceDescription& resource, i
 } // namespace
 
 void setResourceLookup(ResourceLookup newLookup) {
-    lookup = newLookup;
+    lookup.store(newLookup, std::memory_order_release);
 }
 
 ResourceLookup getResourceLookup() {
-    return lookup;
+    return lookup.load(std::memory_order_acquire);
 }
 
 IPlatformBitmap* IPlatformBitmap::create(const CResourceDescription& resource) {
     const bool isNamed = resource.type == CResourceDescription::kIntegerType ||
                          (resource.type == CResourceDescription::kStringType && resource.u.name);
-    if (!lookup || !isNamed)
+    if (!isNamed)
         return nullptr;
     std::unique_ptr<PixmanSurface> single = surfaceOf(resource, 1);
     if (!single)

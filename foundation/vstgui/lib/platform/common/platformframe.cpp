@@ -2,7 +2,9 @@
 
 #include <time.h>
 
-#include "vstgui/lib/platform/linux/x11frame.h"
+#include <atomic>
+
+#include "vstgui/lib/platform/systemplatform.h"
 
 namespace VSTGUI {
 
@@ -14,26 +16,30 @@ uint64_t monotonicMs() {
     return static_cast<uint64_t>(now.tv_sec) * 1000 + static_cast<uint64_t>(now.tv_nsec) / 1000000;
 }
 
-PlatformFrameFactory frameFactory = createX11Frame;
-TickSource tickSource = monotonicMs;
+// Null for the system's own
+constinit std::atomic<PlatformFrameFactory> frameFactory{nullptr};
+constinit std::atomic<TickSource> tickSource{nullptr};
 
 } // namespace
 
 void setPlatformFrameFactory(PlatformFrameFactory factory) {
-    frameFactory = factory ? factory : createX11Frame;
+    frameFactory.store(factory, std::memory_order_relaxed);
 }
 
 void setTickSource(TickSource source) {
-    tickSource = source ? source : monotonicMs;
+    tickSource.store(source, std::memory_order_relaxed);
 }
 
 uint64_t currentTickMs() {
-    return tickSource();
+    const TickSource source = tickSource.load(std::memory_order_relaxed);
+    return source ? source() : monotonicMs();
 }
 
 IPlatformFrame* IPlatformFrame::createPlatformFrame(IPlatformFrameCallback* frame,
                                                     const CRect& size, void* parent) {
-    return frameFactory(frame, size, parent);
+    const PlatformFrameFactory factory = frameFactory.load(std::memory_order_relaxed);
+    return factory ? factory(frame, size, parent)
+                   : kSystemPlatform.createFrame(frame, size, parent);
 }
 
 uint32_t IPlatformFrame::getTicks() {

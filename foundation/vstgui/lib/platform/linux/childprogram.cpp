@@ -14,7 +14,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "vstgui/lib/cvstguitimer.h"
+#include "vstgui/lib/plainmutex.h"
 
 namespace VSTGUI {
 
@@ -31,8 +31,6 @@ constexpr double kAskedMs = 15;
 constexpr double kToldMs = 20;
 /// The same for all that are left when the library goes.
 constexpr double kLibraryEndMs = 50;
-/// How often they are looked at before.
-constexpr int32_t kLeaverMs = 50;
 
 // clang-format off
 /// What a host, or the bundle that it comes in, sets for itself and what breaks a program of the
@@ -143,54 +141,33 @@ Life lifeWithin(pid_t process, double limitMs) {
     return life;
 }
 
-/// A process that did not go in time although it was told to: the system holds it back. Reaped
-/// from the pump, and where no editor is open any more at the library's end.
-class Leaver : public CBaseObject {
-public:
-    explicit Leaver(pid_t process)
-        : process_(process), timer_(new CVSTGUITimer(this, kLeaverMs)), next_(first) {
-        first = this;
-        timer_->start();
-    }
-    ~Leaver() override {
-        Leaver** link = &first;
-        while (*link != this)
-            link = &(*link)->next_;
-        *link = next_;
-        timer_->forget();
-    }
-    CMessageResult notify(CBaseObject* /*timer*/, IdStringPtr /*message*/) override {
-        reapWithin(0);
-        return kMessageNotified;
-    }
-    static void reapAllWithin(double limitMs) {
-        const double end = nowMs() + limitMs;
-        for (Leaver* leaver = first; leaver;) {
-            Leaver* const next = leaver->next_;
-            leaver->reapWithin(end - nowMs());
-            leaver = next;
-        }
-    }
+// Processes that did not go in time although they were told to: the system holds them back. They
+// are reaped when they have gone, whichever editor's they were. Beyond so many at once they are
+// left to the host's end.
 
-private:
-    void reapWithin(double limitMs) {
-        if (lifeWithin(process_, limitMs) == Life::Runs)
-            return;
-        waitpid(process_, nullptr, WNOHANG);
-        forget();
+constinit PlainMutex leaversMutex;
+constinit std::array<pid_t, 16> leavers{}; // 0: a free place
+
+void keepForLater(pid_t process) {
+    const PlainLock lock(leaversMutex);
+    const auto place = std::find(leavers.begin(), leavers.end(), 0);
+    if (place != leavers.end())
+        *place = process;
+}
+
+void reapLeaversWithin(double limitMs) {
+    const PlainLock lock(leaversMutex);
+    const double end = nowMs() + limitMs;
+    for (pid_t& process : leavers) {
+        if (process == 0 || lifeWithin(process, end - nowMs()) == Life::Runs)
+            continue;
+        waitpid(process, nullptr, WNOHANG);
+        process = 0;
     }
-
-    static Leaver* first;
-
-    pid_t process_;
-    CVSTGUITimer* timer_;
-    Leaver* next_;
-};
-
-Leaver* Leaver::first = nullptr;
+}
 
 [[gnu::destructor]] void reapAllAtLibraryEnd() {
-    Leaver::reapAllWithin(kLibraryEndMs);
+    reapLeaversWithin(kLibraryEndMs);
 }
 
 void endGroup(pid_t process) {
@@ -201,7 +178,7 @@ void endGroup(pid_t process) {
         return;
     kill(-process, SIGKILL); // whom it has started too: they may have stayed
     if (lifeWithin(process, kToldMs) == Life::Runs)
-        new Leaver(process); // until it has gone
+        keepForLater(process);
     else
         waitpid(process, nullptr, WNOHANG);
 }
@@ -223,7 +200,12 @@ std::vector<std::string> environmentOfChild() {
     return lines;
 }
 
+void ChildProgram::reapLate() {
+    reapLeaversWithin(0);
+}
+
 std::unique_ptr<ChildProgram> ChildProgram::start(const std::vector<std::string>& arguments) {
+    reapLate();
     std::array<int, 2> ends{};
     if (!openPipe(ends))
         return nullptr;
@@ -240,6 +222,7 @@ ChildProgram::~ChildProgram() {
     close(outputFile_);
     if (process_ != 0)
         endGroup(process_);
+    reapLate();
 }
 
 bool ChildProgram::hasEnded() {

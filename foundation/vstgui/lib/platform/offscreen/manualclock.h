@@ -1,17 +1,19 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 
 #include "vstgui/lib/platform/iplatformframe.h"
 
 namespace VSTGUI {
 
-/// The time of timers and ticks, moved by hand while an object of this class lives. One at a time.
+/// The time of timers and ticks, moved by hand while an object of this class lives. One at a time,
+/// for all threads.
 class ManualClock {
 public:
     ManualClock() {
         nowMs() = 1000;
-        setTickSource([] { return nowMs(); });
+        setTickSource([]() -> uint64_t { return nowMs(); });
     }
     ~ManualClock() { setTickSource(nullptr); }
     ManualClock(const ManualClock&) = delete;
@@ -20,8 +22,8 @@ public:
     void advance(uint64_t ms) { nowMs() += ms; }
 
 private:
-    static uint64_t& nowMs() {
-        static uint64_t now = 0;
+    static std::atomic<uint64_t>& nowMs() {
+        static constinit std::atomic<uint64_t> now{0};
         return now;
     }
 };

@@ -5,7 +5,6 @@
 
 #include "foundation/text/Utf8.h"
 #include "vstgui/lib/cframe.h"
-#include "vstgui/lib/cvstguitimer.h"
 #include "vstgui/lib/platform/offscreen/offscreenmenu.h"
 
 namespace VSTGUI {
@@ -99,7 +98,11 @@ void OffscreenFrame::activate(bool state) {
 
 bool OffscreenFrame::turn() {
     const CBaseObjectGuard self(this);
-    CVSTGUITimer::fireDueTimers();
+    if (frame_ && !isClosed()) {
+        EditorPump& pump = frame_->getPump();
+        const EditorPump::Call call(pump);
+        pump.fireDueTimers();
+    }
     if (frame_ && !isClosed())
         frame_->idle();
     paintInvalid();

@@ -1,0 +1,9 @@
+#include "vstgui/lib/platform/linux/filedialogs.h"
+#include "vstgui/lib/platform/linux/x11frame.h"
+#include "vstgui/lib/platform/systemplatform.h"
+
+namespace VSTGUI {
+
+constinit const SystemPlatform kSystemPlatform{createX11Frame, createSystemFileDialog};
+
+} // namespace VSTGUI
