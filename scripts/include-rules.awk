@@ -15,12 +15,20 @@ function row_of(path,    row, best) {
     return best
 }
 
+# The row around all others that the path begins with.
+function outermost_row_of(path,    row, best) {
+    for (row in allowed)
+        if (index(path, row) == 1 && (!best || length(row) < length(best)))
+            best = row
+    return best
+}
+
 function may_include(row, path,    i, count, list) {
-    if (allowed[row] ~ /(^| )anything/ || index(path, row) == 1 || row_of(path) == row)
+    if (allowed[row] ~ /(^| )anything/ || row_of(path) == row)
         return 1
     count = split(allowed[row], list, "`")
     for (i = 2; i <= count; i += 2) # what stands between back quotes
-        if (index(path, list[i]) == 1)
+        if (row_of(path) == list[i])
             return 1
     return 0
 }
@@ -61,8 +69,8 @@ input == 3 {
     if (file == path)
         complain(place ": includes itself")
     print file, path > (work "/files.edges")
-    if (row_of(file) != row_of(path))
-        print row_of(file), row_of(path) > (work "/folders.edges")
+    if (outermost_row_of(file) != outermost_row_of(path))
+        print outermost_row_of(file), outermost_row_of(path) > (work "/folders.edges")
 }
 
 END {
