@@ -8,6 +8,7 @@
 #include "foundation/platform/NoDiagnostics.h"
 #include "foundation/platform/NoSettings.h"
 #include "foundation/platform/StandingClock.h"
+#include "parameters/ParameterCatalogue.h"
 #include "plugin/ZMTpedlFilterEffect.h"
 #include "tests/reference/EnginePlayer.h"
 #include "tests/reference/PlainPedlFilter.h"
@@ -55,7 +56,7 @@ void lower(double& fastest, double taken) {
 std::vector<reference::ParameterValue> programOf(const Setting& setting) {
     std::vector<reference::ParameterValue> program;
     for (int index = 0; index < kNumParams; ++index)
-        program.push_back({index, reference::kDefaultProgram[static_cast<std::size_t>(index)]});
+        program.push_back({index, kParameterRows[static_cast<std::size_t>(index)].defaultValue});
     program.insert(program.end(), setting.changes.begin(), setting.changes.end());
     return program;
 }
