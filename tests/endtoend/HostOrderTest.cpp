@@ -171,6 +171,7 @@ TEST_F(HostOrder, CallsThatAreUnknownOrWithoutTheirPointerAreRefused) {
 // Some hosts hand buffers of exactly the interface's nominal sizes; one byte more ends in their
 // own memory.
 TEST_F(HostOrder, NothingIsWrittenBeyondTheTightestBuffer) {
+    host.product = "LMMS 1.2"; // the one with nine bytes for a value's text
     const RunningEffect effect(library, 48000.0F, kBlockFrames);
     struct Row {
         VstInt32 opcode;
@@ -198,6 +199,15 @@ TEST_F(HostOrder, NothingIsWrittenBeyondTheTightestBuffer) {
                     << "opcode " << row.opcode << ", index " << wild;
             }
         }
+    std::array<char, 64> text{};
+    const auto thresholdText = [&] {
+        effect->setParameter(effect.get(), 26, 0.0F);
+        dispatch(effect.get(), effGetParamDisplay, 26, 0, text.data());
+        return std::string(text.data());
+    };
+    EXPECT_EQ(thresholdText(), "abovethr");
+    host.product = "Recording host";
+    EXPECT_EQ(thresholdText(), "abovethrs");
 }
 
 TEST_F(HostOrder, OddIndicesAndValuesChangeNothing) {

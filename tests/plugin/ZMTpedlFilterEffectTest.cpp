@@ -241,6 +241,8 @@ TEST_F(Effect, MixKnobRunsBeyondTheEndsAndComesBack) {
     for (int i = 0; i < 4; ++i)
         effect.setParameter(kDryWetMix, 0.375F); // both levels up: 0.75, 1, 1.25, then held
     EXPECT_EQ(effect.getParameter(kDry), 1.0F);
+    EXPECT_EQ(journal.count("automate 47 1"), 3); // a host hears no more than there is
+    EXPECT_EQ(journal.count("automate 50 1"), 3);
     effect.setParameter(kDryWetMix, 0.625F);
     EXPECT_EQ(effect.getParameter(kDry), 1.0F);
     effect.setParameter(kDryWetMix, 0.625F);

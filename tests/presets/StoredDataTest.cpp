@@ -376,6 +376,16 @@ TEST(StoredData, TheSizeOfAnOldChunkDecidesHowManyValuesAProgramHas) {
     }
 }
 
+TEST(StoredData, OfTwoParametersWithOneControllerAnOldChunkLinksTheFirst) {
+    StoredBytes bytes = oldChunkHead(Order::Little, 1, 0).name("Organ");
+    for (int parameter = 0; parameter < kNumParams; ++parameter)
+        bytes.real(parameter == kGain || parameter == kFilterReso ? 0.5F : 1.0F);
+    Instance to;
+    to.load({}, bytes);
+    EXPECT_EQ(to.effect.midiMap().drivenBy(64), kGain);
+    EXPECT_EQ(to.effect.midiMap().controllerOf(kFilterReso), kNone);
+}
+
 // Damage
 
 TEST(StoredData, WhatWasWholeArrivesWhereverTheBytesEnd) {

@@ -44,7 +44,7 @@ VstIntPtr RecordingHost::answer(AEffect* effect, VstInt32 opcode, VstIntPtr valu
         return blockFrames;
     case audioMasterGetVendorString:
     case audioMasterGetProductString:
-        std::strcpy(static_cast<char*>(ptr), "Recording host");
+        std::strcpy(static_cast<char*>(ptr), product);
         return 1;
     case audioMasterCanDo:
         return canDo;

@@ -31,6 +31,7 @@ public:
     VstIntPtr sampleRateHz = 0; ///< 0, as hosts answer while the entry runs
     VstIntPtr blockFrames = 0;
     VstIntPtr canDo = 1;             ///< to every text
+    const char* product = "Recording host";
     VstTimeInfo* time = nullptr;     ///< null: the host knows no time
     bool fillsOnlyAskedTime = false; ///< clears the flags of fields that the mask did not name
     /// Called inside `audioMasterUpdateDisplay` with the instance that sent it.
