@@ -121,10 +121,21 @@ void reportFrames() {
         printCost(setting, costOf(setting, music));
 }
 
+Sound burstThenSilence(std::size_t frames) {
+    constexpr double kBurstSeconds = 0.1;
+    reference::RandomChoice random(1);
+    Sound sound{std::vector<double>(frames), std::vector<double>(frames)};
+    const auto burst = static_cast<std::size_t>(kBurstSeconds * kSampleRateHz);
+    for (std::size_t i = 0; i < std::min(burst, frames); ++i)
+        for (std::vector<double>& channel : sound)
+            channel[i] = random.between(-0.8, 0.8);
+    return sound;
+}
+
 void reportSilence() {
     std::printf("\nten seconds of silence after a burst, share of the time of music (aim 1.05)\n");
     const Sound music = reference::music(kLongFrames, kSampleRateHz, 1);
-    const Sound silence = reference::burstThenSilence(kLongFrames, kSampleRateHz, 1);
+    const Sound silence = burstThenSilence(kLongFrames);
     for (const Setting& setting : benchSettings()) {
         double ofMusic = std::numeric_limits<double>::max(), ofSilence = ofMusic;
         for (int round = 0; round < 3; ++round) {
@@ -205,7 +216,7 @@ int playOnly(const std::string& name, const std::string& sound, double seconds) 
         if (setting.name != name)
             continue;
         const auto frames = static_cast<std::size_t>(seconds * kSampleRateHz);
-        Sound played = sound == "silence" ? reference::burstThenSilence(frames, kSampleRateHz, 1)
+        Sound played = sound == "silence" ? burstThenSilence(frames)
                                           : reference::music(frames, kSampleRateHz, 1);
         StagedPlayer player(kSampleRateHz, programOf(setting));
         playBlocks(player, played);

@@ -56,8 +56,7 @@ public:
 
     void of(const std::function<void()>& first, const std::function<void()>& second) {
         second_ = &second;
-        moment_ =
-            Clock::now() + std::chrono::nanoseconds(600); // the other has seen the call by then
+        moment_ = Clock::now() + std::chrono::nanoseconds(600); // seen by the other until then
         const int round = ++called_;
         awaitMoment();
         first();
@@ -97,20 +96,20 @@ private:
     const OnOneProcessor own_{OnOneProcessor::Which::First}; // last: a new thread inherits it
 };
 
+// clang-format off
+constexpr Setter kHeard[] = {
+    &E::setWetSwitch,           &E::setDrySwitch,      &E::setFilterSaturation,    &E::setResonance,
+    &E::setEnvToLfoRateSwitch,  &E::setEnvToLfoRate,   &E::setEnvToLfoDepthSwitch, &E::setEnvToLfoDepth,
+    &E::setEnvToGainSwitch,     &E::setEnvToGain,      &E::setLfoToCutoffSwitch,   &E::setLfoToCutoff,
+    &E::setLfoRate,             &E::setCutoff,         &E::setLfoRandomAmount,     &E::setEnvAttack,
+    &E::setEnvAttackExtension,  &E::setEnvRelease,     &E::setEnvThreshold,        &E::setEnvRange,
+};
+// clang-format on
+
 /// An engine in which every value is heard.
 struct OpenEngine : ModFilterEngine {
     OpenEngine() : ModFilterEngine(kSeed) {
-        for (const Setter turnOn :
-             {&E::setEnvToLfoRateSwitch, &E::setEnvToLfoDepthSwitch, &E::setLfoToCutoffSwitch,
-              &E::setLfoToGainSwitch, &E::setEnvToCutoffSwitch, &E::setEnvToGainSwitch,
-              &E::setWetSwitch, &E::setDrySwitch})
-            (this->*turnOn)(1.0F);
-        for (const Setter turnUp :
-             {&E::setLfoRate, &E::setLfoRandomAmount, &E::setLfoSpread, &E::setEnvToLfoRate,
-              &E::setEnvToLfoDepth, &E::setLfoToCutoff, &E::setLfoToGain, &E::setEnvToCutoff,
-              &E::setEnvToGain, &E::setFilterSaturation, &E::setResonance, &E::setEnvAttack,
-              &E::setEnvRelease, &E::setEnvAttackExtension, &E::setEnvThreshold, &E::setEnvRange,
-              &E::setCutoff})
+        for (const Setter turnUp : kHeard)
             (this->*turnUp)(0.6F);
         setSampleRate(48000.0);
         reinitialise(kSeed);

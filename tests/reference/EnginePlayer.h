@@ -71,24 +71,6 @@ inline void setParameter(PlainEngine& engine, int index, float normalised) {
     engine.setParameter(index, normalised);
 }
 
-inline void process(ModFilterEngine& engine, double* const* channels, int frames) {
-    engine.processDouble(channels, channels, frames);
-}
-
-inline void process(PlainEngine& engine, double* const* channels, int frames) {
-    engine.process(channels, channels, frames);
-}
-
-inline MeterSnapshot readMeters(ModFilterEngine& engine) {
-    MeterSnapshot snapshot;
-    engine.fillMeterSnapshot(snapshot);
-    return snapshot;
-}
-
-inline MeterSnapshot readMeters(PlainEngine& engine) {
-    return engine.readMeters();
-}
-
 /// The staged engine or the plain one, resumed and ready to play.
 template <typename Engine> class EnginePlayer {
 public:
@@ -105,27 +87,32 @@ public:
     }
 
     void apply(const std::vector<ParameterValue>& values) {
-        for (const auto& [index, normalised] : values) {
+        for (const auto& [index, normalised] : values)
             setParameter(engine_, index, normalised);
-            if (index == kEnvAttack)
-                attack_ = normalised;
-            if (index == kEnvRelease)
-                setParameter(engine_, kEnvAttack, attack_);
-        }
+    }
+
+    /// Plays all of one sound into another.
+    void play(const Sound& from, Sound& to) {
+        const double* const inputs[] = {from[0].data(), from[1].data()};
+        double* const outputs[] = {to[0].data(), to[1].data()};
+        engine_.processDouble(inputs, outputs, static_cast<int>(from[0].size()));
     }
 
     /// Plays the frames from `first` on in place.
     void play(Sound& sound, std::size_t first, int frames) {
         double* const channels[] = {sound[0].data() + first, sound[1].data() + first};
-        process(engine_, channels, frames);
+        engine_.processDouble(channels, channels, frames);
     }
 
-    MeterSnapshot meters() { return readMeters(engine_); }
+    MeterSnapshot meters() {
+        MeterSnapshot snapshot;
+        engine_.fillMeterSnapshot(snapshot);
+        return snapshot;
+    }
     ModulationState modulation() const { return engine_.modulation(); }
 
 private:
     Engine engine_;
-    float attack_ = 0.0F;
 };
 
 using PlainPlayer = EnginePlayer<PlainEngine>;

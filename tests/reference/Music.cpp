@@ -47,14 +47,4 @@ Sound music(std::size_t frames, double sampleRateHz, std::uint32_t seed) {
     return sound;
 }
 
-Sound burstThenSilence(std::size_t frames, double sampleRateHz, std::uint32_t seed) {
-    RandomChoice random(seed);
-    Sound sound{std::vector<double>(frames), std::vector<double>(frames)};
-    const auto burst = static_cast<std::size_t>(0.1 * sampleRateHz);
-    for (std::size_t i = 0; i < std::min(burst, frames); ++i)
-        for (std::vector<double>& channel : sound)
-            channel[i] = random.between(-0.8, 0.8);
-    return sound;
-}
-
 } // namespace pedl::reference

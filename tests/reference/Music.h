@@ -13,7 +13,4 @@ using Sound = std::array<std::vector<double>, 2>;
 /// and soft chords follow each other, so that envelopes have something to follow.
 Sound music(std::size_t frames, double sampleRateHz, std::uint32_t seed);
 
-/// One short burst of noise, then silence.
-Sound burstThenSilence(std::size_t frames, double sampleRateHz, std::uint32_t seed);
-
 } // namespace pedl::reference

@@ -30,7 +30,7 @@ void PlainEngine::setParameter(int index, float normalised) {
         lfo_.updateFilter();
     if (index == kLFOFreq)
         lfo_.updateRandomSmoothing();
-    if (index == kEnvAttack || index == kEnvAttackExtension)
+    if (index == kEnvAttack || index == kEnvAttackExtension || index == kEnvRelease)
         envelope_.updateHoldLength();
 }
 
@@ -78,7 +78,7 @@ void PlainEngine::reinitialise(std::uint32_t seed) {
     tickCounter_ = 0;
 }
 
-void PlainEngine::process(const double* const* inputs, double* const* outputs, int frames) {
+void PlainEngine::processDouble(const double* const* inputs, double* const* outputs, int frames) {
     startBlock();
     for (int i = 0; i < frames; ++i) {
         const Stereo out = processFrame({inputs[0][i], inputs[1][i]});
@@ -235,8 +235,7 @@ void PlainEngine::measureWet(const Stereo& frame) {
     wetPeak_ = std::max(wetPeak_, std::abs(frame[0]) + std::abs(frame[1]));
 }
 
-MeterSnapshot PlainEngine::readMeters() {
-    MeterSnapshot meters;
+void PlainEngine::fillMeterSnapshot(MeterSnapshot& meters) {
     const bool isAround = envelope_.mode() == PlainEnvelope::Around;
     meters.envelopeLevel = isAround ? envelopeMeter_ * 0.5 : envelopeMeter_;
     meters.dryPeak = dryPeak_ * 0.5;
@@ -247,7 +246,6 @@ MeterSnapshot PlainEngine::readMeters() {
     meters.saturationLevel = saturator_.readMeter() * 0.251188643;
     meters.lfoRateHz = 0.01 + 14.99 * set_.of(kLFOFreq);
     envelopeMeter_ = dryPeak_ = wetPeak_ = 0.0;
-    return meters;
 }
 
 ModulationState PlainEngine::modulation() const {

@@ -18,8 +18,7 @@ public:
     PlainEngine(const PlainEngine&) = delete; // its parts read one `set_`
     PlainEngine& operator=(const PlainEngine&) = delete;
 
-    /// The dry and wet levels are those in force, the LFO's rate the one that tempo sync has left,
-    /// and after the release the caller applies the attack again.
+    /// The dry and wet levels are those in force, the LFO's rate the one that tempo sync has left.
     void setParameter(int index, float normalised);
     void setPhaseSync(bool isLocked, double phaseCycles);
 
@@ -27,8 +26,8 @@ public:
     void reset();
     void reinitialise(std::uint32_t seed);
 
-    void process(const double* const* inputs, double* const* outputs, int frames);
-    MeterSnapshot readMeters();
+    void processDouble(const double* const* inputs, double* const* outputs, int frames);
+    void fillMeterSnapshot(MeterSnapshot& meters);
     [[nodiscard]] ModulationState modulation() const;
 
 private:

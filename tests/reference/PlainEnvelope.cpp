@@ -4,34 +4,19 @@ namespace pedl::reference {
 
 namespace {
 
-struct ShapeKnot {
-    double input, first, second;
-};
+/// Of the attack's shape, and what the two smoothers run slower by there.
+constexpr std::array<double, 14> kShape{0.0, 0.1, 0.2, 0.3,  0.4,  0.5,   0.6,
+                                        0.7, 0.8, 0.9, 0.95, 0.99, 0.999, 1.0};
+constexpr std::array<double, 14> kFirst{0.733, 0.737, 0.745, 0.755,  0.767, 0.787, 0.811,
+                                        0.842, 0.897, 0.97,  1.0295, 1.1,   1.145, 1.238};
+constexpr std::array<double, 14> kSecond{10000.0, 50.0, 20.0, 11.0, 7.4,   5.0,  3.7,
+                                         2.9,     2.2,  1.78, 1.58, 1.423, 1.35, 1.238};
 
-constexpr std::array<ShapeKnot, 14> kShape{{{0.0, 0.733, 10000.0},
-                                            {0.1, 0.737, 50.0},
-                                            {0.2, 0.745, 20.0},
-                                            {0.3, 0.755, 11.0},
-                                            {0.4, 0.767, 7.4},
-                                            {0.5, 0.787, 5.0},
-                                            {0.6, 0.811, 3.7},
-                                            {0.7, 0.842, 2.9},
-                                            {0.8, 0.897, 2.2},
-                                            {0.9, 0.97, 1.78},
-                                            {0.95, 1.0295, 1.58},
-                                            {0.99, 1.1, 1.423},
-                                            {0.999, 1.145, 1.35},
-                                            {1.0, 1.238, 1.238}}};
-
-/// What the two smoothers run slower by, by the attack's shape.
-std::array<double, 2> stretches(double shape) {
+double stretch(const std::array<double, 14>& at, double shape) {
     std::size_t i = 0;
-    while (kShape[i + 1].input < shape)
+    while (kShape[i + 1] < shape)
         ++i;
-    const ShapeKnot &low = kShape[i], &high = kShape[i + 1];
-    const double share = (shape - low.input) / (high.input - low.input);
-    return {low.first + (high.first - low.first) * share,
-            low.second + (high.second - low.second) * share};
+    return at[i] + (at[i + 1] - at[i]) * ((shape - kShape[i]) / (kShape[i + 1] - kShape[i]));
 }
 
 } // namespace
@@ -54,9 +39,9 @@ void PlainEnvelope::updateCoefficients() {
     const float a = bentAttack();
     const double attackMs = static_cast<double>(std::pow(2000.0F, a));
     const double releaseMs = 3.0 * std::pow(1000.0, std::pow(set_.of(kEnvRelease), 0.585));
-    const auto shape = stretches(std::min(static_cast<double>(2.0F * a), 1.0));
+    const double shape = std::min(static_cast<double>(2.0F * a), 1.0);
     for (std::size_t j = 0; j < 2; ++j) {
-        const double perMs = -kPi * shape[j] * 1000.0;
+        const double perMs = -kPi * stretch(j == 0 ? kFirst : kSecond, shape) * 1000.0;
         attack_[j] = 1.0 - std::exp(perMs / (attackMs * sampleRateHz_));
         release_[j] = 1.0 - std::exp(perMs / (releaseMs * sampleRateHz_));
     }

@@ -23,8 +23,8 @@ public:
     explicit PlainEnvelope(const Settings& settings) : set_(settings) {}
 
     void setSampleRate(double sampleRateHz) { sampleRateHz_ = sampleRateHz; }
-    /// To be called when the attack or its extension is set: a new sample rate leaves the hold's
-    /// length in frames as it is.
+    /// To be called when the attack, its extension or the release is set: a new sample rate leaves
+    /// the hold's length in frames as it is.
     void updateHoldLength();
 
     /// -1..1; 0 while the switch is off.

@@ -2,16 +2,15 @@
 
 namespace pedl::reference {
 
-namespace {
-
-/// What every new instance plays.
-constexpr std::array<float, kNumParams> kDefaultProgram{
+const std::array<float, kNumParams> kDefaultProgram{
     0.0F,      0.5F,      0.0F, 0.0F, 0.0F, 0.5F, 0.5F, 0.0F,      0.066044F, 0.290323F,
     0.179487F, 0.0F,      0.0F, 0.5F, 0.0F, 0.5F, 0.0F, 0.5F,      0.0F,      1.0F,
     0.300797F, 0.566642F, 0.0F, 1.0F, 0.0F, 0.5F, 0.0F, 0.5F,      0.67191F,  0.5F,
     0.667329F, 0.504156F, 0.0F, 0.0F, 0.0F, 0.5F, 1.0F, 0.849953F, 0.0F,      0.5F,
     0.0F,      0.0F,      1.0F, 0.5F, 1.0F, 0.5F, 0.0F, 0.5F,      0.5F,      1.0F,
     0.5F,      0.5F,      0.0F, 0.0F, 0.0F, 0.0F};
+
+namespace {
 
 /// Whole notes in an LFO cycle.
 struct Division {
@@ -27,10 +26,8 @@ constexpr std::array<Division, 32> kDivisions{
 } // namespace
 
 PlainPedlFilter::PlainPedlFilter(double hostRateHz, std::uint32_t seed) : engine_(seed) {
-    isLoading_ = true;
     for (int index = 0; index < kNumParams; ++index)
         setParameter(index, kDefaultProgram[static_cast<std::size_t>(index)]);
-    isLoading_ = false;
     engine_.reset();
     resume(hostRateHz, seed);
     engine_.reset();
@@ -53,8 +50,6 @@ void PlainPedlFilter::setParameter(int index, float normalised) {
     engine_.setParameter(index, value);
     if (index == kLFOSynchroRate)
         updateTempoSync();
-    if (index == kEnvRelease)
-        engine_.setParameter(kEnvAttack, values_[kEnvAttack]);
     if (index == kDryGlobal || index == kWetGlobal || index == kDryWetGlobal) {
         engine_.setParameter(kDry, values_[isBankWide() ? kDryGlobal : kDry]);
         engine_.setParameter(kWet, values_[isBankWide() ? kWetGlobal : kWet]);
@@ -62,7 +57,7 @@ void PlainPedlFilter::setParameter(int index, float normalised) {
 }
 
 void PlainPedlFilter::setLevel(int index, int bankWideIndex, float normalised) {
-    values_[isBankWide() && !isLoading_ ? bankWideIndex : index] = normalised;
+    values_[isBankWide() ? bankWideIndex : index] = normalised;
     engine_.setParameter(index, normalised);
 }
 
@@ -94,7 +89,7 @@ void PlainPedlFilter::updateTempoSync() {
 
 void PlainPedlFilter::process(const double* const* inputs, double* const* outputs, int frames) {
     updateTempoSync();
-    engine_.process(inputs, outputs, frames);
+    engine_.processDouble(inputs, outputs, frames);
 }
 
 } // namespace pedl::reference

@@ -7,6 +7,9 @@
 
 namespace pedl::reference {
 
+/// What every new instance plays.
+extern const std::array<float, kNumParams> kDefaultProgram;
+
 /// What a host knows of its transport when asked.
 struct HostTime {
     std::optional<double> tempoBpm;
@@ -44,7 +47,6 @@ private:
 
     PlainEngine engine_;
     Settings values_;
-    bool isLoading_ = false;
     std::optional<HostTime> time_;
 };
 
