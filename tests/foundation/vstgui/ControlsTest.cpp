@@ -57,12 +57,15 @@ TEST(Pictures, EachControlRoundsItsOwnWay) {
     StripWindow w(5);
     auto* knob = w.show(new CAnimKnob(kPlace, &w, 1, /*pictures*/ 99, /*height*/ 60, w.strip));
     EXPECT_EQ(knob->getNumSubPixmaps(), 5) << "counted from the strip";
+    auto* const withHandle = new CKnob(kPlace, &w, 1, w.strip, w.strip);
+    w.show(static_cast<CKnob*>(withHandle->newCopy()));
+    withHandle->forget();
     struct Row {
         float value;
         int ofKnob, ofOthers;
     };
     for (CControl* control :
-         {static_cast<CControl*>(static_cast<CAnimKnob*>(knob->newCopy())),
+         {static_cast<CControl*>(knob->newCopy()),
           static_cast<CControl*>(new CMovieBitmap(kPlace, &w, 1, w.strip)),
           static_cast<CControl*>(new CHorizontalSwitch(kPlace, &w, 1, 5, 60, 5, w.strip)),
           static_cast<CControl*>(new CVerticalSwitch(kPlace, &w, 1, 5, 60, 5, w.strip))}) {
