@@ -3,6 +3,7 @@
 #include "foundation/vst24/VstOpcodes.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <cstring>
@@ -67,14 +68,13 @@ double Transport::barStartAt(double quarters) const {
            std::floor((quarters - fromBarQuarters) / quartersPerBar) * quartersPerBar;
 }
 
-VstIntPtr VSTCALLBACK HostServices::callback(AEffect* effect, VstInt32 opcode, VstInt32 index,
-                                             VstIntPtr value, void* ptr, float opt) {
+VstIntPtr VSTCALLBACK HostServices::callback(AEffect* effect, VstInt32 opcode, VstInt32 /*index*/,
+                                             VstIntPtr /*value*/, void* ptr, float /*opt*/) {
     // Inside a call of ours the record is not looked at: in the entry it may not be filled yet.
     HostServices* services = active;
     if (services == nullptr && effect != nullptr)
         services = reinterpret_cast<HostServices*>(effect->resvd1);
-    return services != nullptr ? services->answer(opcode, index, value, ptr, opt)
-                               : answerAnyone(opcode, ptr);
+    return services != nullptr ? services->answer(opcode, ptr) : answerAnyone(opcode, ptr);
 }
 
 HostServices::Active::Active(HostServices& services) : outer_(active) {
@@ -85,12 +85,8 @@ HostServices::Active::~Active() {
     active = outer_;
 }
 
-VstIntPtr HostServices::answer(VstInt32 opcode, VstInt32 index, VstIntPtr /*value*/, void* ptr,
-                               float opt) {
+VstIntPtr HostServices::answer(VstInt32 opcode, void* ptr) {
     switch (opcode) {
-    case audioMasterAutomate:
-        record(index, opt);
-        return 0;
     case audioMasterGetTime:
         return reinterpret_cast<VstIntPtr>(timeInfo());
     case audioMasterProcessEvents:
@@ -104,14 +100,9 @@ VstIntPtr HostServices::answer(VstInt32 opcode, VstInt32 index, VstIntPtr /*valu
     case audioMasterGetCurrentProcessLevel:
         return processLevel;
     case audioMasterUpdateDisplay:
-        ++displayUpdates_;
-        return 1;
     case audioMasterBeginEdit:
-        ++beginEdits_;
-        return 1;
     case audioMasterEndEdit:
-        ++endEdits_;
-        return 1;
+        return 1; // nobody is there to see it
     default:
         return answerAnyone(opcode, ptr);
     }
@@ -125,10 +116,6 @@ void HostServices::advance(VstInt32 frames) {
 void HostServices::jumpTo(std::int64_t frame) {
     positionFrames_ = frame;
     hasJumped_ = true;
-}
-
-std::span<const AutomationRecord> HostServices::records() const {
-    return std::span(records_).first(std::min<std::size_t>(recordsSeen_, kMostRecords));
 }
 
 const VstTimeInfo* HostServices::timeInfo() {
@@ -165,12 +152,6 @@ const VstTimeInfo* HostServices::timeInfo() {
     if (hasJumped_)
         time_.flags |= kVstTransportChanged;
     return &time_;
-}
-
-void HostServices::record(VstInt32 index, float normalised) {
-    const std::size_t slot = recordsSeen_++;
-    if (slot < kMostRecords)
-        records_[slot] = {index, normalised, positionFrames_};
 }
 
 } // namespace pedl

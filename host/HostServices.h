@@ -3,11 +3,7 @@
 #include "foundation/vst24/AEffect.h"
 #include "foundation/vst24/VstStructures.h"
 
-#include <array>
-#include <atomic>
-#include <cstddef>
 #include <cstdint>
-#include <span>
 
 namespace pedl {
 
@@ -29,26 +25,17 @@ struct Transport {
     [[nodiscard]] double barStartAt(double quarters) const;
 };
 
-/// One value that the plug-in reported as moved by its user.
-struct AutomationRecord {
-    VstInt32 index = 0;
-    float normalised = 0.0F;
-    std::int64_t positionFrames = 0; // of the block in which it came
-};
-
 /// The host's side of one plug-in instance: answers every call that the plug-in makes.
 ///
 /// A plug-in may call before its entry has returned, with a null record, from inside any call of
 /// ours and from threads of its own. `callback` finds the services that are meant: those of the
 /// call that is under way in this thread (`Active`), else those noted in the record.
 ///
-/// Thread: set before processing or between blocks by the thread that processes; `answer` any.
-/// Real time: answering neither allocates nor locks.
+/// Thread: set before processing or between blocks by the thread that processes; `answer` any, but
+/// what time it is only one at a time. Real time: answering neither allocates nor locks.
 class HostServices {
 public:
     static constexpr VstInt32 kVstVersion = 2400;
-    /// More records than this are counted, not kept.
-    static constexpr std::size_t kMostRecords = 1024;
 
     double sampleRateHz = 44100.0;
     VstInt32 blockFrames = 512;
@@ -71,33 +58,19 @@ public:
         HostServices* outer_;
     };
 
-    VstIntPtr answer(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
+    VstIntPtr answer(VstInt32 opcode, void* ptr);
 
     /// Moves the song on. A change of place or state is reported to the plug-in for one block.
     void advance(VstInt32 frames);
     void jumpTo(std::int64_t frame);
     [[nodiscard]] std::int64_t positionFrames() const { return positionFrames_; }
 
-    // What the plug-in reported
-    [[nodiscard]] std::span<const AutomationRecord> records() const;
-    [[nodiscard]] std::size_t recordsSeen() const { return recordsSeen_; }
-    [[nodiscard]] std::size_t beginEdits() const { return beginEdits_; }
-    [[nodiscard]] std::size_t endEdits() const { return endEdits_; }
-    [[nodiscard]] std::size_t displayUpdates() const { return displayUpdates_; }
-
 private:
     const VstTimeInfo* timeInfo();
-    void record(VstInt32 index, float normalised);
 
     std::int64_t positionFrames_ = 0;
     bool hasJumped_ = true;
     VstTimeInfo time_{};
-
-    std::array<AutomationRecord, kMostRecords> records_{};
-    std::atomic<std::size_t> recordsSeen_{0}; // written by any thread of the plug-in
-    std::atomic<std::size_t> beginEdits_{0};
-    std::atomic<std::size_t> endEdits_{0};
-    std::atomic<std::size_t> displayUpdates_{0};
 };
 
 } // namespace pedl
