@@ -23,6 +23,7 @@ std::array<char, PATH_MAX> doomedFile{};
 std::atomic<bool> isDoomed{false};
 
 std::array<struct sigaction, kEndSignals.size()> formerEnd;
+struct sigaction formerSizeLimit {};
 
 void removeDoomedFile() {
     if (isDoomed.exchange(false))
@@ -67,12 +68,15 @@ Interrupt::Interrupt() {
         if (held.sa_handler == SIG_DFL)
             sigaction(number, &crashed, nullptr);
     }
-    // A file that hits the process's size limit is an error of the write, not the end.
-    std::signal(SIGXFSZ, SIG_IGN);
+    struct sigaction ignored {};
+    ignored.sa_handler = SIG_IGN;
+    sigemptyset(&ignored.sa_mask);
+    sigaction(SIGXFSZ, &ignored, &formerSizeLimit);
 }
 
 Interrupt::~Interrupt() {
     removeAtEnd({});
+    sigaction(SIGXFSZ, &formerSizeLimit, nullptr);
     for (std::size_t i = 0; i < kEndSignals.size(); ++i)
         sigaction(kEndSignals[i], &formerEnd[i], nullptr);
     for (const int number : kCrashSignals) {

@@ -12,7 +12,10 @@ namespace pedl {
 [[nodiscard]] int messageDescriptor() noexcept;
 
 /// Keeps what a plug-in writes to the process's standard error stream from the user for as long as
-/// it lives: an error of ours is one line, whatever the plug-in has to tell. One at a time.
+/// it lives: an error of ours is one line, whatever the plug-in has to tell.
+///
+/// Thread: made and ended by one, while no other writes; then any may. One at a time: the stream is
+/// the whole process's.
 class PluginSilence {
 public:
     /// @param isVerbose the user wants to read it: nothing is kept away

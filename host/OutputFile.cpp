@@ -1,10 +1,10 @@
 #include "host/OutputFile.h"
 
+#include "foundation/platform/FileReplacement.h"
 #include "host/Interrupt.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -14,11 +14,17 @@ namespace pedl {
 
 namespace {
 
-/// Permissions that a new file gets from the user's mask; asking for the mask means setting it.
-mode_t permissionsOfNewFiles() {
-    const mode_t mask = umask(0);
-    umask(mask);
-    return 0666 & ~mask;
+/// A new file beside the wanted one, its name in `path`. Not mkstemp: for the mode that the user's
+/// mask leaves, the mask would have to be asked, and that is done by setting it for all threads.
+int openTemporary(const std::filesystem::path& folder, mode_t mode, std::filesystem::path& path) {
+    constexpr int kMostTries = 100;
+    const std::string start = ".zmt-pedlfilter." + std::to_string(getpid()) + '.';
+    int descriptor = -1;
+    for (int i = 0; i < kMostTries && descriptor < 0 && (i == 0 || errno == EEXIST); ++i) {
+        path = folder / (start + std::to_string(i));
+        descriptor = ::open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode);
+    }
+    return descriptor;
 }
 
 } // namespace
@@ -51,16 +57,17 @@ Done OutputFile::open() {
 
     const std::filesystem::path folder =
         target_.has_parent_path() ? target_.parent_path() : std::filesystem::path(".");
-    std::string name = (folder / ".zmt-pedlfilter.XXXXXX").string();
-    descriptor_ = mkostemp(name.data(), O_CLOEXEC);
+    std::filesystem::path temporary;
+    descriptor_ = openTemporary(folder, exists ? kForTheOwner : kForEveryone, temporary);
     if (descriptor_ < 0) {
         const int errorNumber = errno;
         return Problem{shown_.string() + ": cannot be written in the folder " + folder.string() +
                        ": " + systemText(errorNumber)};
     }
-    temporary_ = name;
+    temporary_ = temporary;
     Interrupt::removeAtEnd(temporary_);
-    fchmod(descriptor_, exists ? held.st_mode & 07777 : permissionsOfNewFiles());
+    if (exists)
+        fchmod(descriptor_, held.st_mode & 07777);
     return done();
 }
 

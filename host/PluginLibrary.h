@@ -11,6 +11,7 @@ namespace pedl {
 /// A loaded VST 2.4 shared library; unloaded when the object goes.
 ///
 /// Nothing of a library that is refused stays loaded. What its start-up code does is beyond us.
+/// Thread: one at a time; threads of the library's own must have ended before it goes.
 class PluginLibrary {
 public:
     /// @param path  a file; relative paths start at the working directory, no search path is used

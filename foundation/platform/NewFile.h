@@ -16,7 +16,7 @@ namespace pedl {
 /// end of scope, unless it was put in place.
 ///
 /// Its lock tells others that somebody is at work on it. Operations that can fail return what went
-/// wrong, or nothing.
+/// wrong, or nothing. Thread: one at a time; other processes may be at work on the same file.
 class NewFile {
 public:
     /// @param folder  open, and outlives this

@@ -99,8 +99,10 @@ TEST_F(Render, TheEndingNamesTheFormatWhatWasCutIsCountedAndTheBytesAreTheSameAg
         EXPECT_DOUBLE_EQ(report.peak, 1.5);
     }
     const std::string first = readText(request.out);
+    std::filesystem::permissions(request.out, std::filesystem::perms(0640));
     rendered();
     EXPECT_EQ(readText(request.out), first);
+    EXPECT_EQ(std::filesystem::status(request.out).permissions(), std::filesystem::perms(0640));
     rendered({"5=1"}); // the stub's left side is then NaN
     EXPECT_EQ(report.samplesNotFinite, 500);
 }
