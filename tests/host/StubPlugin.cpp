@@ -10,11 +10,11 @@
 
 namespace {
 
-enum Parameter : VstInt32 { kGain, kMode, kSignal, kCutoff, kSaturation, kOutput, kNumParameters };
+enum Parameter : VstInt32 { kGain, kMode, kSignal, kCutoff, kOutput, kNumParameters };
 
-// The long names are cut to 8 characters, as many plug-ins do it: two of them become alike.
-constexpr const char* kNames[]{"Gain", "Mode", "Signal", "FltrCut", "FltrSat", "FltrSlp"};
-constexpr const char* kLongNames[]{"Gain", "Mode", "Signal", "Filter C", "Filter S", "Filter S"};
+// The long names are cut to 8 characters, as many plug-ins do it.
+constexpr const char* kNames[]{"Gain", "Mode", "Signal", "FltrCut", "Output"};
+constexpr const char* kLongNames[]{"Gain", "Mode", "Signal", "Filter C", "Output"};
 
 class StubEffect : public AudioEffectX {
 public:
@@ -66,7 +66,6 @@ public:
     void processDoubleReplacing(double** in, double** out, VstInt32 frames) override {
         run(in, out, frames);
     }
-    void suspend() override { blocks_ = 0; }
 
 private:
     float& at(VstInt32 index) { return values_[index]; }

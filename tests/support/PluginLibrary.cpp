@@ -18,12 +18,9 @@ PluginLibrary::~PluginLibrary() {
         dlclose(handle_);
 }
 
-void* PluginLibrary::symbol(const char* name) const {
-    return handle_ ? dlsym(handle_, name) : nullptr;
-}
-
 AEffect* PluginLibrary::create() const {
-    const auto entry = reinterpret_cast<VstEntryProc>(symbol("VSTPluginMain"));
+    const auto entry =
+        reinterpret_cast<VstEntryProc>(handle_ ? dlsym(handle_, "VSTPluginMain") : nullptr);
     return entry ? entry(&RecordingHost::callback) : nullptr;
 }
 

@@ -18,7 +18,6 @@ public:
     PluginLibrary& operator=(const PluginLibrary&) = delete;
 
     [[nodiscard]] bool isOpen() const { return handle_ != nullptr; }
-    [[nodiscard]] void* symbol(const char* name) const;
 
     /// A new instance, neither opened nor resumed; null where the entry refuses or is missing.
     [[nodiscard]] AEffect* create() const;

@@ -40,14 +40,12 @@ VstIntPtr RecordingHost::answer(AEffect* effect, VstInt32 opcode, VstIntPtr valu
         return reinterpret_cast<VstIntPtr>(timeFor(value));
     case audioMasterGetSampleRate:
         return sampleRateHz;
-    case audioMasterGetBlockSize:
-        return blockFrames;
     case audioMasterGetVendorString:
     case audioMasterGetProductString:
         std::strcpy(static_cast<char*>(ptr), product);
         return 1;
     case audioMasterCanDo:
-        return canDo;
+        return 1;
     case audioMasterUpdateDisplay:
         if (onUpdateDisplay && effect)
             onUpdateDisplay(effect);

@@ -29,8 +29,6 @@ public:
 
     VstIntPtr version = 2400;
     VstIntPtr sampleRateHz = 0; ///< 0, as hosts answer while the entry runs
-    VstIntPtr blockFrames = 0;
-    VstIntPtr canDo = 1;             ///< to every text
     const char* product = "Recording host";
     VstTimeInfo* time = nullptr;     ///< null: the host knows no time
     bool fillsOnlyAskedTime = false; ///< clears the flags of fields that the mask did not name

@@ -70,10 +70,6 @@ public:
     StoredBytes& link(std::uint32_t parameter, float value, float channel) {
         return word(2).word(20).word(0).word(parameter).zeros(8).real(value).real(channel);
     }
-    StoredBytes& append(const StoredBytes& other) {
-        bytes_.insert(bytes_.end(), other.bytes_.begin(), other.bytes_.end());
-        return *this;
-    }
 
     [[nodiscard]] std::size_t size() const { return bytes_.size(); }
     [[nodiscard]] std::span<const std::byte> view() const { return bytes_; }
