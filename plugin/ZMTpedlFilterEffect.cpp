@@ -64,11 +64,19 @@ void ZMTpedlFilterEffect::suspend() {
     tellSuspended();
 }
 
+/// Tables of a rate that is new to the process ask for memory; where there is none, the old rate
+/// stays.
 void ZMTpedlFilterEffect::resume() {
-    const double rateHz = updateSampleRate();
+    const float rateBeforeHz = sampleRate;
+    engine_.setSampleRate(updateSampleRate());
+    try {
+        engine_.reinitialise(clock().calendarSeconds());
+    } catch (...) {
+        sampleRate = rateBeforeHz;
+        engine_.setSampleRate(static_cast<double>(rateBeforeHz));
+        throw;
+    }
     CPresetSystemEffect::resume();
-    engine_.setSampleRate(rateHz);
-    engine_.reinitialise(clock().calendarSeconds());
     tempoSync_.reset();
 }
 
