@@ -56,19 +56,6 @@ constexpr std::array<ShapeKnot, 14> kShapeKnots{{
     return 1.0 - std::exp(-std::numbers::pi * stretch * kMsASecond / (timeMs * sampleRateHz));
 }
 
-/// Time for which a peak is held, by the attack: fitted so that a rise is never cut short. In
-/// single precision, as the attack is.
-[[nodiscard]] float holdMs(float attackMs) noexcept {
-    constexpr float kCubic = 7.279e-8F;
-    constexpr float kSquare = 0.0002075F;
-    constexpr float kLinear = 0.2643F;
-    constexpr float kConstant = 0.3773F;
-    constexpr float kOffset = 0.64139F; // the shortest attacks hold nothing
-    const float ms = kCubic * attackMs * attackMs * attackMs - kSquare * attackMs * attackMs +
-                     kLinear * attackMs + kConstant - kOffset;
-    return std::max(0.0F, ms);
-}
-
 /// Level to which the smoothers are emptied: the threshold, silence, or half way.
 [[nodiscard]] double restPower(EnvelopeFollower::ThresholdMode mode) noexcept {
     switch (mode) {
@@ -88,19 +75,29 @@ EnvelopeFollower::EnvelopeFollower(InstructionSet instructions) : stages_(stages
     deriveTimes();
 }
 
-void EnvelopeFollower::setAttack(float normalised) noexcept {
-    attack_.set(normalised);
-    changes_.mark(Group::Times, Group::Hold);
+void EnvelopeFollower::setAttackTime(double attackMs) noexcept {
+    attackMs_.set(attackMs);
+    changes_.mark(Group::Times);
+}
+
+void EnvelopeFollower::setReleaseTime(double releaseMs) noexcept {
+    releaseMs_.set(releaseMs);
+    changes_.mark(Group::Times);
+}
+
+void EnvelopeFollower::setAttackShape(double shape) noexcept {
+    shape_.set(std::min(shape, 1.0));
+    changes_.mark(Group::Times);
+}
+
+void EnvelopeFollower::setHoldTime(double holdMs) noexcept {
+    holdMs_.set(holdMs);
+    changes_.mark(Group::Hold);
 }
 
 void EnvelopeFollower::setExtension(double normalised) noexcept {
     extension_.set(laws::holdExtension(normalised));
     changes_.mark(Group::Hold);
-}
-
-void EnvelopeFollower::setRelease(double normalised) noexcept {
-    releaseMs_.set(laws::releaseMs(normalised));
-    changes_.mark(Group::Times, Group::Hold);
 }
 
 void EnvelopeFollower::setRange(double normalised) noexcept {
@@ -170,10 +167,9 @@ void EnvelopeFollower::deriveChanged() noexcept {
 }
 
 void EnvelopeFollower::deriveTimes() noexcept {
-    const float bent = laws::attackBend(attack_.get());
-    const double attackMs = laws::attackMs(bent);
+    const double attackMs = attackMs_.get();
     const double releaseMs = releaseMs_.get();
-    const ShapeKnot at = stretchesAt(std::min<double>(2.0F * bent, 1.0));
+    const ShapeKnot at = stretchesAt(shape_.get());
     attack1_ = timeCoefficient(at.stretch1, attackMs, sampleRateHz_);
     attack2_ = timeCoefficient(at.stretch2, attackMs, sampleRateHz_);
     release1_ = timeCoefficient(at.stretch1, releaseMs, sampleRateHz_);
@@ -182,8 +178,7 @@ void EnvelopeFollower::deriveTimes() noexcept {
 
 void EnvelopeFollower::deriveHold() noexcept {
     constexpr double kSecondsAMs = 0.001;
-    const double ms = holdMs(laws::attackMs(laws::attackBend(attack_.get())));
-    const double frames = ms * extension_.get() * kSecondsAMs * sampleRateHz_;
+    const double frames = holdMs_.get() * extension_.get() * kSecondsAMs * sampleRateHz_;
     holdFrames_ = static_cast<std::int32_t>(frames);
 }
 

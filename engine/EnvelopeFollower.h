@@ -36,12 +36,17 @@ public:
 
     explicit EnvelopeFollower(InstructionSet instructions = widestInstructionSet());
 
-    // Normalised values, 0..1.
-    /// Short attacks rise by one pole, long ones by two, and hold a peak the longer.
-    void setAttack(float normalised) noexcept;
+    /// @param attackMs 1..2000; the level takes about this long to rise
+    void setAttackTime(double attackMs) noexcept;
+    /// @param releaseMs 3..3000
+    void setReleaseTime(double releaseMs) noexcept;
+    /// @param shape 0 one pole .. 1 two equal poles; above 1 counts as 1
+    void setAttackShape(double shape) noexcept;
+    /// @param holdMs time for which a peak is held, times the extension; 0 or above
+    void setHoldTime(double holdMs) noexcept;
+
+    // The values below are normalised, 0..1.
     void setExtension(double normalised) noexcept;
-    /// Applies the attack again, hold included: both share the attack's shape.
-    void setRelease(double normalised) noexcept;
     void setRange(double normalised) noexcept;
     void setThreshold(double normalised) noexcept;
     void setMode(double normalised) noexcept;
@@ -55,8 +60,7 @@ public:
     void setCutoffSwitch(double normalised) noexcept;
 
     /// Frames per second. The four coefficients follow at once; the hold keeps its length in frames
-    /// until the attack, its extension or the release is set again, and songs have been mixed with
-    /// that.
+    /// until its time or extension is set again, and songs have been mixed with that.
     void setSampleRate(double sampleRateHz) noexcept;
 
     /// Ends all ramps and empties the smoothers to the rest of the present mode.
@@ -122,8 +126,8 @@ private:
     double sampleRateHz_ = kStartRateHz;
 
     // Written by any thread, read by audio.
-    Relaxed<float> attack_{0.0F};
-    Relaxed<double> releaseMs_{3.0}, extension_{1.0};
+    Relaxed<double> attackMs_{1.0}, releaseMs_{3.0}, shape_{0.0};
+    Relaxed<double> holdMs_{0.0}, extension_{1.0};
     Relaxed<double> threshold_{1.0}, rangeNormalised_{0.0};
     Relaxed<int> mode_{0};
     Relaxed<double> depthAmount_{0.5}, depthSwitch_{0.0};

@@ -11,8 +11,6 @@ struct MeterSnapshot {
     double lfoRight = -1.0;       ///< the same, right
     double limiterGain = 1.0;     ///< the limiter's gain factor; 1 while its switch is off
     double saturationLevel = 0.0; ///< the saturator's peak in meter units; 0 while it is off
-    double reservedValue = 0.0;   ///< always 0
-    bool reservedFlag = false;    ///< always false
     double lfoRateHz = 0.0;       ///< base LFO rate without envelope modulation
 };
 

@@ -35,6 +35,19 @@ void fill(StereoStretch& stretch, const double (&value)[2], int frames) noexcept
     }
 }
 
+/// Time for which a peak is held, by the attack: fitted so that a rise is never cut short. In
+/// single precision, as the attack is.
+[[nodiscard]] float holdMs(float attackMs) noexcept {
+    constexpr float kCubic = 7.279e-8F;
+    constexpr float kSquare = 0.0002075F;
+    constexpr float kLinear = 0.2643F;
+    constexpr float kConstant = 0.3773F;
+    constexpr float kOffset = 0.64139F; // the shortest attacks hold nothing
+    const float ms = kCubic * attackMs * attackMs * attackMs - kSquare * attackMs * attackMs +
+                     kLinear * attackMs + kConstant - kOffset;
+    return std::max(0.0F, ms);
+}
+
 } // namespace
 
 ModFilterEngine::ModFilterEngine(std::uint32_t seed, InstructionSet instructions)
@@ -84,10 +97,36 @@ void ModFilterEngine::process(const Sample* const* inputs, Sample* const* output
 void ModFilterEngine::updateTargets() noexcept {
     wet_.target.set(wetSwitch_.get() * wetLevel_.get());
     dry_.target.set(drySwitch_.get() * dryLevel_.get());
-    filterSwitch_.target.set(filter_.slope() == FilterSlope::Off ? 0.0 : 1.0);
+}
+
+void ModFilterEngine::deriveChanged() noexcept {
+    const auto changed = changes_.take();
+    if (changed.has(Group::Attack))
+        deriveAttack();
+    if (changed.has(Group::Slope))
+        deriveSlope();
+}
+
+/// In single precision throughout: the attack of saved songs was computed so.
+void ModFilterEngine::deriveAttack() noexcept {
+    const float bent = laws::attackBend(envAttack_.get());
+    const float attackMs = laws::attackMs(bent);
+    envelope_.setAttackTime(attackMs);
+    envelope_.setAttackShape(2.0F * bent); // long attacks rise by two poles
+    envelope_.setHoldTime(holdMs(attackMs));
+}
+
+/// Off, the filter runs on at 12 dB an octave and is not heard.
+void ModFilterEngine::deriveSlope() noexcept {
+    constexpr int kOff = 0;
+    constexpr int kDb24 = 2;
+    const int slope = filterSlope_.get();
+    filterSwitch_.target.set(slope == kOff ? 0.0 : 1.0);
+    filter_.setSlope(slope == kDb24);
 }
 
 ModFilterEngine::Block ModFilterEngine::startBlock() noexcept {
+    deriveChanged();
     const double lockedPhase = lockedPhase_.get();
     if (!std::isnan(lockedPhase))
         lfo_.lockPhase(lockedPhase);
@@ -220,18 +259,15 @@ void ModFilterEngine::limitAndSaturate(StereoStretch& signal, int frames) noexce
 void ModFilterEngine::fillMeterSnapshot(MeterSnapshot& snapshot) noexcept {
     const bool isAround = envelope_.mode() == EnvelopeFollower::ThresholdMode::Around;
     const bool isLimiterOn = limiterSwitch_.target.get() != 0.0;
-    const bool isSaturatorOn = saturatorSwitch_.target.get() != 0.0;
-    const double saturatorPeak = saturator_.readMeter(); // cleared whether it is shown or not
-    constexpr double kSaturationScale = 0.251188643;     // -12 dB
+    constexpr double kSaturationScale = 0.251188643; // -12 dB
+    saturator_.setOff(saturatorSwitch_.target.get() == 0.0);
     snapshot.envelopeLevel = envelopeMeter_.exchange(0.0) * (isAround ? 0.5 : 1.0);
     snapshot.dryPeak = dryPeak_.exchange(0.0) * 0.5;
     snapshot.wetPeak = wetPeak_.exchange(0.0) * 0.5;
     snapshot.lfoLeft = lfoMeterLeft_.get();
     snapshot.lfoRight = lfoMeterRight_.get();
     snapshot.limiterGain = isLimiterOn ? limiterMeter_.get() : 1.0;
-    snapshot.saturationLevel = isSaturatorOn ? saturatorPeak * kSaturationScale : 0.0;
-    snapshot.reservedValue = 0.0;
-    snapshot.reservedFlag = false;
+    snapshot.saturationLevel = saturator_.readMeter() * kSaturationScale;
     snapshot.lfoRateHz = laws::lfoRateHz(lfo_.normalisedRate());
 }
 
@@ -252,6 +288,7 @@ void ModFilterEngine::setSampleRate(double sampleRateHz) noexcept {
     // they were that fast.
     constexpr double kLowestRateHz = 44100.0;
     constexpr double kHighestRateHz = 384000.0;
+    deriveChanged(); // the hold has its length at the old rate
     sampleRateHz_ =
         sampleRateHz >= kLowestRateHz ? std::min(sampleRateHz, kHighestRateHz) : kLowestRateHz;
     lfo_.setSampleRate(sampleRateHz_);
@@ -259,13 +296,15 @@ void ModFilterEngine::setSampleRate(double sampleRateHz) noexcept {
 }
 
 void ModFilterEngine::reset() noexcept {
+    deriveChanged();
     filter_.reset();
     limiter_.reset();
     saturator_.reset();
 }
 
 void ModFilterEngine::reinitialise(std::uint32_t seed) {
-    filter_.setSampleRate(sampleRateHz_); // first: where memory is short, it throws
+    deriveChanged();
+    filter_.setSampleRate(sampleRateHz_); // before all else: where memory is short, it throws
     updateTargets();
     for (Ticked* value :
          {&power_, &dry_, &wet_, &filterSwitch_, &limiterSwitch_, &saturatorSwitch_})
@@ -278,6 +317,7 @@ void ModFilterEngine::reinitialise(std::uint32_t seed) {
 
     updateCoefficients();
     lfo_.reinitialise(seed);
+    limiter_.setDefaults();
     limiter_.setSampleRate(sampleRateHz_);
     saturator_.setSampleRate(sampleRateHz_);
 
@@ -322,13 +362,24 @@ void ModFilterEngine::setFilterType(float normalised) noexcept {
 }
 
 void ModFilterEngine::setFilterSlope(float normalised) noexcept {
-    filter_.setSlope(static_cast<FilterSlope>(laws::threeWayState(normalised)));
+    filterSlope_.set(laws::threeWayState(normalised));
+    changes_.mark(Group::Slope);
 }
 
 void ModFilterEngine::setFilterSaturation(float normalised) noexcept {
     constexpr double kSpan = 3.999;
     constexpr double kLowest = 0.001; // as good as none
     filter_.setSaturation(static_cast<double>(normalised) * kSpan * 0.5 + kLowest);
+}
+
+void ModFilterEngine::setEnvAttack(float normalised) noexcept {
+    envAttack_.set(normalised);
+    changes_.mark(Group::Attack);
+}
+
+void ModFilterEngine::setEnvRelease(float normalised) noexcept {
+    envelope_.setReleaseTime(laws::releaseMs(normalised));
+    changes_.mark(Group::Attack); // applied again: a hold then has its length at the present rate
 }
 
 void ModFilterEngine::setLfoToCutoffSwitch(float normalised) noexcept {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/ChangeMarks.h"
 #include "engine/CutoffPath.h"
 #include "engine/EnvelopeFollower.h"
 #include "engine/InstructionSet.h"
@@ -102,9 +103,9 @@ public:
 
     void setEnvThresholdMode(float normalised) noexcept { envelope_.setMode(normalised); }
     void setEnvThreshold(float normalised) noexcept { envelope_.setThreshold(normalised); }
-    void setEnvAttack(float normalised) noexcept { envelope_.setAttack(normalised); }
+    void setEnvAttack(float normalised) noexcept;
     void setEnvAttackExtension(float normalised) noexcept { envelope_.setExtension(normalised); }
-    void setEnvRelease(float normalised) noexcept { envelope_.setRelease(normalised); }
+    void setEnvRelease(float normalised) noexcept;
     void setEnvRange(float normalised) noexcept { envelope_.setRange(normalised); }
 
     void setLfoToCutoffSwitch(float normalised) noexcept;
@@ -158,7 +159,12 @@ private:
 
     template <typename Sample>
     void process(const Sample* const* inputs, Sample* const* outputs, std::int32_t frames) noexcept;
+    enum class Group { Attack, Slope };
+
     void updateTargets() noexcept;
+    void deriveChanged() noexcept;
+    void deriveAttack() noexcept;
+    void deriveSlope() noexcept;
     [[nodiscard]] Block startBlock() noexcept;
     void controlTick(const Block& block) noexcept;
     void processStretch(const Block& block, int frames) noexcept;
@@ -189,7 +195,9 @@ private:
     Relaxed<double> lfoToCutoff_{0.0}, lfoToCutoffSwitch_{0.0};
     Relaxed<double> lfoToGain_{0.0}, lfoToGainSwitch_{0.0};
     Relaxed<double> modulation_{1.0};
-    Relaxed<int> routing_{0};
+    Relaxed<int> routing_{0}, filterSlope_{1};
+    Relaxed<float> envAttack_{0.0F};
+    ChangeMarks<Group> changes_;
     Relaxed<bool> isFrozen_{false};
     Relaxed<double> lockedPhase_{kNotLocked};
 

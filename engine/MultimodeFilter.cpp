@@ -40,8 +40,8 @@ void MultimodeFilter::setResonance(double resonance) noexcept {
     changes_.mark(Group::Resonance);
 }
 
-void MultimodeFilter::setSlope(FilterSlope slope) noexcept {
-    slope_.set(slope);
+void MultimodeFilter::setSlope(bool is24Db) noexcept {
+    is24Db_.set(is24Db);
     changes_.mark(Group::Resonance, Group::Saturation);
 }
 
@@ -65,7 +65,7 @@ void MultimodeFilter::deriveQ() noexcept {
     };
     constexpr Curve kOneStage{0.3, 100.0};
     constexpr Curve kTwoStages{0.5, 10.0};
-    const Curve curve = slope() == FilterSlope::Db24 ? kTwoStages : kOneStage;
+    const Curve curve = is24Db_.get() ? kTwoStages : kOneStage;
     q_ = curve.lowest * std::pow(curve.span, resonance_.get());
 }
 
@@ -74,7 +74,7 @@ void MultimodeFilter::deriveSaturationScale() noexcept {
     constexpr double kOneStage = 0.9;
     constexpr double kTwoStages = 4.8;
     constexpr double kPerHz = 0.441; // 1e-5 at 44.1 kHz
-    const double strength = slope() == FilterSlope::Db24 ? kTwoStages : kOneStage;
+    const double strength = is24Db_.get() ? kTwoStages : kOneStage;
     saturationScale_ = saturation_.get() * strength * kPerHz / sampleRateHz_;
 }
 

@@ -14,9 +14,6 @@ namespace pedl {
 struct CutoffStretch;
 struct StageTable;
 
-/// What the slope switch offers. Off, the filter runs on at 12 dB an octave and is not heard.
-enum class FilterSlope : int { Off, Db12, Db24 };
-
 /// Stereo resonant filter that morphs from low-pass over band-pass to high-pass by moving its two
 /// zeros, at 12 or 24 dB an octave, with a saturation inside the recursion that tames the resonance
 /// rather than the input.
@@ -24,7 +21,7 @@ enum class FilterSlope : int { Off, Db12, Db24 };
 /// Denominator: R. Bristow-Johnson, "Audio EQ Cookbook", low-pass. The numerator is scaled so that
 /// the gain at the cut-off is the effective resonance, whatever the type.
 ///
-/// Threads: setters and `slope` any, real time; `process` audio, real time; the rest while no audio
+/// Threads: setters any, real time; `process` audio, real time; the rest while no audio
 /// runs.
 class MultimodeFilter {
 public:
@@ -39,12 +36,10 @@ public:
     void setType(double type) noexcept;
     /// @param resonance 0..1: Q 0.3..30 at 12 dB/oct, 0.5..5 at 24 dB/oct
     void setResonance(double resonance) noexcept;
-    /// One stage, or two in a row.
-    void setSlope(FilterSlope slope) noexcept;
+    /// @param is24Db two stages in a row instead of one
+    void setSlope(bool is24Db) noexcept;
     /// @param saturation 0.001 (as good as linear) .. 2
     void setSaturation(double saturation) noexcept;
-
-    [[nodiscard]] FilterSlope slope() const noexcept { return slope_.get(); }
 
     /// Ends all ramps, empties the histories and puts the zeros to low-pass; another type then
     /// glides in.
@@ -94,9 +89,7 @@ private:
     void deriveSaturationScale() noexcept;
 
     /// How much of the second stage is wanted, 0 or 1.
-    [[nodiscard]] double slopeShare() const noexcept {
-        return slope() == FilterSlope::Db24 ? 1.0 : 0.0;
-    }
+    [[nodiscard]] double slopeShare() const noexcept { return is24Db_.get() ? 1.0 : 0.0; }
 
     const StageTable& stages_;
     const MorphTable& morph_;
@@ -107,7 +100,7 @@ private:
 
     // Written by any thread, read by audio.
     Relaxed<double> type_{0.0}, resonance_{0.0}, saturation_{0.001};
-    Relaxed<FilterSlope> slope_{FilterSlope::Db12};
+    Relaxed<bool> is24Db_{false};
     ChangeMarks<Group> changes_;
 
     // Derived from them.

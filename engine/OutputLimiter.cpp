@@ -9,21 +9,35 @@ namespace pedl {
 namespace {
 
 constexpr double kDriveCornerHz = 5.0;
+constexpr double kSecondsAMs = 0.001;
 
 } // namespace
 
 OutputLimiter::OutputLimiter(InstructionSet instructions) : stages_(stagesFor(instructions)) {
     state_.drive.snap(driveTarget_.get());
     smoothing_ = onePoleCoefficient(kDriveCornerHz, sampleRateHz_);
-    updateTimes();
+    setDefaults();
 }
 
-void OutputLimiter::updateTimes() noexcept {
+void OutputLimiter::setAttack(double attackMs) noexcept {
+    constexpr double kShortestMs = 0.1;
+    constexpr double kLongestMs = 100.0;
+    attackMs_ = std::clamp(attackMs, kShortestMs, kLongestMs);
+    attack_ = settleCoefficient(sampleRateHz_ * attackMs_ * kSecondsAMs);
+}
+
+void OutputLimiter::setRelease(double releaseMs) noexcept {
+    constexpr double kShortestMs = 30.0;
+    constexpr double kLongestMs = 3000.0;
+    releaseMs_ = std::clamp(releaseMs, kShortestMs, kLongestMs);
+    release_ = settleCoefficient(sampleRateHz_ * releaseMs_ * kSecondsAMs);
+}
+
+void OutputLimiter::setDefaults() noexcept {
     constexpr double kAttackMs = 5.0;
     constexpr double kReleaseMs = 50.0;
-    constexpr double kSecondsAMs = 0.001;
-    attack_ = settleCoefficient(sampleRateHz_ * kAttackMs * kSecondsAMs);
-    release_ = settleCoefficient(sampleRateHz_ * kReleaseMs * kSecondsAMs);
+    setAttack(kAttackMs);
+    setRelease(kReleaseMs);
 }
 
 void OutputLimiter::setSampleRate(double sampleRateHz) noexcept {
@@ -32,7 +46,8 @@ void OutputLimiter::setSampleRate(double sampleRateHz) noexcept {
     smoothing_ = onePoleCoefficient(kDriveCornerHz, sampleRateHz_);
     sampleRateHz_ = std::clamp(sampleRateHz, kLowestRateHz, kHighestRateHz);
     reset();
-    updateTimes();
+    setAttack(attackMs_);
+    setRelease(releaseMs_);
 }
 
 void OutputLimiter::reset() noexcept {

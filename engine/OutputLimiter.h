@@ -20,9 +20,15 @@ public:
 
     /// @param level ceiling, linear, above 0
     void setLevel(double level) noexcept { driveTarget_.set(1.0 / level); }
-    /// @param sampleRateHz outside 44100..192000 taken as the nearer bound. The ceiling's ramp
-    /// keeps
-    ///                     the rate that was set before this one.
+    /// @param attackMs outside 0.1..100 taken as the nearer bound
+    void setAttack(double attackMs) noexcept;
+    /// @param releaseMs outside 30..3000 taken as the nearer bound
+    void setRelease(double releaseMs) noexcept;
+    /// The times it works with: 5 ms and 50 ms.
+    void setDefaults() noexcept;
+
+    /// The ceiling's ramp keeps the rate that was set before this one.
+    /// @param sampleRateHz outside 44100..192000 taken as the nearer bound
     void setSampleRate(double sampleRateHz) noexcept;
 
     void reset() noexcept;
@@ -48,11 +54,10 @@ private:
     static constexpr double kLowestRateHz = 44100.0;
     static constexpr double kHighestRateHz = 192000.0;
 
-    void updateTimes() noexcept;
-
     const StageTable& stages_;
     Relaxed<double> driveTarget_{2.0}; // written by any thread, read by audio
     double sampleRateHz_ = kStartRateHz;
+    double attackMs_ = 10.0, releaseMs_ = 300.0;
     double smoothing_ = 1.0, attack_ = 1.0, release_ = 1.0; // coefficients
     State state_;
 };

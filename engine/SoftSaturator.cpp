@@ -31,7 +31,8 @@ void SoftSaturator::process(StereoStretch& io, bool isHeard, int frames) noexcep
 }
 
 double SoftSaturator::readMeter() noexcept {
-    return peak_.exchange(0.0);
+    const double peak = peak_.exchange(0.0);
+    return isOff_.get() ? 0.0 : peak;
 }
 
 } // namespace pedl

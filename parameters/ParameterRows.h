@@ -43,7 +43,7 @@
     ROW(kEnvThreshold,            "Thresh",  "EFthreshold",            ThresholdDb,     0.5F,      Fine,   Yes,  &Engine::setEnvThreshold,         nullptr)                      \
     ROW(kEnvAttack,               "Attack",  "EFattack",               AttackMs,        0.67191F,  Fine,   Yes,  &Engine::setEnvAttack,            nullptr)                      \
     ROW(kEnvAttackExtension,      "AtkExtn", "EFattackExtended",       ExtensionFactor, 0.5F,      Fine,   Yes,  &Engine::setEnvAttackExtension,   nullptr)                      \
-    ROW(kEnvRelease,              "Release", "EFrelease",              ReleaseMs,       0.667329F, Fine,   Yes,  &Engine::setEnvRelease,           &Effect::applyAttackAgain)    \
+    ROW(kEnvRelease,              "Release", "EFrelease",              ReleaseMs,       0.667329F, Fine,   Yes,  &Engine::setEnvRelease,           nullptr)                      \
     ROW(kEnvRange,                "Range",   "EFrange",                Percent,         0.504156F, Fine,   Yes,  &Engine::setEnvRange,             nullptr)                      \
     ROW(kFilterFreqByLFODefeat,   "LfFrqSt", "LFrqSta",                OnOff,           0.0F,      Switch, Yes,  &Engine::setLfoToCutoffSwitch,    nullptr)                      \
     ROW(kFilterFreqByLFO,         "LfoFreq", "LFO-Frq",                Percent,         0.0F,      Fine,   Yes,  &Engine::setLfoToCutoff,          nullptr)                      \

@@ -175,8 +175,4 @@ void ZMTpedlFilterEffect::changeManualTempo() {
     tempoSync_.setManualTempo(programValue(kTempoSetup));
 }
 
-void ZMTpedlFilterEffect::applyAttackAgain() {
-    playStored(kEnvAttack);
-}
-
 } // namespace pedl

@@ -117,7 +117,6 @@ private:
     void changeSyncMode();
     void changeDivision();
     void changeManualTempo();
-    void applyAttackAgain();
     void applyDrySource() { applyDryWetSource(kDry); }
     void applyWetSource() { applyDryWetSource(kWet); }
     void applyBothSources();
