@@ -15,6 +15,8 @@ namespace {
 
 using namespace test;
 
+const std::string kLeaksOfOthers = "export ASAN_OPTIONS=detect_leaks=0"; // are not ours to see
+
 class CommandTest : public testing::Test {
 protected:
     CommandTest() {
@@ -79,6 +81,12 @@ TEST_F(CommandTest, WhatCannotBeDoneIsOneClearLineAndLeavesEverythingAsItWas) {
         Row{1, "render in.wav kept --bank a.zmt", "a.zmt: holds a program; give it to --preset"},
         Row{1, "render in.wav kept --preset a.zmm", "settings; give it to --midi-settings"},
         Row{1, "render in.wav kept --midi-settings a.chunk", "a host chunk; give it to --bank"},
+        Row{1, "render in.wav kept --set 0=1.5", "(Byps): 1.5 is outside 0 .. 1"},
+        Row{1, "render in.wav kept --set Gain", "\"Gain\" is not PARAMETER=VALUE"},
+        Row{1, "programs --plugin gone.so", "gone.so: no such plug-in file"},
+        Row{1, "programs --plugin .", ".: is a folder"},
+        Row{1, "programs --plugin ./words", "words: cannot be loaded: "},
+        Row{1, "programs --plugin /lib/x86_64-linux-gnu/libm.so.6", "exports neither VSTPluginMain"},
         Row{2, "render in.wav kept --tempo nan", "--tempo: \"nan\""},
         Row{2, "render in.wav kept --block 2.5", "--block: \"2.5\""},
         Row{2, "render in.wav kept --tail=-1", "--tail: \"-1\""},
@@ -102,6 +110,18 @@ TEST_F(CommandTest, WhatCannotBeDoneIsOneClearLineAndLeavesEverythingAsItWas) {
     // A limit on the size of files stands for a full disk: the write fails alike, for any user.
     expectRefused(run("render in.wav kept", "ulimit -f 16"), 1,
                   "cannot be written: File too large");
+}
+
+TEST_F(CommandTest, WhatIsNoPlugInIsRefusedWithTheReason) {
+    using Row = std::array<const char*, 2>;
+    for (const auto& [fault, says] :
+         {Row{"null", "its entry gives no effect"}, Row{"magic", "wrong magic number"},
+          Row{"functions", "lacks functions"}, Row{"counts", "impossible numbers"},
+          Row{"replacing", "cannot replace its output"}}) {
+        SCOPED_TRACE(fault);
+        expectRefused(run("programs --plugin $STUB", kLeaksOfOthers + " STUB_FAULT=" + fault), 1,
+                      says);
+    }
 }
 
 TEST_F(CommandTest, AnInterruptedOrCrashedRenderLeavesWhatWasThere) {
@@ -132,6 +152,8 @@ TEST_F(CommandTest, WhatThePlugInTellsIsShown) {
               std::string::npos);
     const auto info = nlohmann::json::parse(run("info --json --plugin $STUB").out);
     EXPECT_EQ(info["uniqueId"], "Stub");
+    EXPECT_EQ(info["name"], "St\xC3\xBC! ") << "not UTF-8, with a control character";
+    EXPECT_EQ(info["vendor"], "2400 1 44100") << "what the host answered inside the entry";
     EXPECT_EQ(info["flags"]["canDoubleReplacing"], true);
     EXPECT_EQ(info["programs"][1]["name"], "Loud");
     EXPECT_EQ(info["parameters"][3]["longName"], "Filter C");
@@ -142,19 +164,18 @@ TEST_F(CommandTest, OtherMakersPlugInsAreListedAndRenderedWithoutAHitch) {
     const std::filesystem::directory_iterator plugins("/usr/lib/vst", error);
     if (error)
         GTEST_SKIP() << "no /usr/lib/vst: install dpf-plugins-vst and zynaddsubfx-vst";
-    const std::string leaksOfOthers = "export ASAN_OPTIONS=detect_leaks=0";
     int effects = 0;
     for (const auto& entry : plugins) {
         if (entry.path().extension() != ".so")
             continue;
         SCOPED_TRACE(entry.path());
         const std::string plugin = " --plugin " + entry.path().string();
-        const auto info = nlohmann::json::parse(run("info --json" + plugin, leaksOfOthers).out);
+        const auto info = nlohmann::json::parse(run("info --json" + plugin, kLeaksOfOthers).out);
         EXPECT_NE(info["name"], "");
         if (info["inputs"].empty() || info["outputs"].empty())
             continue; // an instrument: silent without notes
         ++effects;
-        const Outcome rendered = run("render in.wav out.wav" + plugin, leaksOfOthers);
+        const Outcome rendered = run("render in.wav out.wav" + plugin, kLeaksOfOthers);
         EXPECT_EQ(rendered.status, 0);
         EXPECT_EQ(rendered.error, "") << "such as samples that are not finite";
     }
@@ -164,14 +185,14 @@ TEST_F(CommandTest, OtherMakersPlugInsAreListedAndRenderedWithoutAHitch) {
 TEST_F(CommandTest, EveryKindOfFileGoesThroughTextAndBackWithoutADifference) {
     const std::string help = run("convert --help").out;
     for (const DocumentKind kind : kDocumentKinds) {
-        const std::string ending = kindEnding(kind);
-        EXPECT_EQ(run("convert a" + ending + " text.JSON").status, 0);
-        const Outcome back = run("convert text.JSON back" + ending);
-        EXPECT_EQ(back.error, "");
-        EXPECT_TRUE(back.out.starts_with("back" + ending + ": ")) << back.out;
-        EXPECT_EQ(readText(folder_ / ("back" + ending)), readText(folder_ / ("a" + ending)));
-        EXPECT_EQ(run("diff text.JSON a" + ending).status, 0);
-        EXPECT_NE(help.find("\n  " + ending + ' '), std::string::npos);
+        const std::string file = "a" + kindEnding(kind);
+        EXPECT_EQ(run("convert " + file + " text.JSON").status, 0);
+        const Outcome back = run("convert text.JSON b" + file);
+        EXPECT_TRUE(back.out.starts_with("b" + file + ": ")) << back.error;
+        EXPECT_EQ(readText(folder_ / ("b" + file)), readText(folder_ / file));
+        EXPECT_EQ(run("diff text.JSON a.chunk").out,
+                  kind == DocumentKind::Bank ? "MIDI links: only in the second\n" : "");
+        EXPECT_NE(help.find("\n  " + kindEnding(kind) + ' '), std::string::npos);
     }
     EXPECT_EQ(run("convert a.chunk -").out, readText(folder_ / "text.JSON"));
 }

@@ -73,12 +73,14 @@ TEST_F(Render, AMonoFileGoesIntoBothInputsAndATailOfSilenceFollows) {
 
 TEST_F(Render, ACurveIsReadAtEachBlocksStart) {
     writeSound(request.in, 1, 48000, 480, [](long, int) { return 1.0; });
-    writeText(folder / "curve.csv", "seconds,value\n0,1\n0.01,0\n"); // 0.01 s: 480 frames
+    writeText(folder / "curve.csv", "\xEF\xBB\xBFseconds,value\r\n# a fall\r\n 0.001 , 1\r\n\r\n"
+                                    "0.006,0.5\r\n0.006,0\r\n0.008,0.5\r\n");
     request.automations = {"Gain=" + folder / "curve.csv"};
-    request.blockFrames = 48;
+    request.blockFrames = 48; // 1 ms
     const Samples out = rendered();
-    for (const std::size_t frame : {0U, 47U, 48U, 95U, 479U})
-        EXPECT_NEAR(out.at(2 * frame), 1.0 - static_cast<double>(frame / 48) * 0.1, 1e-6) << frame;
+    const Samples expected{1.0, 1.0, 0.9, 0.8, 0.7, 0.6, 0.0, 0.25, 0.5, 0.5};
+    for (std::size_t frame = 0; frame < 480; ++frame)
+        EXPECT_NEAR(out.at(2 * frame), expected[frame / 48], 1e-6) << frame;
 }
 
 TEST_F(Render, TheEndingNamesTheFormatWhatWasCutIsCountedAndTheBytesAreTheSameAgain) {

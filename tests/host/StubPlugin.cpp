@@ -1,12 +1,15 @@
 // A small plug-in whose every output can be worked out by hand; built as a library for the tests.
+// The variable STUB_FAULT makes it none.
 
 #include "foundation/vst24/AudioEffectX.h"
 
 #include <cmath>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
+#include <string_view>
 
 namespace {
 
@@ -50,7 +53,10 @@ public:
         curProgram = program;
         at(kGain) = program == 0 ? 0.5F : 1.0F;
     }
-    void getProgramName(char* name) override { std::strcpy(name, entryAnswers_); }
+    bool getVendorString(char* text) override {
+        std::strcpy(text, entryAnswers_);
+        return true;
+    }
     bool getProgramNameIndexed(VstInt32, VstInt32 index, char* text) override {
         std::strcpy(text, index == 0 ? "Soft" : "Loud"); // also for slots that do not exist
         return true;
@@ -107,5 +113,16 @@ private:
 
 extern "C" __attribute__((visibility("default"))) AEffect* VSTPluginMain(audioMasterCallback host) {
     std::fputs("stub: made\n", stderr); // as chatty as real ones are
-    return (new StubEffect(host))->getAeffect();
+    AEffect* const effect = (new StubEffect(host))->getAeffect();
+    const char* const variable = std::getenv("STUB_FAULT");
+    const std::string_view fault = variable != nullptr ? variable : "";
+    if (fault == "magic")
+        effect->magic = kEffectMagic + 1;
+    if (fault == "functions")
+        effect->getParameter = nullptr;
+    if (fault == "counts")
+        effect->numInputs = -5;
+    if (fault == "replacing")
+        effect->flags &= ~effFlagsCanReplacing;
+    return fault == "null" ? nullptr : effect;
 }
