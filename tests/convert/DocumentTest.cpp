@@ -94,6 +94,7 @@ TEST(Document, ConversionsTakeWhatTheOtherKindHolds) {
     Document chunk = randomChunk(5);
     ASSERT_TRUE(selectProgram(chunk, "12").ok());
     const Document program = as(DocumentKind::Program, chunk);
+    EXPECT_EQ(program.currentSlot, 0);
     EXPECT_EQ(program.warnings.size(), 1U); // the links
     const Document bank = as(DocumentKind::Bank, program);
     EXPECT_EQ(bank.currentSlot, 0);
