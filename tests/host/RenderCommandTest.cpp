@@ -105,7 +105,7 @@ TEST_F(Render, TheEndingNamesTheFormatWhatWasCutIsCountedAndTheBytesAreTheSameAg
     rendered();
     EXPECT_EQ(readText(request.out), first);
     EXPECT_EQ(std::filesystem::status(request.out).permissions(), std::filesystem::perms(0640));
-    rendered({"4=1"}); // the stub's left side is then NaN
+    rendered({"Output=100"}); // the stub's left side is then NaN
     EXPECT_EQ(report.samplesNotFinite, 500);
 }
 
@@ -124,7 +124,7 @@ TEST_F(Render, TheTempoChangesAtItsFrameAndTheSongGoesOnFromThere) {
             SCOPED_TRACE(testing::Message() << row.division << ", block " << block);
             useMidi(row.division, tempo(20, 1000000) + tempo(20, 250000));
             request.blockFrames = block;
-            const Samples out = rendered({"4=0.5"}); // tempo and place, in thousandths
+            const Samples out = rendered({"Output=50"}); // tempo and place, in thousandths
             for (const auto& [frame, bpm] : {std::pair{std::size_t{0}, 125.0},
                                              {kChange - 1, 125.0},
                                              {kChange, 60.0},

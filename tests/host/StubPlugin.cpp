@@ -13,11 +13,7 @@
 
 namespace {
 
-enum Parameter : VstInt32 { kGain, kMode, kSignal, kCutoff, kOutput, kNumParameters };
-
-// The long names are cut to 8 characters, as many plug-ins do it.
-constexpr const char* kNames[]{"Gain", "Mode", "Signal", "FltrCut", "Output"};
-constexpr const char* kLongNames[]{"Gain", "Mode", "Signal", "Filter C", "Output"};
+enum Parameter : VstInt32 { kGain, kSignal, kOutput, kNumParameters };
 
 class StubEffect : public AudioEffectX {
 public:
@@ -31,22 +27,14 @@ public:
 
     void setParameter(VstInt32 index, float value) override { at(index) = value; }
     float getParameter(VstInt32 index) override { return at(index); }
-    void getParameterName(VstInt32 index, char* text) override { std::strcpy(text, kNames[index]); }
-    bool getParameterProperties(VstInt32 index, VstParameterProperties* properties) override {
-        std::strcpy(properties->label, kLongNames[index]);
-        return true;
+    void getParameterName(VstInt32 index, char* text) override {
+        std::strcpy(text, index == kGain ? "Gain" : index == kSignal ? "Signal" : "Output");
     }
     void getParameterLabel(VstInt32 index, char* text) override {
         std::strcpy(text, index == kGain ? "%" : "");
     }
     void getParameterDisplay(VstInt32 index, char* text) override {
-        const float value = at(index);
-        if (index == kMode)
-            std::strcpy(text, value < 0.4F ? "low" : value < 0.7F ? "mid band" : "high");
-        else if (index == kCutoff)
-            std::snprintf(text, 16, "%.0f Hz", 20.0 * std::pow(1000.0, value));
-        else
-            std::snprintf(text, 16, "%.1f", static_cast<double>(value) * 100.0);
+        std::snprintf(text, 16, "%.1f", static_cast<double>(at(index)) * 100.0);
     }
 
     void setProgram(VstInt32 program) override {
