@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/foundation/vstgui/ToolkitWindow.h"
+#include "vstgui/lib/controls/coptionmenu.h"
 #include "vstgui/lib/controls/ctextedit.h"
 #include "vstgui/lib/platform/common/clipboard.h"
 #include "vstgui/lib/platform/common/pixmansurface.h"
@@ -180,6 +181,10 @@ TEST(TextField, KeysWriteMoveAndErase) {
 TEST(TextField, KeysThatItDoesNotUseAreTheHosts) {
     FieldWindow w("abc");
     w.open();
+    auto* const menu = new COptionMenu(kField, &w, 2);
+    menu->addEntry("one");
+    w.theFrame().addView(menu);
+    EXPECT_FALSE(menu->popup()) << "the field has the frame's keys";
     EXPECT_FALSE(w.window().keyDown(VKEY_F5));
     EXPECT_FALSE(w.window().typeText("s", kCtrl));
     EXPECT_TRUE(w.window().keyDown(VKEY_UP));

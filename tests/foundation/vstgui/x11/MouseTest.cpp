@@ -94,5 +94,20 @@ TEST(X11Mouse, TheSecondOfTwoQuickPressesIsDoubleAndTheThirdIsNot) {
     }
 }
 
+TEST(MotionMerger, JoinsWhatComesWithinEightMilliseconds) {
+    MotionMerger merger;
+    std::string delivered;
+    xcb_motion_notify_event_t motion{};
+    for (const uint32_t time : {0U, 4U, 7U, 8U, 15U, 40U, 41U}) {
+        motion.time = time;
+        motion.state = time == 41 ? XCB_BUTTON_MASK_1 : 0;
+        if (const auto earlier = merger.add(motion))
+            delivered += std::to_string(earlier->time) + " ";
+    }
+    EXPECT_EQ(delivered, "7 15 40 ");
+    EXPECT_EQ(merger.take()->time, 41U);
+    EXPECT_FALSE(merger.take());
+}
+
 } // namespace
 } // namespace VSTGUI
