@@ -34,12 +34,12 @@ using RepairText = FixedText<160>;
 ///
 /// @param place  as "on load of preset", in front of the slot
 [[nodiscard]] RepairText programRepairText(std::int32_t parameter, float value,
-                                            std::string_view place, std::int32_t slot,
-                                            std::string_view programName);
+                                           std::string_view place, std::int32_t slot,
+                                           std::string_view programName);
 
 /// What was found in a value that belongs to no program, and where. One that is not a number is
 /// told without its parameter.
 [[nodiscard]] RepairText plainRepairText(std::int32_t parameter, float value,
-                                          std::string_view place);
+                                         std::string_view place);
 
 } // namespace pedl
