@@ -26,7 +26,7 @@ TEST(NumberText, RoundsHalfUpAndHoldsAtMostEightCharacters) {
         Row{14.996F, 2, "15.00"}, Row{-23.96F, 1, "-24.0"}, Row{-1.5F, 0, "-2"},
         Row{-0.51F, 0, "-1"},
         // As floats these lie a shade below what they stand for.
-        Row{0.29F, 2, "0.29"},  Row{0.7F, 1, "0.7"},    Row{-0.7F, 1, "-0.7"},
+        Row{0.005F, 2, "0.01"}, Row{0.29F, 2, "0.29"},  Row{0.7F, 1, "0.7"},    Row{-0.7F, 1, "-0.7"},
         // The sign stays where nothing is rounded to -1.
         Row{-0.3F, 0, "-0"},    Row{-0.01F, 1, "-0.0"}, Row{-0.0F, 1, "0.0"},
         // At most eight characters

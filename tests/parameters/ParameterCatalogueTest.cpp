@@ -27,6 +27,28 @@ TEST(ParameterCatalogue, HidesAndAutomatesNothingOfHiddenParametersAndTags) {
         EXPECT_EQ(findParameterRow(index), nullptr);
 }
 
+TEST(ParameterCatalogue, StepsAreThoseOfTheControls) {
+    using enum TextRule;
+    const std::set<TextRule> ofSwitches{Process,       OnOff,       RandomType,
+                                        Slope,         LevelSource, Modulation,
+                                        ThresholdMode, NoteScale,   ShownQuantity};
+    for (std::int32_t index = 0; index < kNumParams; ++index)
+        if (const TextRule text = findParameterRow(index)->text; text != Empty) {
+            EXPECT_EQ(parameterSteps(index)->isSwitch, ofSwitches.contains(text)) << index;
+        }
+    struct Row {
+        std::int32_t index;
+        float step, largeStep;
+    };
+    for (const Row row : {Row{kPower, 0.5F, 0.5F}, Row{kFreezMode, 1.0F / 3.0F, 1.0F / 3.0F},
+                          Row{kWet, 1.0F / 72.0F, 1.0F / 36.0F}, Row{kLFOType, 0.125F, 0.125F},
+                          Row{kTempoSetup, 0.0025F, 0.0125F}, Row{kFilterFreqMin, 0.00005F, 0.002F},
+                          Row{kLFOSynchroRate, 1.0F / 32.0F, 1.0F / 32.0F}}) {
+        EXPECT_EQ(parameterSteps(row.index)->step, row.step) << row.index;
+        EXPECT_EQ(parameterSteps(row.index)->largeStep, row.largeStep) << row.index;
+    }
+}
+
 TEST(ParameterCatalogue, DefaultProgramReadsAsMusiciansExpectIt) {
     using Row = std::pair<std::int32_t, const char*>;
     for (const auto& [index, text] :
