@@ -118,6 +118,10 @@ struct Guest {
     }
 };
 
+void PrintTo(const Guest& guest, std::ostream* stream) {
+    *stream << guest.path;
+}
+
 class Unload : public testing::TestWithParam<Guest> {
 protected:
     void SetUp() override {
