@@ -10,11 +10,12 @@ namespace VSTGUI {
 
 /// The two selections of X: what was copied (CLIPBOARD) and what was selected last (PRIMARY).
 ///
-/// Text only. One request at a time; one that stays without an answer is dropped after a while.
+/// UTF-8 text in one piece, as long as a name is: a field takes 255 characters. One request at a
+/// time; one that stays without an answer is dropped after a while.
 class X11Clipboard : public Clipboard {
 public:
-    /// Text beyond this is read and dropped: a field takes a small part of it.
-    static constexpr std::size_t kMostTextBytes = 64 * 1024;
+    /// Of another program's text no more is read: four times what a field takes.
+    static constexpr std::size_t kMostTextBytes = 4 * 1024;
     static constexpr uint64_t kPatienceMs = 2000;
 
     X11Clipboard(X11Connection& connection, xcb_window_t window)
@@ -40,17 +41,10 @@ private:
     xcb_atom_t nameOf(Kind kind) const;
 
     bool own(Kind kind, const std::string& text, xcb_timestamp_t time);
-    void convert(xcb_atom_t target);
     void answer(const xcb_selection_request_event_t& request);
-    bool provide(const Selection& selection, const xcb_selection_request_event_t& request,
-                 xcb_atom_t property);
-    bool provideEach(const Selection& selection, const xcb_selection_request_event_t& request,
-                     xcb_atom_t property);
+    bool provide(const Selection& selection, const xcb_selection_request_event_t& request);
     void arrived(const xcb_selection_notify_event_t& notice);
-    bool pieceArrived(const xcb_property_notify_event_t& notice);
     XcbOwned<xcb_get_property_reply_t> takeProperty();
-    void append(const xcb_get_property_reply_t& property);
-    void deliver();
 
     X11Connection& connection_;
     xcb_window_t window_;
@@ -58,9 +52,6 @@ private:
 
     Receiver receiver_; // of the request under way
     xcb_atom_t requested_ = XCB_ATOM_NONE;
-    xcb_atom_t target_ = XCB_ATOM_NONE;
-    std::string received_;
-    bool comesInPieces_ = false;
     uint64_t askedMs_ = 0;
 };
 

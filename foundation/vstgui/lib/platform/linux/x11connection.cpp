@@ -12,13 +12,9 @@ namespace {
 constexpr std::array<const char*, static_cast<std::size_t>(Atom::Count)> kAtomNames{
     "CLIPBOARD",
     "UTF8_STRING",
-    "TEXT",
     "text/plain;charset=utf-8",
     "TARGETS",
     "TIMESTAMP",
-    "MULTIPLE",
-    "ATOM_PAIR",
-    "INCR",
     "_VSTGUI_TRANSFER",
     "_XEMBED",
     "_XEMBED_INFO",
@@ -83,9 +79,6 @@ void X11Connection::noteTime(const xcb_generic_event_t& event) {
     case XCB_ENTER_NOTIFY:
     case XCB_LEAVE_NOTIFY: // the same place in all of them
         lastTime_ = eventAs<xcb_key_press_event_t>(event).time;
-        break;
-    case XCB_PROPERTY_NOTIFY:
-        lastTime_ = eventAs<xcb_property_notify_event_t>(event).time;
         break;
     default:
         break;

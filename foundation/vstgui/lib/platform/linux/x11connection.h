@@ -23,13 +23,9 @@ template <typename T> XcbOwned<T> owned(T* fromServer) {
 enum class Atom {
     Clipboard,
     Utf8String,
-    Text,
     TextPlainUtf8,
     Targets,
     Timestamp,
-    Multiple,
-    AtomPair,
-    Incr,
     Transfer,
     XEmbed,
     XEmbedInfo,
