@@ -57,43 +57,33 @@ public:
 class SmallEditor : public AEffGUIEditor {
 public:
     SmallEditor() : AEffGUIEditor(nullptr) {}
-    bool open(void* window) override {
-        AEffGUIEditor::open(window);
-        early = std::make_unique<Ticking>();
-        frame = new CFrame(CRect(0, 0, 80, 20), window, this);
+    void show() {
+        AEffGUIEditor::open(this);
+        ticking = std::make_unique<Ticking>();
+        frame = new CFrame(CRect(0, 0, 80, 20), this, this);
         frame->addView(new Shape(CRect(0, 0, 20, 20)));
         frame->addView(new CTextLabel(CRect(20, 0, 80, 20), "Cut-off"));
-        late = std::make_unique<Ticking>();
-        return true;
     }
     void close() override {
-        early.reset();
-        late.reset();
+        ticking.reset();
         std::exchange(frame, nullptr)->close();
         AEffGUIEditor::close();
     }
-    void openOffscreen() { open(this); }
     std::vector<uint32_t> pixels() const {
         const PixmanSurface& surface = *OffscreenFrame::of(*frame).surface();
         return {surface.pixels(), surface.pixels() + surface.strideBytes() / 4 * 20};
     }
 
-    std::unique_ptr<Ticking> early, late; // made before the frame and after it
+    std::unique_ptr<Ticking> ticking;
 };
 
-/// Chooses a file at the third look.
-class QuickDialog : public FileDialogBackend {
-public:
+/// Ends at the third look.
+struct QuickDialog : FileDialogBackend {
     bool start(const FileDialogRequest& /*request*/) override { return true; }
-    State poll(std::vector<std::string>& paths) override {
-        if (++looks_ < 3)
-            return State::Open;
-        paths = {"/chosen"};
-        return State::Ended;
+    State poll(std::vector<std::string>& /*paths*/) override {
+        return ++looks < 3 ? State::Open : State::Ended;
     }
-
-private:
-    int looks_ = 0;
+    int looks = 0;
 };
 
 class Editors : public testing::Test {
@@ -126,23 +116,23 @@ protected:
 
 TEST_F(Editors, EachServesItsOwnTimersAndDialogsAlone) {
     SmallEditor first, second;
-    first.openOffscreen();
-    second.openOffscreen();
+    first.show();
+    second.show();
     FileDelegate* const delegate = askForFile(first); // between calls, the second's being the last
     for (int turn = 0; turn < 5; ++turn)
         idleLater(second);
-    EXPECT_EQ(second.early->take() + second.late->take(), 10);
-    EXPECT_EQ(first.early->take() + first.late->take(), 0);
+    EXPECT_EQ(second.ticking->take(), 5);
+    EXPECT_EQ(first.ticking->take(), 0);
     EXPECT_EQ(delegate->ends, 0);
     std::unique_ptr<Ticking> inside;
-    first.early->inMessage = [&] {
+    first.ticking->inMessage = [&] {
         second.idle(); // a host that has its other editors' turn come in the middle of this one's
         if (!inside)
             inside = std::make_unique<Ticking>();
     };
     for (int turn = 0; turn < 5; ++turn)
         idleLater(first);
-    EXPECT_EQ(first.early->take() + first.late->take(), 10);
+    EXPECT_EQ(first.ticking->take(), 5);
     EXPECT_EQ(inside->take(), 4);
     EXPECT_EQ(delegate->ends, 1);
     idleLater(second);
@@ -187,11 +177,11 @@ TEST_F(Threads, TwoEditorsOpenDrawAskAndCloseAtTheSameTime) {
     const auto live = [&](int rounds) {
         for (int round = 0; round < rounds && !HasFailure(); ++round) {
             SmallEditor editor;
-            editor.openOffscreen();
+            editor.show();
             FileDelegate* const delegate = askForFile(editor);
             for (int turn = 0; turn < 3 + round % 2; ++turn)
                 idleLater(editor);
-            EXPECT_EQ(editor.early->take(), 3 + round % 2);
+            EXPECT_EQ(editor.ticking->take(), 3 + round % 2);
             EXPECT_EQ(delegate->ends, round % 2) << "closed a turn too early, or with the answer";
             if (expected.empty())
                 expected = editor.pixels();

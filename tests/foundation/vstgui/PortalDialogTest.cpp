@@ -1,5 +1,6 @@
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <systemd/sd-bus.h>
 
 #include "tests/foundation/vstgui/DialogFixture.h"
 #include "vstgui/lib/platform/linux/portalfiledialog.h"
@@ -7,34 +8,91 @@
 namespace VSTGUI {
 namespace {
 
-constexpr const char* kBusSettings = R"(<!DOCTYPE busconfig PUBLIC
- "-//freedesktop//DTD D-BUS Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig>
-  <type>session</type>
-  <listen>unix:path=PLACE</listen>
-  <auth>EXTERNAL</auth>
-  <policy context="default">
-    <allow send_destination="*" eavesdrop="true"/>
-    <allow eavesdrop="true"/>
-    <allow own="*"/>
-  </policy>
-</busconfig>
-)";
+constexpr int32_t kPortal = 0; // among the dialogs of the system
+
+/// A desktop's portal: owns its name on the session's bus and answers as it is told.
+class Portal {
+public:
+    enum class Way { Shows, Refuses, Hangs, Answers };
+
+    /// @param code  of an answer, which names the same files whatever it is
+    explicit Portal(Way way, uint32_t code = 0) : way_(way), code_(code) {
+        static const sd_bus_vtable chooser[] = {
+            SD_BUS_VTABLE_START(0),
+            SD_BUS_METHOD("OpenFile", "ssa{sv}", "o", onCall, SD_BUS_VTABLE_UNPRIVILEGED),
+            SD_BUS_METHOD("SaveFile", "ssa{sv}", "o", onCall, SD_BUS_VTABLE_UNPRIVILEGED),
+            SD_BUS_VTABLE_END};
+        sd_bus_open_user(&bus_);
+        sd_bus_add_object_vtable(bus_, nullptr, kPath, "org.freedesktop.portal.FileChooser",
+                                 chooser, this);
+        sd_bus_add_filter(bus_, nullptr, onMessage, this);
+        EXPECT_GE(sd_bus_request_name(bus_, "org.freedesktop.portal.Desktop", 0), 0);
+    }
+    ~Portal() { sd_bus_flush_close_unref(bus_); }
+    void work() {
+        while (sd_bus_process(bus_, nullptr) > 0)
+            ;
+    }
+
+    std::string asked; // the method, and what it was given as the bus types it
+    bool wasToldToClose = false;
+
+private:
+    static constexpr const char* kPath = "/org/freedesktop/portal/desktop";
+
+    static int onCall(sd_bus_message* m, void* portal, sd_bus_error*) {
+        return static_cast<Portal*>(portal)->answer(m);
+    }
+    static int onMessage(sd_bus_message* m, void* portal, sd_bus_error*) {
+        static_cast<Portal*>(portal)->wasToldToClose |=
+            sd_bus_message_is_method_call(m, "org.freedesktop.portal.Request", "Close") > 0;
+        return 0;
+    }
+    int answer(sd_bus_message* m) {
+        char* text = nullptr;
+        std::size_t size = 0;
+        FILE* const file = open_memstream(&text, &size);
+        sd_bus_message_dump(m, file, SD_BUS_MESSAGE_DUMP_SUBTREE_ONLY);
+        fclose(file);
+        asked = sd_bus_message_get_member(m) + std::string(text, size);
+        free(text);
+        if (way_ == Way::Hangs)
+            return 1;
+        if (way_ == Way::Refuses)
+            return sd_bus_reply_method_errorf(m, "org.freedesktop.portal.Error.Failed", "no");
+        std::string sender = sd_bus_message_get_sender(m) + 1;
+        std::ranges::replace(sender, '.', '_');
+        const std::string handle = std::string(kPath) + "/request/" + sender + "/dialog";
+        sd_bus_reply_method_return(m, "o", handle.c_str());
+        if (way_ == Way::Answers)
+            sd_bus_emit_signal(bus_, handle.c_str(), "org.freedesktop.portal.Request", "Response",
+                               "ua{sv}", code_, 2, "choices", "a(ss)", 1, "a", "b", "uris", "as", 3,
+                               "file:///a/%22b%FF", "http://x/y", "file:///c");
+        return 1;
+    }
+
+    const Way way_;
+    const uint32_t code_;
+    sd_bus* bus_ = nullptr;
+};
+
+using Way = Portal::Way;
 
 /// With a session bus that starts nothing by itself.
 class PortalDialog : public DialogFixture {
 protected:
     void SetUp() override {
-        std::string settings = kBusSettings;
-        settings.replace(settings.find("PLACE"), 5, path("bus"));
-        write("bus.conf", settings);
+        pedl::test::writeText(
+            path("bus.conf"),
+            "<busconfig><type>session</type><listen>unix:path=" + path("bus") +
+                "</listen><policy context='default'><allow send_destination='*'/>"
+                "<allow receive_sender='*'/><allow own='*'/></policy></busconfig>");
         set("PATH", "/usr/bin:/bin");
         bus = ChildProgram::start(
             {"dbus-daemon", "--nofork", "--print-address", "--config-file=" + path("bus.conf")});
         if (!bus)
             GTEST_SKIP() << "dbus-daemon is not installed";
-        ASSERT_TRUE(waitFor([&] { return bus->hasEnded() || !bus->output().empty(); }));
+        EXPECT_TRUE(waitFor([&] { return bus->hasEnded() || !bus->output().empty(); }));
         set("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path("bus"));
     }
     void TearDown() override {
@@ -42,160 +100,116 @@ protected:
         portal.reset();
         bus.reset();
     }
-
-    void startPortal(std::vector<std::string> arguments) {
-        arguments.insert(arguments.begin(), PEDL_FAKE_PORTAL);
-        portal = ChildProgram::start(arguments);
-        ASSERT_NE(portal, nullptr);
-        ASSERT_TRUE(waitFor([&] { return portal->hasEnded() || !portal->output().empty(); }));
-        ASSERT_EQ(portal->output(), "ready\n");
+    void startPortal(Way way, uint32_t code = 0) {
+        portal.reset();
+        portal = std::make_unique<Portal>(way, code);
     }
-    bool portalSays(const std::string& text) {
-        return waitFor([&] {
-            if (dialog)
-                look();
-            portal->hasEnded();
-            return portal->output().find(text) != std::string::npos;
-        });
+    State look() override {
+        if (portal)
+            portal->work();
+        return DialogFixture::look();
     }
-    /// Returns when the portal has taken the call and its answer has had time to arrive.
-    void show() {
-        ASSERT_EQ(start(createSystemFileDialog(0)), State::Open);
-        ASSERT_TRUE(portalSays("OpenFile"));
-        for (int turn = 0; turn < 20; ++turn, usleep(5000))
-            EXPECT_EQ(look(), State::Open);
-    }
-    State ask() {
-        const State started = start(createSystemFileDialog(0));
-        return started == State::Open ? end() : started;
+    void show(Way way) {
+        startPortal(way);
+        ASSERT_EQ(start(kPortal), State::Open);
+        ASSERT_TRUE(waitFor([&] { return look() != State::Open || !portal->asked.empty(); }));
     }
 
-    std::unique_ptr<ChildProgram> bus, portal;
+    std::unique_ptr<ChildProgram> bus;
+    std::unique_ptr<Portal> portal;
 };
 
 TEST(FileUri, IsThePathOnThisMachineByteByByte) {
-    struct Row {
-        const char *uri, *path;
-    };
-    for (const Row row : {Row{"file:///a%20b/%22it's%22%0A.zmt", "/a b/\"it's\"\n.zmt"},
-                          {"file://localhost/%C3%bc%ff", "/\u00fc\xff"},
-                          {"file:/plain", "/plain"},
-                          {"file:///100%25", "/100%"},
-                          {"file://server/share", ""},
-                          {"file:////server/share", ""},
-                          {"http:///a", ""},
-                          {"/a", ""},
-                          {"file:///a%00b", ""},
-                          {"file:///a%4", ""},
-                          {"file:///a%zz", ""}})
-        EXPECT_EQ(pathFromUri(row.uri), row.path) << row.uri;
+    for (const auto& [uri, path] : std::map<std::string, std::string>{
+             {"file:///a%20b/%22it's%22%0A.zmt", "/a b/\"it's\"\n.zmt"},
+             {"file://localhost/%C3%bc%ff", "/\u00fc\xff"},
+             {"file:/100%25", "/100%"},
+             {"file://server/share", ""},
+             {"file:////server/share", ""},
+             {"/a", ""},
+             {"file:///a%00b", ""},
+             {"file:///a%4", ""}})
+        EXPECT_EQ(pathFromUri(uri), path) << uri;
 }
 
-TEST_F(DialogFixture, KnowsTheBusesThatNeedNoWaiting) {
-    EXPECT_EQ(sessionBusAddresses(), "");
-    set("DBUS_SESSION_BUS_ADDRESS", "tcp:host=far;unix:path=/a,guid=1;unixexec:path=/b;"
-                                    "unix:abstract=/c");
-    EXPECT_EQ(sessionBusAddresses(), "unix:path=/a,guid=1;unix:abstract=/c");
-}
-
-TEST_F(PortalDialog, ReturnsWhatWasChosen) {
-    startPortal({"answer", "0", "file://" + folder + "/a%20%22b%22%0Ac%C3%A4%FF.zmt", "http://x/y",
-                 "file:///second"});
-    EXPECT_EQ(ask(), State::Ended);
-    EXPECT_EQ(paths, (Paths{path("a \"b\"\nc\u00e4\xff.zmt"), "/second"}));
-}
-
-TEST_F(PortalDialog, PassesTheRequestOn) {
-    startPortal({"answer", "1"});
-    const std::string types = "filters ((Presets ((0 *.zmt) (0 *.ZMT))) (Banks ((0 *.zmb) (0 "
-                              "*.ZMB))))";
-    const std::string folderOption = "handle_token dialog modal 1 current_folder " + folder;
-    write("lead.zmt", "");
+TEST_F(PortalDialog, PassesTheRequestOnAndTheAnswerBack) {
+    pedl::test::writeText(path("lead.zmt"), "");
     struct Row {
         Kind kind;
-        const char *saveName, *method;
-        std::string options;
+        std::string saveName, method, options; // those that not every request has
     };
     for (const Row& row :
-         {Row{Kind::OpenFile, "", "OpenFile", folderOption + " " + types},
-          {Kind::OpenFiles, "", "OpenFile",
-           "handle_token dialog modal 1 multiple 1 current_folder " + folder + " " + types},
-          {Kind::ChooseDirectory, "", "OpenFile",
-           "handle_token dialog modal 1 directory 1 current_folder " + folder},
-          {Kind::SaveFile, "-new", "SaveFile", folderOption + " current_name -new.zmt " + types},
-          {Kind::SaveFile, "lead", "SaveFile",
-           folderOption + " current_file " + folder + "/lead.zmt current_name lead.zmt " + types},
-          {Kind::SaveFile, "no\xfftext", "SaveFile", folderOption + " " + types}}) {
+         {Row{Kind::OpenFile, "", "OpenFile", " filters"},
+          {Kind::OpenFiles, "", "OpenFile", " filters multiple"},
+          {Kind::ChooseDirectory, "", "OpenFile", " directory"},
+          {Kind::SaveFile, "-new", "SaveFile", " filters current_name"},
+          {Kind::SaveFile, "lead", "SaveFile", " filters current_name current_file"},
+          {Kind::SaveFile, "no\xfftext", "SaveFile", " filters"}}) {
+        SCOPED_TRACE(row.method + " " + row.saveName);
+        const bool isChosen = row.kind == Kind::OpenFiles;
+        startPortal(Way::Answers, isChosen ? 0 : 1);
         request.kind = row.kind;
         request.saveName = row.saveName;
-        EXPECT_EQ(ask(), State::Ended);
-        EXPECT_TRUE(paths.empty());
-        EXPECT_TRUE(portalSays(std::string(row.method) + " x11:2a00007|Load \"presets\"|(" +
-                               row.options + ")\n"))
-            << row.options << "\n"
-            << portal->output();
+        EXPECT_EQ(ask(kPortal), State::Ended);
+        EXPECT_EQ(paths, isChosen ? (Paths{"/a/\"b\xff", "/c"}) : Paths{});
+        const auto has = [&](const std::string& text) {
+            return portal->asked.find("\"" + text + "\"") != std::string::npos;
+        };
+        EXPECT_TRUE(portal->asked.starts_with(row.method) && has("x11:2a00007") &&
+                    has("Load \"presets\"") && has("modal") && has("current_folder"))
+            << portal->asked;
+        std::string options;
+        for (const char* name :
+             {"filters", "multiple", "directory", "current_name", "current_file"})
+            options += has(name) ? " " + std::string(name) : "";
+        EXPECT_EQ(options, row.options);
+        EXPECT_EQ(has(row.saveName + ".zmt"), has("current_name"));
+        EXPECT_LE(portal->asked.find("\"*.ZMT\""), portal->asked.find("\"*.zmb\""));
     }
 }
 
 TEST_F(PortalDialog, GivesWayToTheNextDialogWhereNobodySawIt) {
-    EXPECT_EQ(ask(), State::Failed) << "no portal on the bus";
-    startPortal({"refuse"});
-    EXPECT_EQ(ask(), State::Failed);
-    portal.reset();
-    startPortal({"answer", "2"});
-    EXPECT_EQ(ask(), State::Failed) << "ended by itself at once";
-    portal.reset();
-    startPortal({"hang"});
-    start(createSystemFileDialog(0));
-    ASSERT_TRUE(portalSays("OpenFile"));
+    EXPECT_EQ(ask(kPortal), State::Failed) << "no portal on the bus";
+    startPortal(Way::Refuses);
+    EXPECT_EQ(ask(kPortal), State::Failed);
+    startPortal(Way::Answers, 2);
+    EXPECT_EQ(ask(kPortal), State::Failed) << "ended by itself at once";
+    show(Way::Hangs);
     clock.advance(4000);
     EXPECT_EQ(look(), State::Open) << "it may be starting up";
     clock.advance(2000);
     EXPECT_EQ(look(), State::Failed);
-    close();
-    EXPECT_TRUE(portalSays("Close")) << "it must not open later";
-    bus.reset();
-    EXPECT_EQ(ask(), State::Failed) << "the bus has gone";
     request.window = 0;
-    EXPECT_EQ(ask(), State::Failed) << "no display";
+    EXPECT_EQ(start(kPortal), State::Failed) << "no display";
 }
 
-TEST_F(PortalDialog, IsClosedWithTheEditor) {
-    startPortal({"show"});
-    show();
-    clock.advance(60000);
-    EXPECT_EQ(look(), State::Open) << "the user takes what time it takes";
-    close();
-    EXPECT_TRUE(portalSays("Close /org/freedesktop/portal/desktop/request/"));
-}
-
-TEST_F(PortalDialog, CountsAsCancelledWhenItDies) {
-    startPortal({"leave"});
-    EXPECT_EQ(ask(), State::Ended);
-    EXPECT_TRUE(paths.empty());
+TEST_F(PortalDialog, GoesWithTheEditorAndCountsAsCancelledWhenItDies) {
+    show(Way::Shows);
+    dialog.reset();
+    EXPECT_TRUE(waitFor([&] {
+        portal->work();
+        return portal->wasToldToClose;
+    }));
+    show(Way::Shows);
     portal.reset();
-    startPortal({"show"});
-    show();
-    bus.reset();
     EXPECT_EQ(end(), State::Ended);
     EXPECT_TRUE(paths.empty());
 }
 
-TEST_F(PortalDialog, DoesNotWaitForABusThatIsHung) {
+TEST_F(DialogFixture, DoesNotWaitForABusThatIsHungOrFarAway) {
     const int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
+    sockaddr_un address{AF_UNIX, {}};
     path("hung").copy(address.sun_path, sizeof address.sun_path - 1);
     ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
     ASSERT_EQ(listen(listener, 1), 0);
-    set("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path("hung"));
-    ASSERT_EQ(start(createSystemFileDialog(0)), State::Open);
-    for (int turn = 0; turn < 20; ++turn, usleep(1000))
-        EXPECT_EQ(look(), State::Open);
+    set("DBUS_SESSION_BUS_ADDRESS", "tcp:host=far;unixexec:path=/b;unix:path=" + path("hung"));
+    EXPECT_EQ(sessionBusAddresses(), "unix:path=" + path("hung"));
+    ASSERT_EQ(start(kPortal), State::Open);
+    EXPECT_EQ(look(), State::Open);
     clock.advance(2000);
     EXPECT_EQ(look(), State::Failed);
-    close();
-    ::close(listener);
+    dialog.reset();
+    close(listener);
 }
 
 } // namespace
