@@ -46,6 +46,13 @@ protected:
     RenderReport report;
 };
 
+TEST(Plugin, TextsOfOtherValuesAndProgramsThatDoNotExistChangeNothing) {
+    const std::unique_ptr<Plugin> stub = valueOf(Plugin::load(PEDL_STUB_PLUGIN));
+    EXPECT_EQ(stub->displayTextAt(0, 0.25F), "25.0");
+    EXPECT_FALSE(stub->selectProgram(-1) || stub->selectProgram(2));
+    EXPECT_EQ(stub->parameter(0), 0.5F);
+}
+
 TEST_F(Render, EverySampleArrivesOnceWhateverTheBlockSize) {
     writeSound(request.in, 2, 48000, 1000, marked);
     Samples expected; // the stub's gain is a half
