@@ -20,9 +20,8 @@
 namespace pedl::test {
 namespace {
 
-using reference::HostTime, reference::PlainPedlFilter, reference::Sound;
-using reference::music, reference::randomChanges, reference::randomProgram, reference::randomValue;
-using reference::ParameterValue, reference::RandomChoice, reference::TestSeed;
+using namespace reference;
+using reference::HostTime; // the effect has one of its own
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr std::uint32_t kOneStoryIn = 8; // sanitizers look at memory, not at digits, and are slow

@@ -1,6 +1,7 @@
 // A host's automation and a view set values at the same time, and the audio thread sets the LFO's
 // rate when the tempo moves. Whatever meets, the engine then plays what is stored.
 
+#include "engine/ChangeMarks.h"
 #include "engine/ModFilterEngine.h"
 
 #include <gtest/gtest.h>
@@ -15,11 +16,11 @@
 namespace pedl {
 namespace {
 
+using E = ModFilterEngine;
+using Setter = void (E::*)(float) noexcept;
+
 constexpr int kMeetings = 20000;
 constexpr std::uint32_t kSeed = 12;
-
-using Setter = void (ModFilterEngine::*)(float) noexcept;
-using E = ModFilterEngine;
 
 /// Keeps the calling thread on one of its processors to the end of scope. Left alone, two threads
 /// that wait for each other end up taking turns on one.
@@ -117,12 +118,11 @@ struct OpenEngine : ModFilterEngine {
 
     /// The output's last frame of a few that are loud and soft by turns.
     std::array<double, 2> play(int round) {
-        constexpr int kFrames = 3;
-        std::array<double, kFrames> left, right;
+        std::array<double, 3> left, right;
         left.fill(round % 50 < 5 ? 0.9 : 0.01);
         right.fill(round % 70 < 5 ? 0.7 : -0.02);
         double* const channels[] = {left.data(), right.data()};
-        processDouble(channels, channels, kFrames);
+        processDouble(channels, channels, left.size());
         return {left.back(), right.back()};
     }
 };
@@ -151,6 +151,19 @@ TEST(ModFilterEngine, SettersThatMeetLeaveWhatOneThreadWouldHaveLeft) {
             (alone.*row.second)(b);
             ASSERT_EQ(met.play(round), alone.play(round)) << "meeting " << round;
         }
+    }
+}
+
+TEST(ChangeMarks, NoneIsLostThatIsRaisedWhileOthersAreTaken) {
+    enum class Group { Early, Late };
+    ChangeMarks<Group> marks;
+    Meeting meeting;
+    for (int round = 0; round < kMeetings; ++round) {
+        bool isSeen = false;
+        marks.mark(Group::Early);
+        meeting.of([&] { isSeen = marks.take().has(Group::Late); },
+                   [&] { marks.mark(Group::Late); });
+        ASSERT_NE(isSeen, marks.take().has(Group::Late)) << "meeting " << round;
     }
 }
 

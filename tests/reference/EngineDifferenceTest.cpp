@@ -8,8 +8,6 @@
 namespace pedl::reference {
 namespace {
 
-constexpr double kRatesHz[] = {44100.0, 48000.0, 96000.0, 192000.0};
-
 double peakOf(const Sound& sound) {
     double peak = 0.0;
     for (const auto& channel : sound)
@@ -56,7 +54,7 @@ TEST(EngineDifference, MetersAndModulationAreThoseOfThePlainEvaluation) {
     for (std::uint32_t run = 0; run < 40; ++run) {
         SCOPED_TRACE(testing::Message() << seed << ", run " << run);
         RandomChoice random(seed.value * 1000 + run);
-        const double rateHz = kRatesHz[random.below(4)];
+        const double rateHz = random.of<double>({44100.0, 48000.0, 96000.0, 192000.0});
         const auto program = programOf(random);
         StagedPlayer staged(rateHz, program);
         PlainPlayer plain(rateHz, program);
