@@ -7,14 +7,9 @@
 #include <xcb/xtest.h>
 #include <xkbcommon/xkbcommon.h>
 
-#include "vstgui/lib/platform/common/pixmansurface.h"
-#include "vstgui/lib/platform/offscreen/pngwriter.h"
-
 namespace VSTGUI {
 
 namespace {
-
-constexpr std::size_t kPieceBytes = 100;
 
 xcb_visualid_t visualOf(const xcb_screen_t& screen, uint8_t depth) {
     for (auto depths = xcb_screen_allowed_depths_iterator(&screen); depths.rem > 0;
@@ -33,9 +28,7 @@ HostProgram::HostProgram(int width, int height, uint8_t depth)
     const xcb_colormap_t colormap = xcb_generate_id(connection_);
     const xcb_visualid_t visual = visualOf(*screen_, depth);
     xcb_create_colormap(connection_, XCB_COLORMAP_ALLOC_NONE, colormap, screen_->root, visual);
-    const uint32_t values[] = {0, 0, 1,
-                               XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE |
-                                   XCB_EVENT_MASK_PROPERTY_CHANGE,
+    const uint32_t values[] = {0, 0, 1, XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE,
                                colormap};
     xcb_create_window(connection_, depth, window_, screen_->root, kX, kY,
                       static_cast<uint16_t>(width), static_cast<uint16_t>(height), 0,
@@ -194,22 +187,6 @@ uint32_t HostProgram::pixelAt(int x, int y) const {
     return pixel & 0xFFFFFF;
 }
 
-bool HostProgram::savePicture(const std::string& path, int width, int height) const {
-    const auto image = owned(xcb_get_image_reply(
-        connection_,
-        xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, screen_->root, kX, kY,
-                      static_cast<uint16_t>(width), static_cast<uint16_t>(height), ~0U),
-        nullptr));
-    if (!image)
-        return false;
-    const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-    std::vector<uint32_t> pixels(count);
-    std::memcpy(pixels.data(), xcb_get_image_data(image.get()), count * sizeof(uint32_t));
-    for (uint32_t& pixel : pixels)
-        pixel |= 0xFF000000;
-    return writePng(PixmanSurface(pixels.data(), width, height, width * 4, 1.0), path);
-}
-
 // Text of another program
 
 xcb_atom_t HostProgram::atom(const char* name) const {
@@ -278,13 +255,6 @@ void HostProgram::take(const xcb_generic_event_t& event) {
     case XCB_SELECTION_REQUEST:
         provide(eventAs<xcb_selection_request_event_t>(event));
         break;
-    case XCB_PROPERTY_NOTIFY: {
-        const auto& notice = eventAs<xcb_property_notify_event_t>(event);
-        if (notice.window == pieceReader_ && notice.atom == pieceProperty_ &&
-            notice.state == XCB_PROPERTY_DELETE)
-            sendPiece();
-        break;
-    }
     default:
         break;
     }
@@ -293,17 +263,10 @@ void HostProgram::take(const xcb_generic_event_t& event) {
 void HostProgram::provide(const xcb_selection_request_event_t& request) {
     if (habit_ == Habit::Silent)
         return;
-    const xcb_atom_t utf8 = atom("UTF8_STRING");
-    const bool isRefused =
-        habit_ == Habit::Refuses || (habit_ == Habit::Latin1Only && request.target == utf8);
+    const bool isRefused = habit_ == Habit::Refuses;
     if (habit_ == Habit::InPieces) {
-        pieceReader_ = request.requestor;
-        pieceProperty_ = request.property;
-        sentBytes_ = 0;
-        const uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-        xcb_change_window_attributes(connection_, pieceReader_, XCB_CW_EVENT_MASK, &mask);
         const auto size = static_cast<uint32_t>(text_.size());
-        xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, pieceReader_, pieceProperty_,
+        xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, request.requestor, request.property,
                             atom("INCR"), 32, 1, &size);
     } else if (!isRefused) {
         xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, request.requestor, request.property,
@@ -316,16 +279,6 @@ void HostProgram::provide(const xcb_selection_request_event_t& request) {
     notice.target = request.target;
     notice.property = isRefused ? xcb_atom_t{XCB_ATOM_NONE} : request.property;
     xcb_send_event(connection_, 0, request.requestor, 0, reinterpret_cast<const char*>(&notice));
-}
-
-void HostProgram::sendPiece() {
-    const std::size_t length = std::min(kPieceBytes, text_.size() - sentBytes_);
-    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, pieceReader_, pieceProperty_,
-                        atom("UTF8_STRING"), 8, static_cast<uint32_t>(length),
-                        text_.data() + sentBytes_);
-    sentBytes_ += length;
-    if (length == 0)
-        pieceReader_ = XCB_NONE;
 }
 
 } // namespace VSTGUI

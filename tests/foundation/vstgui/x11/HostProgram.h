@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "vstgui/lib/platform/linux/x11connection.h"
 
@@ -54,12 +53,10 @@ public:
     void uncover(xcb_window_t cover);
 
     uint32_t pixelAt(int x, int y) const; // 0xRRGGBB, what lies on top
-    /// Saves a part of the screen.
-    bool savePicture(const std::string& path, int width, int height) const;
 
     // Another program with text
 
-    enum class Habit { Plain, Latin1Only, InPieces, Refuses, Silent };
+    enum class Habit { Plain, InPieces, Refuses, Silent };
     void own(const char* selection, const std::string& text, Habit habit = Habit::Plain);
     /// The owner's text, while `pump` lets the owner work. "(none)" when it is refused.
     template <typename Pump> std::string ask(const char* selection, const char* target, Pump pump) {
@@ -79,7 +76,6 @@ private:
     bool hasAnswer();
     void take(const xcb_generic_event_t& event);
     void provide(const xcb_selection_request_event_t& request);
-    void sendPiece();
 
     xcb_connection_t* connection_;
     const xcb_screen_t* screen_;
@@ -91,9 +87,6 @@ private:
 
     std::string text_; // owned
     Habit habit_ = Habit::Plain;
-    std::size_t sentBytes_ = 0;
-    xcb_window_t pieceReader_ = XCB_NONE;
-    xcb_atom_t pieceProperty_ = XCB_ATOM_NONE;
 };
 
 } // namespace VSTGUI
