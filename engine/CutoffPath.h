@@ -13,6 +13,8 @@ struct StageTable;
 
 /// Cut-off frequencies of 20 Hz to 20 kHz in equal steps of pitch: a look-up in place of a power in
 /// every frame.
+///
+/// Threads: `hz` any, real time; `shared` any but audio, since it may have to build.
 class CutoffTable {
 public:
     static constexpr int kEntries = 99900;

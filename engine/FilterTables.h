@@ -5,11 +5,13 @@
 
 namespace pedl {
 
-/// Sine and cosine of omega = 2 pi f / fs for frequencies in equal steps of Hz.
 struct alignas(16) SineCosine {
     double sine, cosine;
 };
 
+/// Sine and cosine of omega = 2 pi f / fs for frequencies in equal steps of Hz.
+///
+/// Threads: reading any, real time; `forRate` any but audio.
 class TrigonometryTable {
 public:
     static constexpr int kEntries = 65536; // from 20 to 20000 Hz, 0.3 Hz apart
@@ -30,6 +32,8 @@ private:
 
 /// Exponents that bend the type knob by frequency, so that half a turn sounds like half a turn at
 /// every cut-off: one entry a whole hertz, 0 to 20000.
+///
+/// Threads: reading any, real time; `shared` any but audio, since it may have to build.
 struct MorphTable {
     static constexpr int kEntries = 20001;
     std::array<double, kEntries> towardsHighPass; ///< for types above band-pass

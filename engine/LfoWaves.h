@@ -12,6 +12,8 @@ constexpr int kWaveMask = kWaveSteps - 1;
 using WaveTable = std::array<double, kWaveSteps>;
 
 /// One cycle of each periodic wave.
+///
+/// Threads: reading any, real time; `shared` any but audio, since it may have to build.
 struct LfoWaves {
     WaveTable sine;     ///< 0..1
     WaveTable triangle; ///< 0..1
@@ -23,6 +25,8 @@ struct LfoWaves {
 };
 
 /// Random waves: new ones for each instance and each start, by design.
+///
+/// Thread: reading audio, real time; `draw` while no audio runs.
 struct RandomWaves {
     WaveTable values; ///< 0..1, pushed towards both ends
     WaveTable steps;  ///< -1..1 (the first 0..1), neighbours at least 0.15 apart in magnitude

@@ -43,6 +43,8 @@ struct ControlTick {
 
 /// A one-pole smoother over stretches. Most of the time it rests at its target; then its stretch is
 /// one constant, which is written once.
+///
+/// Thread: audio, real time; `snap` also while no audio runs.
 class StretchSmoother {
 public:
     explicit StretchSmoother(double start = 0.0) noexcept : value_(start) {}
