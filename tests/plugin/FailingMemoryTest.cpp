@@ -26,6 +26,9 @@ void* operator new(std::size_t bytes) {
         return block;
     throw std::bad_alloc();
 }
+void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
+    return allocationsLeft-- <= 0 ? nullptr : std::malloc(bytes);
+}
 void operator delete(void* block) noexcept {
     std::free(block);
 }
