@@ -22,6 +22,8 @@ public:
     void processDoubleReplacing(double**, double**, VstInt32 n) override { note("double", n); }
     void process(float**, float**, VstInt32 frames) override { note("process", frames); }
     void setParameter(VstInt32 index, float) override { note("setParameter", index); }
+    void setSampleRate(float rateHz) override { note("rate", rateHz); }
+    void setBlockSize(VstInt32 frames) override { note("block", frames); }
     void setProgram(VstInt32 program) override { note("setProgram", program); }
     VstInt32 setChunk(void*, VstInt32 byteSize, bool isPreset) override {
         return note("setChunk", byteSize, isPreset);
@@ -70,6 +72,7 @@ TEST_F(AudioEffectTest, EachCallReachesItsOperationWithItsArguments) {
     call(effSetProgram, 0, 2);
     for (const VstIntPtr program : {VstIntPtr{3}, VstIntPtr{-1}, VstIntPtr{1} << 32})
         call(effSetProgram, 0, program); // not declared: not passed on
+    call(effSetBlockSizeAndSampleRate, 0, 256, nullptr, 48000.0F);
     EXPECT_EQ(call(effSetChunk, 1, 9, text), 1);
     EXPECT_EQ(call(effGetProgramNameIndexed, 139, -1, text), 1);
     // The input arrangement travels as a number, the output arrangement as the pointer.
@@ -79,9 +82,9 @@ TEST_F(AudioEffectTest, EachCallReachesItsOperationWithItsArguments) {
     record_->processDoubleReplacing(record_, nullptr, nullptr, 17);
     record_->process(record_, nullptr, nullptr, 18);
     record_->setParameter(record_, 4, 0.5F);
-    EXPECT_EQ(log_, (Log{"resume", "suspend", "setProgram 2", "setChunk 9 1", "program name -1 139",
-                         "arrangement 1 2", "vendor 5 8 3", "float 16", "double 17", "process 18",
-                         "setParameter 4"}));
+    EXPECT_EQ(log_, (Log{"resume", "suspend", "setProgram 2", "block 256", "rate 48000",
+                         "setChunk 9 1", "program name -1 139", "arrangement 1 2", "vendor 5 8 3",
+                         "float 16", "double 17", "process 18", "setParameter 4"}));
 }
 
 TEST_F(AudioEffectTest, EveryCallIsSafeWithoutPointersAndWithWildNumbers) {

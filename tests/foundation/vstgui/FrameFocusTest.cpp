@@ -81,5 +81,12 @@ TEST_F(FrameFocus, AModalViewTakesTheKeyboardAndGetsTheKeysNobodyUsed) {
     modal->forget();
 }
 
+TEST(FrameSize, IsTheOldOneWhereTheHostRefusesTheNew) {
+    ToolkitWindow w;
+    w.mayResize = false;
+    EXPECT_FALSE(w.theFrame().setSize(300, 260));
+    EXPECT_EQ(w.theFrame().getViewSize(), CRect(0, 0, 200, 100));
+}
+
 } // namespace
 } // namespace VSTGUI

@@ -65,6 +65,7 @@ TEST(OptionMenu, EntriesMarksAndValue) {
     first->setTitle("-");
     EXPECT_FALSE(first->isSeparator()) << "someone named it so";
     menu->removeEntry(3);
+    EXPECT_EQ(menu->getCurrentIndex(true), 2);
     menu->removeEntry(2);
     EXPECT_FLOAT_EQ(menu->getValue(), 1.0F);
     first->remember();

@@ -155,6 +155,7 @@ public:
     void beginEdit(int32_t index) override { log.add("host begins " + std::to_string(index)); }
     void endEdit(int32_t index) override { log.add("host ends " + std::to_string(index)); }
     int32_t getKnobMode() const override { return knobMode; }
+    bool beforeSizeChange(const CRect& /*to*/, const CRect& /*from*/) override { return mayResize; }
     void valueChanged(CControl* /*control*/) override {
         log.add("value");
         if (onValue)
@@ -171,6 +172,7 @@ public:
     ManualClock clock;
     std::function<void()> onValue;
     int32_t knobMode = kCircularMode;
+    bool mayResize = true; // what the host says
 };
 
 } // namespace VSTGUI

@@ -45,6 +45,9 @@ TEST(X11Mouse, EveryButtonArrivesWithPlaceAndModifiersAndAnUpWithoutItself) {
     }),
               "pad wheel 1, pad wheel -1, pad wheel -1")
         << "sideways the other way round";
+    w.editor.theFrame().setScaleFactor(2.0);
+    w.logOfMove(60, 100);
+    EXPECT_EQ(w.pad->lastWhere, CPoint(30, 50)) << "in the editor's units";
 }
 
 TEST(X11Mouse, ADragGoesOnOutsideTheWindowAndEndsWhereTheReleaseIsNotTold) {
