@@ -66,6 +66,7 @@ void CDrawContext::setFont(const CFontRef font, const CCoord& size, const int32_
     const CCoord newSize = size > 0 ? size : font->getSize();
     const int32_t newStyle = style != -1 ? style : font->getStyle();
     CFontRef drawn = font;
+    // A copy: the font at hand may be shared by every view of every editor.
     if (newSize != font->getSize() || newStyle != font->getStyle())
         drawn = new CFontDesc(font->getName(), newSize, newStyle);
     else
@@ -95,6 +96,7 @@ void CDrawContext::drawString(UTF8StringPtr text, const CRect& rect, const CHori
     textClip.offset(state_.offset.x, state_.offset.y);
     state_.clip.bound(textClip);
     if (!state_.clip.isEmpty()) {
+        // Capital letters stand in the middle; what reaches below the line does not count.
         CPoint baseline(rect.left, rect.bottom - (rect.height() - capHeight()) / 2);
         if (align == kCenterText)
             baseline.x += (rect.width() - drawnWidth(text, antialias)) / 2;

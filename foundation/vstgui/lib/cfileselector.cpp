@@ -243,6 +243,7 @@ CNewFileSelector::CNewFileSelector(CFrame* frame) : frame_(frame) {}
 CNewFileSelector::~CNewFileSelector() = default;
 
 bool CNewFileSelector::run(CBaseObject* delegate) {
+    // A second dialog over the first would wait for it, unseen.
     if (!delegate || dialog_ || (frame_ && hasOpenDialog(*frame_)))
         return false;
     selectedFiles_.clear();

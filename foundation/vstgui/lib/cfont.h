@@ -13,7 +13,8 @@ enum CTxtFace {
     kStrikethroughFace = 1 << 4
 };
 
-/// Names a font: face, height of its em in pixels, style bits of `CTxtFace`.
+/// Names a font: face, height of its em in pixels, style bits of `CTxtFace`. Views of several
+/// editors may hold one; then nobody changes it.
 class CFontDesc : public CBaseObject {
 public:
     CFontDesc(UTF8StringPtr name = nullptr, const CCoord& size = 0, const int32_t style = 0);
@@ -43,7 +44,7 @@ private:
 
 using CFontRef = CFontDesc*;
 
-/// Shared objects: who changes one changes it for every user.
+/// Shared objects: who changes one changes it for every user, in every thread. Copy it instead.
 extern const CFontRef kSystemFont;
 extern const CFontRef kNormalFontVeryBig;
 extern const CFontRef kNormalFontBig;

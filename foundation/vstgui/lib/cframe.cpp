@@ -58,7 +58,7 @@ void CFrame::close() {
     forgetHovered();
     focusView_ = focusWhenActive_ = nullptr; // no `looseFocus`: an open text is discarded
     if (modalView_)
-        removeView(modalView_, false);
+        removeView(modalView_, false); // its creator's
     setCursor(kCursorDefault);
     removeAll();
     releasePlatformFrame();
@@ -220,6 +220,7 @@ CView* CFrame::getViewAt(const CPoint& where, bool deep) const {
 // Keyboard focus
 
 void CFrame::setFocusView(CView* view) {
+    // A view that loses the focus may ask for it in the same breath: not while another has it.
     if (view == focusView_ || (changingFocus_ && focusView_) || (view && view->getFrame() != this))
         return;
     if (!active_) {
@@ -386,6 +387,7 @@ CMouseEventResult CFrame::onMouseDown(CPoint& where, const CButtonState& buttons
     const CBaseObjectGuard self(this);
     noteMouse(where, buttons);
     mouseDownView = nullptr;
+    // Its text is committed before anything else happens: what is pressed may depend on it.
     if (focusView_ && focusView_->isTypeOf("CTextEdit"))
         setFocusView(nullptr);
     if (closing_)
@@ -430,7 +432,7 @@ bool CFrame::onWheel(const CPoint& where, const float& distance, const CButtonSt
 bool CFrame::onWheel(const CPoint& where, const CMouseWheelAxis& axis, const float& distance,
                      const CButtonState& buttons) {
     if (mouseDownView)
-        return false;
+        return false; // a wheel in the middle of a drag would be a second edit
     CView* const view = getViewAt(where);
     const CBaseObjectGuard self(this), held(view);
     return view && view->onWheel(where, axis, distance, buttons);

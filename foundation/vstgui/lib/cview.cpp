@@ -41,6 +41,7 @@ bool CView::isDirty() const {
     return dirty_;
 }
 
+// A mark alone, for the next idle: nothing is drawn within a call.
 void CView::setDirty(bool val) {
     dirty_ = val;
 }
@@ -98,6 +99,7 @@ bool CView::onWheel(const CPoint& /*where*/, const float& /*distance*/,
 
 bool CView::onWheel(const CPoint& where, const CMouseWheelAxis& axis, const float& distance,
                     const CButtonState& buttons) {
+    // To the right is down, as a wheel that is turned towards the user.
     return onWheel(where, axis == kMouseWheelAxisX ? -distance : distance, buttons);
 }
 
@@ -135,6 +137,7 @@ int32_t CView::onKeyUp(VstKeyCode& /*keyCode*/) {
 void CView::setViewSize(const CRect& rect, bool markDirty) {
     if (size == rect)
         return;
+    // Neither the mouseable area nor the old place: who moves a view sees to both.
     size = rect;
     if (markDirty)
         setDirty();

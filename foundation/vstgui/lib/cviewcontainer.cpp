@@ -60,7 +60,7 @@ bool CViewContainer::insert(CView* view, std::size_t index) {
     if (!view || view == this || view->isAttached() || CViewContainer::isChild(view))
         return false;
     children_.insert(children_.begin() + static_cast<std::ptrdiff_t>(index), view);
-    view->remember();
+    view->remember(); // the list's; the creator's, which comes over too, is the second
     if (isAttached()) {
         const CBaseObjectGuard held(view);
         view->attached(this);
@@ -148,6 +148,7 @@ CView* CViewContainer::getView(int32_t index) const {
                                               : nullptr;
 }
 
+// Mouse-enabled or not: a hint line asks for what lies there, not for who answers.
 CView* CViewContainer::getViewAt(const CPoint& where, bool deep) const {
     const CPoint local = toChildren(where);
     for (auto child = children_.rbegin(); child != children_.rend(); ++child) {
@@ -255,6 +256,7 @@ void CViewContainer::drawRect(CDrawContext* context, const CRect& updateRect) {
     context->setOffset(outerOffset + size.getTopLeft());
     context->setClipRect(clip);
     drawBackground(context);
+    // By index: drawing may add and remove views, and a snapshot at each paint costs references.
     for (std::size_t i = 0; i < children_.size(); ++i)
         drawChild(context, children_[i], clip);
 
@@ -295,7 +297,7 @@ bool CViewContainer::isDirty() const {
 bool CViewContainer::invalidateDirtyViews() {
     if (!isVisible())
         return true;
-    if (CView::isDirty()) {
+    if (CView::isDirty()) { // its own looks changed: that is all of its children's area too
         invalid();
         return true;
     }
@@ -362,7 +364,7 @@ CMouseEventResult CViewContainer::pressChild(CView* view, const CPoint& where,
     if (listenerTakesClick(view, buttons) || !CViewContainer::isChild(view))
         return kMouseEventHandled;
     if (view->wantsFocus() && pParentFrame)
-        pParentFrame->setFocusView(view);
+        pParentFrame->setFocusView(view); // before it sees the press: a text field opens by it
     if (!CViewContainer::isChild(view))
         return kMouseEventHandled;
 

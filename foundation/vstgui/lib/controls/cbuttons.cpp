@@ -24,6 +24,7 @@ COnOffButton::COnOffButton(const COnOffButton& button) = default;
 COnOffButton::~COnOffButton() = default;
 
 void COnOffButton::draw(CDrawContext* context) {
+    // The upper half is off. On is the maximum alone: a host's value in between shows as off.
     const bool isOn = value == vmax && getBackground();
     drawPicture(context, *this, CPoint(0, isOn ? getBackground()->getHeight() / 2 : 0));
 }
@@ -31,7 +32,7 @@ void COnOffButton::draw(CDrawContext* context) {
 CMouseEventResult COnOffButton::onMouseDown(CPoint& /*where*/, const CButtonState& buttons) {
     if (!buttons.isLeftButton())
         return kMouseEventNotHandled;
-    toggle();
+    toggle(); // at the press: there is nothing to wait for
     return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
 }
 
@@ -42,6 +43,7 @@ int32_t COnOffButton::onKeyDown(VstKeyCode& keyCode) {
     return 1;
 }
 
+/// Shown first: who is told may take the button away.
 void COnOffButton::toggle() {
     value = value == vmax ? vmin : vmax;
     invalid();
@@ -72,6 +74,7 @@ void CKickButton::draw(CDrawContext* context) {
     drawPicture(context, *this, offset + CPoint(0, value == vmax ? heightOfOneImage : 0));
 }
 
+/// What the picture shows is not told yet: the listener hears of it when the button is let go.
 void CKickButton::show(float newValue) {
     value = newValue;
     if (isDirty())
@@ -81,7 +84,7 @@ void CKickButton::show(float newValue) {
 CMouseEventResult CKickButton::onMouseDown(CPoint& where, const CButtonState& buttons) {
     if (!buttons.isLeftButton())
         return kMouseEventNotHandled;
-    beginEdit();
+    beginEdit(); // ends with the release, wherever the mouse is by then
     return onMouseMoved(where, buttons);
 }
 
@@ -116,6 +119,7 @@ int32_t CKickButton::onKeyUp(VstKeyCode& keyCode) {
     return 1;
 }
 
+/// Told while it is still on, so that who looks at the value sees the kick, then again at rest.
 void CKickButton::letGo() {
     if (value != vmin)
         valueChanged();

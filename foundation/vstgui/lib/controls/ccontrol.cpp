@@ -12,6 +12,7 @@ int32_t CControl::kDefaultValueModifier = kControl;
 CControl::CControl(const CRect& viewSize, CControlListener* controlListener, int32_t controlTag,
                    CBitmap* background)
     : CView(viewSize), listener(controlListener), tag(controlTag) {
+    // Qualified as everywhere in constructors: no derived class is there yet.
     CControl::setBackground(background); // marks it dirty, with or without a bitmap
     CControl::setDirty();
 }
@@ -28,7 +29,7 @@ CControl::~CControl() = default;
 // The value
 
 void CControl::setValue(float val) {
-    value = std::max(getMin(), std::min(val, getMax()));
+    value = std::max(getMin(), std::min(val, getMax())); // in this order NaN becomes the minimum
 }
 
 void CControl::setValueNormalized(float val) {
@@ -41,6 +42,7 @@ float CControl::getValueNormalized() const {
     return range == 0.0F ? 0.0F : (value - getMin()) / range;
 }
 
+// The value stays: a range is set one end after the other, and in between it may lie outside.
 void CControl::setMin(float val) {
     vmin = val;
 }
@@ -58,7 +60,7 @@ bool CControl::checkDefaultValue(CButtonState button) {
         return false;
     const float target = getDefaultValue();
     if (target == getValue())
-        return true;
+        return true; // nothing to tell, but the press must not begin a drag
     const CBaseObjectGuard self(this);
     beginEdit();
     setValue(target);
@@ -76,7 +78,7 @@ void CControl::setDirty(bool val) {
     if (!val)
         oldValue = value;
     else
-        oldValue = value != -1.0F ? -1.0F : 0.0F;
+        oldValue = value != -1.0F ? -1.0F : 0.0F; // any that is not the value
 }
 
 // What others hear of it
@@ -87,6 +89,8 @@ void CControl::valueChanged() {
         listener->valueChanged(this);
 }
 
+// Nothing is counted. Switches, knobs and menus nest these calls and leave some without their other
+// half on purpose; a host that records automation counts on seeing each.
 void CControl::beginEdit() {
     const CBaseObjectGuard self(this);
     if (listener)

@@ -68,6 +68,8 @@ void CKnob::draw(CDrawContext* context) {
     setDirty(false);
 }
 
+/// One step is an edit of its own. At the end of the range nothing moves, yet a value that somebody
+/// else has set and that is not on the screen yet is told: the user has confirmed it.
 bool CKnob::stepBy(float steps, bool fine) {
     const float before = value;
     value += steps * wheelInc * (fine ? kFineStep : 1.0F);
@@ -85,7 +87,7 @@ bool CKnob::onWheel(const CPoint& /*where*/, const float& distance, const CButto
     if (!getMouseEnabled())
         return false;
     stepBy(distance, (buttons & kZoomModifier) != 0);
-    return true;
+    return true; // at the end too: what lies below must not move instead
 }
 
 int32_t CKnob::onKeyDown(VstKeyCode& keyCode) {
@@ -108,7 +110,7 @@ CMouseEventResult CKnob::onMouseDown(CPoint& where, const CButtonState& buttons)
     if (!buttons.isLeftButton())
         return kMouseEventNotHandled;
     beginEdit();
-    if (checkDefaultValue(buttons)) {
+    if (checkDefaultValue(buttons)) { // an edit within the edit
         endEdit();
         return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
     }
@@ -119,7 +121,7 @@ CMouseEventResult CKnob::onMouseDown(CPoint& where, const CButtonState& buttons)
     relative_ = mode == kRelativCircularMode;
     fine_ = (buttons & kZoomModifier) != 0;
     startFrom(where);
-    return onMouseMoved(where, buttons);
+    return onMouseMoved(where, buttons); // a circle is entered where the press is
 }
 
 void CKnob::startFrom(const CPoint& where) {
@@ -141,7 +143,7 @@ CMouseEventResult CKnob::onMouseMoved(CPoint& where, const CButtonState& buttons
     bounceValue();
     if (value != before)
         valueChanged();
-    if (isDirty())
+    if (isDirty()) // asked before: `invalid` makes it clean
         invalid();
     return kMouseEventHandled;
 }
@@ -170,6 +172,7 @@ float CKnob::valueOnCircle(const CPoint& where) const {
     return atAngle;
 }
 
+/// In the gap below, the nearer end.
 float CKnob::valueAtAngle(const CPoint& where) const {
     const CPoint fromCentre = where - size.getCenter();
     const double angle = std::atan2(-fromCentre.y, fromCentre.x);
@@ -197,7 +200,8 @@ CAnimKnob::~CAnimKnob() = default;
 
 void CAnimKnob::draw(CDrawContext* context) {
     const float position = getValueNormalized() * static_cast<float>(subPixmaps - 1);
-    const auto picture = static_cast<int32_t>(std::max(position, 0.0F)); // not rounded
+    // Not rounded, unlike switches: the last picture is that of the greatest value alone.
+    const auto picture = static_cast<int32_t>(std::max(position, 0.0F));
     drawPicture(context, *this, offset + CPoint(0, heightOfOneImage * picture));
 }
 
@@ -207,6 +211,7 @@ bool CAnimKnob::sizeToFit() {
 
 void CAnimKnob::setHeightOfOneImage(const CCoord& height) {
     IMultiBitmapControl::setHeightOfOneImage(height);
+    // The strip knows better than who made the knob: a given count holds until here.
     if (getBackground() && height > 0)
         subPixmaps = static_cast<int32_t>(getBackground()->getHeight() / height);
 }

@@ -7,7 +7,7 @@ namespace VSTGUI {
 
 CMovieBitmap::CMovieBitmap(const CRect& viewSize, CControlListener* controlListener,
                            int32_t controlTag, CBitmap* background, const CPoint& pictureOffset)
-    : CMovieBitmap(viewSize, controlListener, controlTag,
+    : CMovieBitmap(viewSize, controlListener, controlTag, // one picture is as high as the view
                    background && viewSize.height() > 0
                        ? static_cast<int32_t>(background->getHeight() / viewSize.height())
                        : 0,

@@ -126,6 +126,7 @@ int32_t COptionMenu::getNbEntries() const {
     return static_cast<int32_t>(items_->size());
 }
 
+/// The title alone: who sets the value chooses, who sets the current entry shows.
 bool COptionMenu::setCurrent(int32_t index, bool countSeparator) {
     int32_t position = index;
     if (!countSeparator) {
@@ -192,6 +193,7 @@ bool COptionMenu::popup() {
     IPlatformFrame* window = getFrame() ? getFrame()->getPlatformFrame() : nullptr;
     if (platformMenu_ || !window || items_->empty())
         return false;
+    // The mark is the value's as long as the entries are not marked one by one.
     if ((style & kCheckStyle) && !(style & kTogglesMarks))
         checkEntryAlone(static_cast<int32_t>(value));
     platformMenu_ = window->createPlatformOptionMenu();
@@ -212,11 +214,12 @@ bool COptionMenu::popup() {
 
 void COptionMenu::popupEnded(int32_t index) {
     const CBaseObjectGuard guard(this); // a listener may take the control away
+    // Closed before anything is told: a listener may open it anew.
     if (platformMenu_)
         platformMenu_->forget();
     platformMenu_ = nullptr;
     setDirty();
-    if (!getEntry(index))
+    if (!getEntry(index)) // -1, or gone while the menu was open
         return;
     lastResult_ = index;
     if (style & kTogglesMarks)
@@ -224,6 +227,8 @@ void COptionMenu::popupEnded(int32_t index) {
     choose(index);
 }
 
+/// All of the edit at once: while the menu was open nothing was held, and hosts wait for the end of
+/// what has begun.
 void COptionMenu::choose(int32_t index) {
     beginEdit();
     setValue(static_cast<float>(index));
@@ -244,7 +249,7 @@ void COptionMenu::dismiss() {
 
 void COptionMenu::setValue(float val) {
     if (items_->empty() || !(val >= 0.0F && val <= vmax))
-        return;
+        return; // not clamped: another entry would be as wrong as none
     value = val;
     currentIndex_ = static_cast<int32_t>(val);
     setDirty();
@@ -273,7 +278,7 @@ void COptionMenu::draw(CDrawContext* context) {
 CMouseEventResult COptionMenu::onMouseDown(CPoint& /*where*/, const CButtonState& buttons) {
     if (!getFrame() || (!buttons.isLeftButton() && !buttons.isRightButton()))
         return kMouseEventNotHandled;
-    getFrame()->setFocusView(this);
+    getFrame()->setFocusView(this); // first: an open text field commits before the menu opens
     popup();
     return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
 }
@@ -294,6 +299,7 @@ int32_t COptionMenu::onKeyDown(VstKeyCode& keyCode) {
     }
 }
 
+/// Over separators, titles and disabled entries; not round the end.
 bool COptionMenu::step(int32_t direction) {
     for (int32_t i = static_cast<int32_t>(value) + direction; getEntry(i); i += direction)
         if (isSelectable(*getEntry(i))) {

@@ -32,11 +32,11 @@ CParamDisplay::~CParamDisplay() {
 
 void CParamDisplay::setFont(CFontRef font) {
     if (font)
-        font->remember();
+        font->remember(); // first: it may be the one that is given back
     if (fontID)
         fontID->forget();
     fontID = font;
-    setDirty();
+    setDirty(); // also for the same one: its size or style may have changed
 }
 
 void CParamDisplay::setFontColor(CColor color) {
@@ -98,6 +98,7 @@ void CParamDisplay::draw(CDrawContext* context) {
     if (style & kNoDrawStyle)
         return; // stays dirty
     char text[256] = {};
+    // A converter that does not know the value leaves it to the plain number.
     const bool isConverted = valueToString && valueToString(value, text, valueToStringUserData);
     if (!isConverted)
         std::snprintf(text, sizeof text, "%2.2f", static_cast<double>(value));
@@ -116,7 +117,7 @@ void CParamDisplay::drawBack(CDrawContext* context, CBitmap* newBack) {
     context->setFillColor(backColor);
     context->drawRect(size, kDrawFilled);
     if (style & (k3DIn | k3DOut | kNoFrame))
-        return;
+        return; // relief is not drawn, but has no frame either
     context->setLineWidth(1);
     context->setFrameColor(frameColor);
     context->drawRect(size, kDrawStroked);

@@ -62,6 +62,7 @@ void CSplashScreen::draw(CDrawContext* /*context*/) {
     setDirty(false);
 }
 
+// Other buttons press what lies below.
 bool CSplashScreen::hitTest(const CPoint& where, const CButtonState& buttons) {
     return (buttons & kLButton) != 0 && CControl::hitTest(where, buttons);
 }
@@ -81,7 +82,7 @@ CMouseEventResult CSplashScreen::onMouseDown(CPoint& /*where*/, const CButtonSta
         if (getFrame()->setModalView(modalView))
             CControl::valueChanged();
         else
-            value = vmin;
+            value = vmin; // another view is modal
     }
     return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
 }
@@ -102,7 +103,7 @@ void CSplashScreen::valueChanged(CControl* control) {
     if (control != modalView)
         return;
     const CBaseObjectGuard guard(this);
-    unSplash();
+    unSplash(); // before it is told: the listener may show something modal of its own
     CControl::valueChanged();
 }
 

@@ -57,7 +57,7 @@ CVerticalSwitch::CVerticalSwitch(const CRect& viewSize, CControlListener* contro
       positions_(iMaxPositions) {
     subPixmaps = pictures;
     heightOfOneImage = pictureHeight;
-    defaultValue = 0.0F;
+    defaultValue = 0.0F; // the first position, where other controls have the middle
     setWantsFocus(true);
 }
 
@@ -86,7 +86,7 @@ CMouseEventResult CVerticalSwitch::onMouseMoved(CPoint& where, const CButtonStat
         return kMouseEventNotHandled;
     const float before = value;
     value = vmin + (vmax - vmin) * normalisedAt(where.y - size.top, getHeight(), positions_);
-    bounceValue();
+    bounceValue(); // a drag goes on outside the strip
     tellChange(*this, value != before);
     return kMouseEventHandled;
 }
@@ -174,7 +174,7 @@ CRockerSwitch::CRockerSwitch(const CRect& viewSize, CControlListener* controlLis
       style(styleBits) {
     heightOfOneImage = pictureHeight;
     subPixmaps = 3;
-    vmin = -1.0F;
+    vmin = -1.0F; // rest is 0, between the sides
     setWantsFocus(true);
 }
 
@@ -196,6 +196,7 @@ float CRockerSwitch::middle() const {
     return vmin + (vmax - vmin) / 2;
 }
 
+/// The side that is pressed there; outside, the rest: a press can be taken back.
 float CRockerSwitch::sideAt(const CPoint& where) const {
     if (!size.pointInside(where))
         return middle();
@@ -251,7 +252,7 @@ int32_t CRockerSwitch::onKeyDown(VstKeyCode& keyCode) {
         side = vmax;
     else if (keyCode.virt != VKEY_LEFT && keyCode.virt != VKEY_UP)
         return -1;
-    if (value == side) // the key repeats
+    if (value == side) // the key repeats; its edit is open
         return 1;
     const float before = std::exchange(value, side);
     beginEdit();
@@ -273,8 +274,8 @@ int32_t CRockerSwitch::onKeyUp(VstKeyCode& keyCode) {
 CMessageResult CRockerSwitch::notify(CBaseObject* sender, IdStringPtr message) {
     if (sender != resetValueTimer || message != CVSTGUITimer::kMsgTimer || !resetValueTimer)
         return CControl::notify(sender, message);
-    const CBaseObjectGuard guard(this); // the listener may take the rocker away
-    const bool hasMoved = value != middle();
+    const CBaseObjectGuard guard(this);      // the listener may take the rocker away
+    const bool hasMoved = value != middle(); // a press may have ended at rest meanwhile
     value = middle();
     if (hasMoved) {
         valueChanged();

@@ -37,6 +37,7 @@ void CTextEdit::setText(UTF8StringPtr txt) {
         platformControl->setText(getText());
 }
 
+/// Writes the number over the text. A field for names overrides this: it has no number.
 void CTextEdit::setValue(float val) {
     CTextLabel::setValue(val);
     char written[256] = {};
@@ -68,7 +69,7 @@ int32_t CTextEdit::onKeyDown(VstKeyCode& keyCode) {
     if (!isReturn && keyCode.virt != VKEY_ESCAPE)
         return -1;
     if (!isReturn)
-        platformControl->setText(getText());
+        platformControl->setText(getText()); // Escape: nothing has changed when the field closes
     platformLooseFocus(isReturn);
     return 1;
 }
@@ -77,7 +78,7 @@ void CTextEdit::takeFocus() {
     IPlatformFrame* window = getFrame() ? getFrame()->getPlatformFrame() : nullptr;
     if (platformControl || !window)
         return;
-    bWasReturnPressed = false;
+    bWasReturnPressed = false; // told by the end that comes now, not by the last one
     platformControl = window->createPlatformTextEdit(this);
     invalid();
 }
@@ -90,7 +91,7 @@ void CTextEdit::looseFocus() {
     // A field leaves out what it cannot show: that is no change of the user's.
     const std::string before = getText();
     const bool isChanged = typed != before && typed != oneLine(before, kMostFieldCharacters);
-    closeField();
+    closeField(); // first: what is told below may take the focus elsewhere once more
     if (isChanged) {
         beginEdit();
         setText(typed.c_str());
@@ -98,6 +99,7 @@ void CTextEdit::looseFocus() {
         endEdit();
     }
     invalid();
+    // Whoever laid the field over something else takes it away now.
     for (CView* parent = getParentView(); parent; parent = parent->getParentView())
         if (parent->notify(this, kMsgLooseFocus) == kMessageNotified)
             break;

@@ -30,7 +30,7 @@ void CTextLabel::setText(UTF8StringPtr txt) {
     if (!txt)
         txt = "";
     if (text && std::strcmp(text, txt) == 0)
-        return;
+        return; // labels are set again and again from idle: no drawing for nothing
     const std::size_t bytes = std::strlen(txt) + 1;
     auto* copy = new char[bytes]; // before the old one goes: `txt` may be a part of it
     std::memcpy(copy, txt, bytes);
@@ -46,6 +46,7 @@ void CTextLabel::draw(CDrawContext* context) {
 }
 
 bool CTextLabel::sizeToFit() {
+    // Only a context measures, and only a frame with a window makes one.
     COffscreenContext* measure = COffscreenContext::create(getFrame(), 1, 1);
     if (!measure)
         return false;

@@ -22,7 +22,7 @@ bool fitToPicture(CControl& control, CCoord pictureHeight) {
     const CRect fitting(control.getViewSize().getTopLeft(),
                         CPoint(strip->getWidth(), pictureHeight));
     control.setViewSize(fitting, true);
-    control.setMouseableArea(fitting);
+    control.setMouseableArea(fitting); // it does not follow the size by itself
     return true;
 }
 
