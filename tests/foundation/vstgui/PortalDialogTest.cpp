@@ -10,77 +10,12 @@ namespace {
 
 constexpr int32_t kPortal = 0; // among the dialogs of the system
 
-/// A desktop's portal: owns its name on the session's bus and answers as it is told.
-class Portal {
-public:
-    enum class Way { Shows, Refuses, Hangs, Answers };
-
-    /// @param code  of an answer, which names the same files whatever it is
-    explicit Portal(Way way, uint32_t code = 0) : way_(way), code_(code) {
-        static const sd_bus_vtable chooser[] = {
-            SD_BUS_VTABLE_START(0),
-            SD_BUS_METHOD("OpenFile", "ssa{sv}", "o", onCall, SD_BUS_VTABLE_UNPRIVILEGED),
-            SD_BUS_METHOD("SaveFile", "ssa{sv}", "o", onCall, SD_BUS_VTABLE_UNPRIVILEGED),
-            SD_BUS_VTABLE_END};
-        sd_bus_open_user(&bus_);
-        sd_bus_add_object_vtable(bus_, nullptr, kPath, "org.freedesktop.portal.FileChooser",
-                                 chooser, this);
-        sd_bus_add_filter(bus_, nullptr, onMessage, this);
-        EXPECT_GE(sd_bus_request_name(bus_, "org.freedesktop.portal.Desktop", 0), 0);
-    }
-    ~Portal() { sd_bus_flush_close_unref(bus_); }
-    void work() {
-        while (sd_bus_process(bus_, nullptr) > 0)
-            ;
-    }
-
-    std::string asked; // the method, and what it was given as the bus types it
-    bool wasToldToClose = false;
-
-private:
-    static constexpr const char* kPath = "/org/freedesktop/portal/desktop";
-
-    static int onCall(sd_bus_message* m, void* portal, sd_bus_error*) {
-        return static_cast<Portal*>(portal)->answer(m);
-    }
-    static int onMessage(sd_bus_message* m, void* portal, sd_bus_error*) {
-        static_cast<Portal*>(portal)->wasToldToClose |=
-            sd_bus_message_is_method_call(m, "org.freedesktop.portal.Request", "Close") > 0;
-        return 0;
-    }
-    int answer(sd_bus_message* m) {
-        char* text = nullptr;
-        std::size_t size = 0;
-        FILE* const file = open_memstream(&text, &size);
-        sd_bus_message_dump(m, file, SD_BUS_MESSAGE_DUMP_SUBTREE_ONLY);
-        fclose(file);
-        asked = sd_bus_message_get_member(m) + std::string(text, size);
-        free(text);
-        if (way_ == Way::Hangs)
-            return 1;
-        if (way_ == Way::Refuses)
-            return sd_bus_reply_method_errorf(m, "org.freedesktop.portal.Error.Failed", "no");
-        std::string sender = sd_bus_message_get_sender(m) + 1;
-        std::ranges::replace(sender, '.', '_');
-        const std::string handle = std::string(kPath) + "/request/" + sender + "/dialog";
-        sd_bus_reply_method_return(m, "o", handle.c_str());
-        if (way_ == Way::Answers)
-            sd_bus_emit_signal(bus_, handle.c_str(), "org.freedesktop.portal.Request", "Response",
-                               "ua{sv}", code_, 2, "choices", "a(ss)", 1, "a", "b", "uris", "as", 3,
-                               "file:///a/%22b%FF", "http://x/y", "file:///c");
-        return 1;
-    }
-
-    const Way way_;
-    const uint32_t code_;
-    sd_bus* bus_ = nullptr;
-};
-
-using Way = Portal::Way;
-
-/// With a session bus that starts nothing by itself.
+/// With a session bus that starts nothing by itself, and a desktop's portal on it that answers as
+/// it is told.
 class PortalDialog : public DialogFixture {
 protected:
+    enum class Way { Shows, Refuses, Hangs, Answers };
+
     void SetUp() override {
         pedl::test::writeText(
             path("bus.conf"),
@@ -88,35 +23,72 @@ protected:
                 "</listen><policy context='default'><allow send_destination='*'/>"
                 "<allow receive_sender='*'/><allow own='*'/></policy></busconfig>");
         set("PATH", "/usr/bin:/bin");
-        bus = ChildProgram::start(
+        daemon = ChildProgram::start(
             {"dbus-daemon", "--nofork", "--print-address", "--config-file=" + path("bus.conf")});
-        if (!bus)
+        if (!daemon)
             GTEST_SKIP() << "dbus-daemon is not installed";
-        EXPECT_TRUE(waitFor([&] { return bus->hasEnded() || !bus->output().empty(); }));
+        EXPECT_TRUE(waitFor([&] { return daemon->hasEnded() || !daemon->output().empty(); }));
         set("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path("bus"));
+        sd_bus_open_user(&bus);
+        sd_bus_add_filter(bus, nullptr, onMessage, this);
     }
     void TearDown() override {
         dialog.reset();
-        portal.reset();
-        bus.reset();
+        leave();
+        daemon.reset();
     }
-    void startPortal(Way way, uint32_t code = 0) {
-        portal.reset();
-        portal = std::make_unique<Portal>(way, code);
-    }
+    void appear() { EXPECT_GE(sd_bus_request_name(bus, "org.freedesktop.portal.Desktop", 0), 0); }
+    void leave() { bus = sd_bus_flush_close_unref(bus); }
+
     State look() override {
-        if (portal)
-            portal->work();
-        return DialogFixture::look();
+        while (bus && sd_bus_process(bus, nullptr) > 0)
+            ;
+        return dialog ? DialogFixture::look() : State::Ended;
     }
-    void show(Way way) {
-        startPortal(way);
+    void show() {
         ASSERT_EQ(start(kPortal), State::Open);
-        ASSERT_TRUE(waitFor([&] { return look() != State::Open || !portal->asked.empty(); }));
+        ASSERT_TRUE(waitFor([&] { return look() != State::Open || !asked.empty(); }));
     }
 
-    std::unique_ptr<ChildProgram> bus;
-    std::unique_ptr<Portal> portal;
+    Way way = Way::Shows;
+    uint32_t code = 0; // of an answer, which names the same files whatever it is
+    std::string asked; // the method, and what it was given as the bus types it
+    bool wasToldToClose = false;
+
+private:
+    static int onMessage(sd_bus_message* m, void* test, sd_bus_error*) {
+        auto& self = *static_cast<PortalDialog*>(test);
+        self.wasToldToClose |=
+            sd_bus_message_is_method_call(m, "org.freedesktop.portal.Request", "Close") > 0;
+        if (sd_bus_message_is_method_call(m, "org.freedesktop.portal.FileChooser", nullptr) <= 0)
+            return 0;
+        self.answer(m);
+        return 1;
+    }
+    void answer(sd_bus_message* m) {
+        char* text = nullptr;
+        std::size_t size = 0;
+        FILE* const file = open_memstream(&text, &size);
+        sd_bus_message_dump(m, file, SD_BUS_MESSAGE_DUMP_SUBTREE_ONLY);
+        fclose(file);
+        asked = sd_bus_message_get_member(m) + std::string(text, size);
+        free(text);
+        if (way == Way::Refuses)
+            sd_bus_reply_method_errorf(m, "org.freedesktop.portal.Error.Failed", "no");
+        if (way == Way::Refuses || way == Way::Hangs)
+            return;
+        std::string sender = sd_bus_message_get_sender(m) + 1;
+        std::ranges::replace(sender, '.', '_');
+        const std::string handle = "/org/freedesktop/portal/desktop/request/" + sender + "/dialog";
+        sd_bus_reply_method_return(m, "o", handle.c_str());
+        if (way == Way::Answers)
+            sd_bus_emit_signal(bus, handle.c_str(), "org.freedesktop.portal.Request", "Response",
+                               "ua{sv}", code, 2, "choices", "a(ss)", 1, "a", "b", "uris", "as", 3,
+                               "file:///a/%22b%FF", "http://x/y", "file:///c");
+    }
+
+    std::unique_ptr<ChildProgram> daemon;
+    sd_bus* bus = nullptr;
 };
 
 TEST(FileUri, IsThePathOnThisMachineByteByByte) {
@@ -133,6 +105,8 @@ TEST(FileUri, IsThePathOnThisMachineByteByByte) {
 }
 
 TEST_F(PortalDialog, PassesTheRequestOnAndTheAnswerBack) {
+    appear();
+    way = Way::Answers;
     pedl::test::writeText(path("lead.zmt"), "");
     struct Row {
         Kind kind;
@@ -147,34 +121,38 @@ TEST_F(PortalDialog, PassesTheRequestOnAndTheAnswerBack) {
           {Kind::SaveFile, "no\xfftext", "SaveFile", " filters"}}) {
         SCOPED_TRACE(row.method + " " + row.saveName);
         const bool isChosen = row.kind == Kind::OpenFiles;
-        startPortal(Way::Answers, isChosen ? 0 : 1);
+        code = isChosen ? 0 : 1;
         request.kind = row.kind;
         request.saveName = row.saveName;
         EXPECT_EQ(ask(kPortal), State::Ended);
         EXPECT_EQ(paths, isChosen ? (Paths{"/a/\"b\xff", "/c"}) : Paths{});
         const auto has = [&](const std::string& text) {
-            return portal->asked.find("\"" + text + "\"") != std::string::npos;
+            return asked.find("\"" + text + "\"") != std::string::npos;
         };
-        EXPECT_TRUE(portal->asked.starts_with(row.method) && has("x11:2a00007") &&
+        EXPECT_TRUE(asked.starts_with(row.method) && has("x11:2a00007") &&
                     has("Load \"presets\"") && has("modal") && has("current_folder"))
-            << portal->asked;
+            << asked;
         std::string options;
         for (const char* name :
              {"filters", "multiple", "directory", "current_name", "current_file"})
             options += has(name) ? " " + std::string(name) : "";
         EXPECT_EQ(options, row.options);
         EXPECT_EQ(has(row.saveName + ".zmt"), has("current_name"));
-        EXPECT_LE(portal->asked.find("\"*.ZMT\""), portal->asked.find("\"*.zmb\""));
+        EXPECT_LE(asked.find("\"*.ZMT\""), asked.find("\"*.zmb\""));
     }
 }
 
 TEST_F(PortalDialog, GivesWayToTheNextDialogWhereNobodySawIt) {
     EXPECT_EQ(ask(kPortal), State::Failed) << "no portal on the bus";
-    startPortal(Way::Refuses);
+    appear();
+    way = Way::Refuses;
     EXPECT_EQ(ask(kPortal), State::Failed);
-    startPortal(Way::Answers, 2);
+    way = Way::Answers;
+    code = 2;
     EXPECT_EQ(ask(kPortal), State::Failed) << "ended by itself at once";
-    show(Way::Hangs);
+    way = Way::Hangs;
+    asked.clear();
+    show();
     clock.advance(4000);
     EXPECT_EQ(look(), State::Open) << "it may be starting up";
     clock.advance(2000);
@@ -184,14 +162,13 @@ TEST_F(PortalDialog, GivesWayToTheNextDialogWhereNobodySawIt) {
 }
 
 TEST_F(PortalDialog, GoesWithTheEditorAndCountsAsCancelledWhenItDies) {
-    show(Way::Shows);
+    appear();
+    show();
     dialog.reset();
-    EXPECT_TRUE(waitFor([&] {
-        portal->work();
-        return portal->wasToldToClose;
-    }));
-    show(Way::Shows);
-    portal.reset();
+    EXPECT_TRUE(waitFor([&] { return look(), wasToldToClose; }));
+    asked.clear();
+    show();
+    leave();
     EXPECT_EQ(end(), State::Ended);
     EXPECT_TRUE(paths.empty());
 }
