@@ -61,6 +61,8 @@ TEST_F(PresetFile, IsRememberedByFolderAndNameWhateverBecameOfIt) {
     files.load(FileKind::Bank, "in the working folder.zmb");
     ASSERT_TRUE(effect.keepRecentFiles());
     EXPECT_EQ(journal.settings.values.at("CurrPreset").size(), 8U * 2U + 1U);
+    for (const char* value : {"CurrDir", "CurrBank", "CurrMidi"})
+        EXPECT_TRUE(journal.settings.values.contains(value)) << value;
     PlainEffect other(journal);
     other.startPresetSystem();
     for (const PlainEffect* const instance : {&effect, &other}) {
