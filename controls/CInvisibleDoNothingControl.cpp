@@ -4,11 +4,14 @@ namespace pedl {
 
 using namespace VSTGUI;
 
-CInvisibleDoNothingControl::CInvisibleDoNothingControl(const CRect& size,
-                                                       CControlListener* listener, int32_t tag)
-    : CControl(size, listener, tag, nullptr) {}
+CInvisibleDoNothingControl::CInvisibleDoNothingControl(const CRect& viewSize,
+                                                       CControlListener* controlListener,
+                                                       int32_t controlTag)
+    : CControl(viewSize, controlListener, controlTag, nullptr) {}
 
-void CInvisibleDoNothingControl::draw(CDrawContext* /*context*/) { setDirty(false); }
+void CInvisibleDoNothingControl::draw(CDrawContext* /*context*/) {
+    setDirty(false);
+}
 
 CMouseEventResult CInvisibleDoNothingControl::onMouseDown(CPoint& /*where*/,
                                                           const CButtonState& /*buttons*/) {
