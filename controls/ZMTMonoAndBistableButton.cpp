@@ -25,8 +25,12 @@ ZMTMonoAndBistableButton::ZMTMonoAndBistableButton(const CRect& viewSize,
     setWantsFocus(true);
 }
 
-float ZMTMonoAndBistableButton::restingValue(int32_t ofMode) const {
-    return ofMode == kSecondMomentary ? vmin : vmax;
+float ZMTMonoAndBistableButton::pressedValue() const {
+    return mode == kFirstMomentary ? vmin : vmax;
+}
+
+float ZMTMonoAndBistableButton::startValue() const {
+    return mode == kSecondMomentary ? vmin : vmax;
 }
 
 float ZMTMonoAndBistableButton::secondFrameValue() const {
@@ -36,7 +40,7 @@ float ZMTMonoAndBistableButton::secondFrameValue() const {
 void ZMTMonoAndBistableButton::setMode(int32_t newMode) {
     const CBaseObjectGuard self(this);
     mode = std::clamp<int32_t>(newMode, kFirstMomentary, kToggle);
-    value = restingValue(mode);
+    value = startValue();
     modeChangeNotification = true;
     valueChanged();
     modeChangeNotification = false;
@@ -59,7 +63,7 @@ void ZMTMonoAndBistableButton::press() {
     if (mode == kToggle)
         value = value == 0.0F ? vmax : vmin;
     else
-        value = otherEnd(restingValue(mode));
+        value = pressedValue();
     valueChanged();
 }
 
@@ -80,7 +84,7 @@ CMouseEventResult ZMTMonoAndBistableButton::onMouseUp(CPoint& /*where*/,
     const CBaseObjectGuard self(this);
     modeChangeNotification = false;
     if (mode != kToggle) {
-        value = restingValue(mode);
+        value = otherEnd(pressedValue());
         valueChanged();
     }
     invalid();
@@ -99,7 +103,7 @@ int32_t ZMTMonoAndBistableButton::onKeyDown(VstKeyCode& keyCode) {
         return -1;
     const CBaseObjectGuard self(this);
     if (static_cast<float>(mode) < vmax) {
-        value = mode == kToggle ? vmax : otherEnd(restingValue(mode));
+        value = pressedValue();
         valueChanged();
     }
     invalid();
@@ -114,7 +118,7 @@ int32_t ZMTMonoAndBistableButton::onKeyUp(VstKeyCode& keyCode) {
     if (vmax <= static_cast<float>(mode))
         value = value == 0.0F ? vmax : vmin;
     else
-        value = restingValue(mode);
+        value = otherEnd(pressedValue());
     invalid();
     endEdit();
     return 1;

@@ -41,8 +41,10 @@ public:
 protected:
     enum Mode : int32_t { kFirstMomentary, kSecondMomentary, kToggle };
 
-    /// Where a mode rests, and the value of a toggle that begins.
-    [[nodiscard]] virtual float restingValue(int32_t ofMode) const;
+    /// What a press makes of the value where it does not toggle.
+    [[nodiscard]] virtual float pressedValue() const;
+    /// Where a mode begins: at rest, or a toggle's start.
+    [[nodiscard]] virtual float startValue() const;
     /// The value that the second frame shows.
     [[nodiscard]] virtual float secondFrameValue() const;
     ~ZMTMonoAndBistableButton() override = default;
