@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/BalancedEdits.h"
 #include "controls/Hovering.h"
 #include "vstgui/lib/controls/cbuttons.h"
 
@@ -9,7 +10,7 @@ namespace pedl {
 ///
 /// It tells 0.5 for the right button alone and 1 for everything else, a right click with a modifier
 /// too, and rests at 0 again when the listener returns.
-class CSaveLoadButton : public Hovering<VSTGUI::CKickButton> {
+class CSaveLoadButton : public Hovering<BalancedEdits<VSTGUI::CKickButton>> {
 public:
     CSaveLoadButton(const VSTGUI::CRect& size, VSTGUI::CControlListener* listener, int32_t tag,
                     int32_t heightOfOneImage, VSTGUI::CBitmap* background,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/BalancedEdits.h"
 #include "controls/Hovering.h"
 #include "vstgui/lib/controls/cbuttons.h"
 
@@ -9,7 +10,7 @@ namespace pedl {
 /// press with 1 and does not tell its release.
 ///
 /// With `doubleClickOnly` nothing but a double click presses it, with Control as 0.5.
-class CZMKickButton : public Hovering<VSTGUI::CKickButton> {
+class CZMKickButton : public Hovering<BalancedEdits<VSTGUI::CKickButton>> {
 public:
     CZMKickButton(const VSTGUI::CRect& size, VSTGUI::CControlListener* listener, int32_t tag,
                   int32_t heightOfOneImage, VSTGUI::CBitmap* background,
