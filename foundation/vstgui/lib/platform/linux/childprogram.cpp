@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <spawn.h>
-#include <stdlib.h>
 #include <sys/wait.h>
 #include <time.h>
 #include <unistd.h>
@@ -12,8 +11,8 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
-#include <string_view>
 
+#include "foundation/platform/ChildEnvironment.h"
 #include "vstgui/lib/plainmutex.h"
 
 namespace VSTGUI {
@@ -31,35 +30,6 @@ constexpr double kAskedMs = 15;
 constexpr double kToldMs = 20;
 /// The same for all that are left when the library goes.
 constexpr double kLibraryEndMs = 50;
-
-// clang-format off
-/// What a host, or the bundle that it comes in, sets for itself and what breaks a program of the
-/// system.
-constexpr std::string_view kHostsOwn[] = {
-    // the host's versions of libraries in the place of the system's
-    "LD_LIBRARY_PATH", "LD_PRELOAD", "LD_AUDIT",
-    // its loadable parts of GTK, built against those versions
-    "GTK_PATH", "GTK_MODULES", "GTK3_MODULES", "GTK_EXE_PREFIX", "GTK_DATA_PREFIX",
-    "GTK_IM_MODULE_FILE", "GTK2_RC_FILES", "GDK_PIXBUF_MODULE_FILE", "GDK_PIXBUF_MODULEDIR",
-    "GIO_MODULE_DIR", "GIO_EXTRA_MODULES", "GI_TYPELIB_PATH", "GSETTINGS_SCHEMA_DIR",
-    // of Pango and fontconfig
-    "PANGO_LIBDIR", "PANGO_SYSCONFDIR", "PANGO_RC_FILE", "FONTCONFIG_FILE", "FONTCONFIG_PATH",
-    // of Qt
-    "QT_PLUGIN_PATH", "QT_QPA_PLATFORM_PLUGIN_PATH", "QML2_IMPORT_PATH", "QML_IMPORT_PATH",
-    // of C's character sets
-    "GCONV_PATH", "LOCPATH",
-    // written anew below: the dialog belongs to an X11 window
-    "GDK_BACKEND", "QT_QPA_PLATFORM",
-};
-// clang-format on
-
-/// As the C library chooses the character set.
-bool speaksUtf8() {
-    for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"})
-        if (const char* locale = getenv(name); locale && *locale)
-            return strcasestr(locale, "utf-8") || strcasestr(locale, "utf8");
-    return false;
-}
 
 /// A `char*` each and a null at the end, as C takes them. They point into `texts`.
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
@@ -88,7 +58,8 @@ bool openPipe(std::array<int, 2>& ends) {
 }
 
 pid_t spawn(std::vector<std::string> arguments, int outputFile) {
-    std::vector<std::string> environment = environmentOfChild();
+    std::vector<std::string> environment =
+        pedl::environmentOfChild({"GDK_BACKEND=x11", "QT_QPA_PLATFORM=xcb"}); // an X11 window's
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
     posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
@@ -184,21 +155,6 @@ void endGroup(pid_t process) {
 }
 
 } // namespace
-
-std::vector<std::string> environmentOfChild() {
-    const bool isUtf8 = speaksUtf8();
-    std::vector<std::string> lines{"GDK_BACKEND=x11", "QT_QPA_PLATFORM=xcb"};
-    if (!isUtf8) // names with other letters than English would come back with question marks
-        lines.emplace_back("LC_CTYPE=C.UTF-8");
-    for (char** line = environ; line && *line; ++line) {
-        const std::string_view name(*line, strcspn(*line, "="));
-        const bool isReplaced = !isUtf8 && (name == "LC_ALL" || name == "LC_CTYPE");
-        if (!isReplaced &&
-            std::find(std::begin(kHostsOwn), std::end(kHostsOwn), name) == std::end(kHostsOwn))
-            lines.emplace_back(*line);
-    }
-    return lines;
-}
 
 void ChildProgram::reapLate() {
     reapLeaversWithin(0);

@@ -46,8 +46,4 @@ private:
     bool succeeded_ = false;
 };
 
-/// The process's environment for a program that is no part of the host: "NAME=value" each.
-/// Thread: any, while the host leaves its environment alone.
-std::vector<std::string> environmentOfChild();
-
 } // namespace VSTGUI
