@@ -30,4 +30,10 @@ CMouseEventResult CSaveLoadButton::onMouseDown(CPoint& /*where*/, const CButtonS
     return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
 }
 
+void CSaveLoadButton::looseFocus() {
+    value = 0.0F;
+    invalid();
+    endOpenEdits();
+}
+
 } // namespace pedl

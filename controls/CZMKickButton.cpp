@@ -42,4 +42,10 @@ CMouseEventResult CZMKickButton::onMouseMoved(CPoint& /*where*/, const CButtonSt
     return pressed ? kMouseEventHandled : kMouseEventNotHandled;
 }
 
+void CZMKickButton::looseFocus() {
+    value = 0.0F;
+    invalid();
+    endOpenEdits();
+}
+
 } // namespace pedl

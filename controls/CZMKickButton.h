@@ -24,6 +24,7 @@ public:
     /// Keeps the press until its release; the toolkit's button would spring back outside.
     VSTGUI::CMouseEventResult onMouseMoved(VSTGUI::CPoint& where,
                                            const VSTGUI::CButtonState& buttons) override;
+    void looseFocus() override; // ends what a held key began
 
     bool doubleClickOnly;
     bool pressed = false;

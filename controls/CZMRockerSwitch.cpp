@@ -82,6 +82,15 @@ CMouseEventResult CZMRockerSwitch::onMouseExited(CPoint& /*where*/,
     return kMouseEventHandled;
 }
 
+/// The release of a key that is held goes elsewhere now.
+void CZMRockerSwitch::looseFocus() {
+    if (resetValueTimer != nullptr)
+        return; // a press or a notch, which the timer ends
+    value = 0.0F;
+    invalid();
+    endOpenEdits();
+}
+
 bool CZMRockerSwitch::onWheel(const CPoint& /*where*/, const float& distance,
                               const CButtonState& /*buttons*/) {
     if (!getMouseEnabled())

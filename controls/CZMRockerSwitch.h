@@ -29,6 +29,8 @@ public:
     bool onWheel(const VSTGUI::CPoint& where, const float& distance,
                  const VSTGUI::CButtonState& buttons) override;
 
+    void looseFocus() override;
+
     int32_t hoverSide = 0; // -1 left, 1 right, 0 none
     CLASS_METHODS(CZMRockerSwitch, CRockerSwitch)
 

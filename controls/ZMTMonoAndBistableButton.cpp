@@ -73,6 +73,7 @@ CMouseEventResult ZMTMonoAndBistableButton::onMouseDown(CPoint& /*where*/,
     if (!buttons.isLeftButton())
         return kMouseEventNotHandled;
     const CBaseObjectGuard self(this);
+    isHeld_ = true;
     beginEdit();
     press();
     invalid();
@@ -83,6 +84,7 @@ CMouseEventResult ZMTMonoAndBistableButton::onMouseUp(CPoint& /*where*/,
                                                       const CButtonState& /*buttons*/) {
     const CBaseObjectGuard self(this);
     modeChangeNotification = false;
+    isHeld_ = false;
     if (mode != kToggle) {
         value = otherEnd(pressedValue());
         valueChanged();
@@ -94,8 +96,8 @@ CMouseEventResult ZMTMonoAndBistableButton::onMouseUp(CPoint& /*where*/,
 
 /// Handled, so that a move does not cost the button its release.
 CMouseEventResult ZMTMonoAndBistableButton::onMouseMoved(CPoint& /*where*/,
-                                                         const CButtonState& buttons) {
-    return buttons.isLeftButton() ? kMouseEventHandled : kMouseEventNotHandled;
+                                                         const CButtonState& /*buttons*/) {
+    return isHeld_ ? kMouseEventHandled : kMouseEventNotHandled;
 }
 
 int32_t ZMTMonoAndBistableButton::onKeyDown(VstKeyCode& keyCode) {

@@ -52,6 +52,8 @@ protected:
 private:
     [[nodiscard]] float otherEnd(float end) const { return end == vmin ? vmax : vmin; }
     void press();
+
+    bool isHeld_ = false;
 };
 
 } // namespace pedl

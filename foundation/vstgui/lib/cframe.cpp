@@ -386,7 +386,8 @@ CMouseEventResult CFrame::pressModalView(CPoint& where, const CButtonState& butt
 CMouseEventResult CFrame::onMouseDown(CPoint& where, const CButtonState& buttons) {
     const CBaseObjectGuard self(this);
     noteMouse(where, buttons);
-    mouseDownView = nullptr;
+    if (mouseDownView) // another button ends the drag: what is held gets its release
+        endCaptureOf(mouseDownView);
     // Its text is committed before anything else happens: what is pressed may depend on it.
     if (focusView_ && focusView_->isTypeOf("CTextEdit"))
         setFocusView(nullptr);

@@ -70,11 +70,13 @@ protected:
     /// From the space of this view's rectangle to that of its children.
     CPoint toChildren(const CPoint& where) const { return where - size.getTopLeft(); }
 
+    /// Gives a child that has the mouse its release, as another button's press and its removal do.
+    void endCaptureOf(CView* view);
+
     CView* mouseDownView = nullptr; // the child that has the mouse between press and release
 
 private:
     bool insert(CView* view, std::size_t index);
-    void endCaptureOf(CView* view);
     void collectFocusViews(std::vector<CView*>& views) const;
     void drawBackground(CDrawContext* context);
     void drawChild(CDrawContext* context, CView* view, const CRect& clip);

@@ -22,7 +22,7 @@ TEST_F(FrameFocus, AKeyClimbsFromTheFocusViewUntilItIsUsed) {
     EXPECT_FALSE(w.window().keyDown(VKEY_UP)) << "no focus: the key is the host's";
     w.window().mouseDown(10, 10);
     w.window().mouseDown(60, 10);
-    EXPECT_EQ(w.log.take(), "a takes focus, a down, a loses focus, b takes focus, b down");
+    EXPECT_EQ(w.log.take(), "a takes focus, a down, a up, a loses focus, b takes focus, b down");
     EXPECT_FALSE(w.window().keyDown(VKEY_UP));
     b->keyResult = 1;
     EXPECT_TRUE(w.window().keyDown(VKEY_UP));
