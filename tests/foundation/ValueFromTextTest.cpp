@@ -51,6 +51,7 @@ TEST(ValueFromText, FindsTheMiddleOfWhatShowsTheText) {
              Row{"1.2 kHz", "", cutoffWithUnits, kilo, 1e-3},
              Row{"1200", "", cutoffWithUnits, kilo, 1e-3}, // the smaller of its units is meant
              Row{"1.2 kHz", "Hz", cutoff, kilo, 1e-5},
+             Row{"0.5 s", "ms", falling, 0.75, 1e-3},
              Row{"-100", "", level, std::sqrt(1e-5 / 4.0), 1e-4}, // between two steps of the search
              Row{"-oo", "", level, 0.0, 0.0},
              Row{"24", "", slope, 1.0, 0.0},

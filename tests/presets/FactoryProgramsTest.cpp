@@ -32,6 +32,9 @@ TEST(FactoryPrograms, HaveTheirPublishedValues) {
     EXPECT_EQ(differencesOf(1), (Differences{
         {14, 1.0F}, {16, 1.0F}, {20, 0.5F}, {21, 0.233267F}, {27, 0.372563F}, {28, 0.304438F},
         {30, 0.5F}, {31, 0.797359F}, {37, 1.0F}, {42, 0.0F}, {48, 0.0F}}));
+    EXPECT_EQ(differencesOf(2), (Differences{
+        {20, 0.703031F}, {21, 0.386101F}, {28, 0.864141F}, {30, 0.673141F}, {31, 0.85225F},
+        {37, 0.999953F}}));
     EXPECT_EQ(differencesOf(119), (Differences{
         {14, 1.0F}, {16, 1.0F}, {18, 1.0F}, {20, 0.5F}, {21, 0.547818F}, {25, 0.0F}, {28, 0.5F},
         {30, 0.5F}, {31, 0.5F}, {33, 0.5F}, {36, 0.0F}, {37, 0.5F}, {43, 0.7F}, {44, 0.0F}}));

@@ -377,7 +377,7 @@ TEST(StoredData, TheSizeOfAnOldChunkDecidesHowManyValuesAProgramHas) {
 }
 
 TEST(StoredData, OfTwoParametersWithOneControllerAnOldChunkLinksTheFirst) {
-    StoredBytes bytes = oldChunkHead(Order::Little, 1, 0).name("Organ");
+    StoredBytes bytes = oldChunkHead(Order::Little, 1, 0); // no room for a program
     for (int parameter = 0; parameter < kNumParams; ++parameter)
         bytes.real(parameter == kGain || parameter == kFilterReso ? 0.5F : 1.0F);
     Instance to;
