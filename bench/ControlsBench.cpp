@@ -4,6 +4,7 @@
 #include "controls/CAnimKnobWithLabel.h"
 #include "controls/ZMTIndicatorLED.h"
 #include "controls/ZMTPedlNotDotCounter.h"
+#include "tests/support/gallery/NumberedStrips.h"
 #include "vstgui/lib/platform/offscreen/offscreenframe.h"
 
 #include <benchmark/benchmark.h>
@@ -12,6 +13,7 @@ namespace pedl::bench {
 namespace {
 
 using namespace VSTGUI;
+using test::numberedStrip;
 
 /// A frame with one control, which is redrawn with a new value.
 class Window : public VSTGUIEditorInterface {
@@ -41,26 +43,23 @@ private:
     CFrame* frame_;
 };
 
-CBitmap* strip(double width, double height) {
-    return new CBitmap(width, height); // for the whole run
-}
-
 void knobWithLabel(benchmark::State& state) {
     Window(static_cast<double>(state.range(0)))
         .measure(state, new CAnimKnobWithLabel(CRect(36, 337, 88, 386), nullptr, 1, 101, 52, 49,
-                                               strip(52, 4949), 12));
+                                               numberedStrip(101, 52, 49), 12));
 }
 
 void counter(benchmark::State& state) {
     Window(static_cast<double>(state.range(0)))
         .measure(state, new ZMTPedlNotDotCounter(CRect(193, 58, 328, 99), nullptr, 21, 27.0F,
-                                                 strip(27, 533), 5, 0, strip(135, 41), nullptr));
+                                                 numberedStrip(13, 27, 41), 5, 0,
+                                                 numberedStrip(1, 135, 41), nullptr));
 }
 
 void lampStep(benchmark::State& state) {
     Window(static_cast<double>(state.range(0)))
-        .measure(state, new ZMTIndicatorLED(CRect(34, 295, 46, 307), nullptr, 113, strip(12, 12),
-                                            strip(12, 12)));
+        .measure(state, new ZMTIndicatorLED(CRect(34, 295, 46, 307), nullptr, 113,
+                                            numberedStrip(1, 12, 12), numberedStrip(1, 12, 12)));
 }
 
 BENCHMARK(knobWithLabel)->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);

@@ -1,7 +1,7 @@
 // What drawing costs: a whole frame, one knob with its label, the first text after loading; the
 // first two without views and through the views of a window. What an idle costs.
 
-#include "tests/support/toolkit/SampleSkin.h"
+#include "tests/support/gallery/NumberedStrips.h"
 #include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/controls/cknob.h"
@@ -20,7 +20,7 @@
 namespace pedl::bench {
 
 using namespace VSTGUI;
-using test::Picture;
+using test::numberedStrip;
 
 namespace {
 
@@ -50,15 +50,13 @@ CRect placeOf(int knob) {
 /// An editor's picture without its views.
 class Editor {
 public:
-    Editor(double scale, Picture strip)
-        : surface_(kFrameWidth, kFrameHeight, scale), background_(resource(Picture::Background)),
-          strip_(resource(strip)) {}
+    explicit Editor(double scale) : surface_(kFrameWidth, kFrameHeight, scale) {}
 
     PixmanSurface& surface() { return surface_; }
 
     void drawAll() {
         CDrawContext* context = createPixmanContext(surface_);
-        background_.draw(context, CRect(0, 0, kFrameWidth, kFrameHeight));
+        background_->draw(context, CRect(0, 0, kFrameWidth, kFrameHeight));
         for (int knob = 0; knob < kNumKnobs; ++knob)
             drawKnob(context, knob);
         context->forget();
@@ -68,24 +66,19 @@ public:
         CDrawContext* context = createPixmanContext(surface_);
         const CRect place = placeOf(knob);
         context->setClipRect(place);
-        background_.draw(context, place, place.getTopLeft());
+        background_->draw(context, place, place.getTopLeft());
         drawKnob(context, knob);
         context->forget();
     }
 
 private:
-    static CBitmap resource(Picture picture) {
-        test::useSampleSkin();
-        return CBitmap(CResourceDescription(static_cast<int32_t>(picture)));
-    }
-
     void drawKnob(CDrawContext* context, int knob) {
         const CRect place = placeOf(knob);
         CRect image = place;
         image.offset(6, 0);
         image.setSize(CPoint(kKnobSide, kKnobSide));
         frame_ = (frame_ + 1) % kKnobFrames;
-        strip_.draw(context, image, CPoint(0, frame_ * kKnobSide));
+        strip_->draw(context, image, CPoint(0, frame_ * kKnobSide));
         CRect label = place;
         label.top += kKnobSide;
         context->setFont(kNormalFontSmall);
@@ -93,26 +86,21 @@ private:
     }
 
     PixmanSurface surface_;
-    CBitmap background_;
-    CBitmap strip_;
+    CBitmap* const background_ = numberedStrip(1, kFrameWidth, kFrameHeight);
+    CBitmap* const strip_ = numberedStrip(kKnobFrames, kKnobSide, kKnobSide);
     int frame_ = 0;
 };
 
 void wholeFrame(benchmark::State& state) {
-    Editor editor(static_cast<double>(state.range(0)), static_cast<Picture>(state.range(1)));
+    Editor editor(static_cast<double>(state.range(0)));
     editor.drawAll();
     for (auto _ : state)
         editor.drawAll();
 }
-BENCHMARK(wholeFrame)
-    ->ArgNames({"scale", "strip"})
-    ->Args({1, static_cast<int64_t>(Picture::KnobStrip)})
-    ->Args({2, static_cast<int64_t>(Picture::KnobStrip)})
-    ->Args({2, static_cast<int64_t>(Picture::KnobStripWithoutTwofold)})
-    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(wholeFrame)->ArgName("scale")->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);
 
 void oneKnobWithItsLabel(benchmark::State& state) {
-    Editor editor(static_cast<double>(state.range(0)), Picture::KnobStrip);
+    Editor editor(static_cast<double>(state.range(0)));
     editor.drawAll();
     int knob = 0;
     for (auto _ : state)
@@ -138,17 +126,13 @@ public:
     ~KnobEditor() override { close(); }
 
     bool open(void* window) override {
-        test::useSampleSkin();
         frame = new CFrame(CRect(0, 0, kFrameWidth, kFrameHeight), window, this);
         if (!frame->getPlatformFrame())
             return false;
-        CBitmap* const background = test::newBitmap(Picture::Background);
-        frame->setBackground(background);
-        background->forget();
-        CBitmap* const strip = test::newBitmap(Picture::KnobStrip);
+        frame->setBackground(numberedStrip(1, kFrameWidth, kFrameHeight));
+        CBitmap* const strip = numberedStrip(kKnobFrames, kKnobSide, kKnobSide);
         for (int i = 0; i < kNumKnobs; ++i)
             addKnob(i, strip);
-        strip->forget();
         idle();
         return true;
     }

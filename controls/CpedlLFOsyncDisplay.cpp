@@ -96,12 +96,14 @@ CMouseEventResult CpedlLFOsyncDisplay::onMouseMoved(CPoint& where, const CButton
         return kMouseEventNotHandled;
     }
     const CBaseObjectGuard self(this);
+    const float before = value;
     if (std::fabs(lastPoint.y - where.y) >= kStepPixels) {
         const int32_t by = where.y < lastPoint.y ? 1 : -1;
         lastPoint = where;
         step(by);
     }
-    const bool isNews = value != lastSentValue;
+    // The wheel or the effect may have moved it since it was last told.
+    const bool isNews = value != lastSentValue || value != before;
     lastSentValue = value;
     if (isNews) {
         invalid();

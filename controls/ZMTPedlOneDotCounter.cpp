@@ -226,8 +226,10 @@ CMouseEventResult ZMTPedlOneDotCounter::onMouseMoved(CPoint& where, const CButto
         lastPoint = where;
         stepDigit(delta, editedDigit);
     }
+    const float before = value;
     value = displayedNumberToValue(numberOf(editedDigits()));
-    const bool isNews = value != lastSentValue;
+    // The wheel or the effect may have moved it since it was last told.
+    const bool isNews = value != lastSentValue || value != before;
     lastSentValue = value;
     if (isNews) {
         invalid();

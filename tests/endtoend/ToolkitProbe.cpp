@@ -1,9 +1,9 @@
-// The effect with an editor that shows every control of the toolkit: the whole toolkit layer is in
+// The effect with an editor that shows every control: the whole toolkit layer is in
 // this library, and what holds for a guest in a host's process has to hold with it.
 
 #include "plugin/LibraryEntry.h"
 #include "plugin/ZMTpedlFilterEffect.h"
-#include "tests/support/toolkit/ToolkitEditor.h"
+#include "tests/support/gallery/GalleryEditor.h"
 
 namespace {
 
@@ -14,7 +14,7 @@ public:
           window_(static_cast<AudioEffect*>(this)) {}
 
 private:
-    pedl::test::ToolkitEditor window_; // registers itself with the effect, which does not delete it
+    pedl::test::GalleryEditor window_; // registers itself with the effect, which does not delete it
 };
 
 } // namespace
