@@ -196,6 +196,10 @@ TEST(Buttons, ToggleAtThePressOrSendOnAndOffWhenLetGoOverThemselves) {
     w.window().keyUp(VKEY_RETURN);
     EXPECT_EQ(values, "10");
     EXPECT_EQ(w.log.take(), "begin, host begins 1, value, value, host ends 1, end");
+    w.press(VKEY_RETURN);
+    w.theFrame().setFocusView(toggle);
+    EXPECT_EQ(w.picture(), 0);
+    EXPECT_EQ(w.log.take(), "begin, host begins 1, host ends 1, end") << "taken back";
 }
 
 TEST(RockerSwitch, ReturnsToTheMiddle) {
@@ -224,6 +228,13 @@ TEST(RockerSwitch, ReturnsToTheMiddle) {
     rocker->setValue(0.0F); // someone else put it back
     w.log.take();
     EXPECT_EQ(waitAndTake(), "host ends 1, end") << "nothing to tell";
+    w.theFrame().setFocusView(rocker);
+    w.press(VKEY_LEFT);
+    w.press(VKEY_RIGHT);
+    w.press(VKEY_RIGHT); // repeats
+    EXPECT_FALSE(w.window().keyUp(VKEY_LEFT)) << "the other one holds it";
+    w.window().keyUp(VKEY_RIGHT, MODIFIER_SHIFT);
+    EXPECT_EQ(w.log.take(), "begin, host begins 1, value, value, value, host ends 1, end");
     w.window().wheel(50, 40, 1.0F);
     w.onValue = [&] { w.theFrame().removeView(rocker); }; // while it returns
     waitAndTake();

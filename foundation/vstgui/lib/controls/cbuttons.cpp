@@ -3,12 +3,18 @@
 #include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/controls/picturestrip.h"
 
+#include <utility>
+
 namespace VSTGUI {
 
 namespace {
 
+bool isReturn(const VstKeyCode& keyCode) {
+    return keyCode.virt == VKEY_RETURN || keyCode.virt == VKEY_ENTER;
+}
+
 bool isPlainReturn(const VstKeyCode& keyCode) {
-    return keyCode.modifier == 0 && (keyCode.virt == VKEY_RETURN || keyCode.virt == VKEY_ENTER);
+    return keyCode.modifier == 0 && isReturn(keyCode);
 }
 
 } // namespace
@@ -112,11 +118,18 @@ int32_t CKickButton::onKeyDown(VstKeyCode& keyCode) {
 }
 
 int32_t CKickButton::onKeyUp(VstKeyCode& keyCode) {
-    if (!heldByKey_ || !isPlainReturn(keyCode))
+    if (!heldByKey_ || !isReturn(keyCode)) // a modifier may have come since the press
         return -1;
     heldByKey_ = false;
     letGo();
     return 1;
+}
+
+void CKickButton::looseFocus() {
+    if (!std::exchange(heldByKey_, false))
+        return;
+    show(vmin); // nothing was told, so there is nothing to take back
+    endEdit();
 }
 
 /// Told while it is still on, so that who looks at the value sees the kick, then again at rest.

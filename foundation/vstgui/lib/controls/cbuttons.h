@@ -39,6 +39,7 @@ public:
     CMouseEventResult onMouseMoved(CPoint& where, const CButtonState& buttons) override;
     int32_t onKeyDown(VstKeyCode& keyCode) override;
     int32_t onKeyUp(VstKeyCode& keyCode) override;
+    void looseFocus() override; // takes a key's press back: its release goes elsewhere
     bool sizeToFit() override;
     CLASS_METHODS(CKickButton, CControl)
 

@@ -252,23 +252,36 @@ int32_t CRockerSwitch::onKeyDown(VstKeyCode& keyCode) {
         side = vmax;
     else if (keyCode.virt != VKEY_LEFT && keyCode.virt != VKEY_UP)
         return -1;
-    if (value == side) // the key repeats; its edit is open
+    if (keyCode.virt == heldKey_) // it repeats; its edit is open
         return 1;
+    const bool isFirst = heldKey_ == 0; // else the edit goes on with another arrow
+    heldKey_ = keyCode.virt;
     const float before = std::exchange(value, side);
-    beginEdit();
+    if (isFirst)
+        beginEdit();
     tellChange(*this, value != before);
     return 1;
 }
 
+/// Whatever the modifiers are by now.
 int32_t CRockerSwitch::onKeyUp(VstKeyCode& keyCode) {
-    const bool isArrow = keyCode.virt == VKEY_LEFT || keyCode.virt == VKEY_RIGHT ||
-                         keyCode.virt == VKEY_UP || keyCode.virt == VKEY_DOWN;
-    if (keyCode.modifier != 0 || !isArrow)
+    if (heldKey_ == 0 || keyCode.virt != heldKey_)
         return -1;
+    releaseKey();
+    return 1;
+}
+
+void CRockerSwitch::looseFocus() {
+    if (heldKey_ != 0)
+        releaseKey();
+}
+
+void CRockerSwitch::releaseKey() {
+    const CBaseObjectGuard self(this);
+    heldKey_ = 0;
     const float before = std::exchange(value, middle());
     tellChange(*this, value != before);
     endEdit();
-    return 1;
 }
 
 CMessageResult CRockerSwitch::notify(CBaseObject* sender, IdStringPtr message) {

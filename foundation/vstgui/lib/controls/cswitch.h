@@ -71,6 +71,7 @@ public:
     CMouseEventResult onMouseMoved(CPoint& where, const CButtonState& buttons) override;
     int32_t onKeyDown(VstKeyCode& keyCode) override;
     int32_t onKeyUp(VstKeyCode& keyCode) override;
+    void looseFocus() override; // the release of a key that is held goes elsewhere now
     CLASS_METHODS(CRockerSwitch, CControl)
 
 protected:
@@ -85,6 +86,9 @@ protected:
 private:
     float middle() const;
     float sideAt(const CPoint& where) const;
+    void releaseKey();
+
+    unsigned char heldKey_ = 0; // the arrow whose press began an edit
 };
 
 } // namespace VSTGUI
