@@ -81,7 +81,7 @@ void CLFOWaveSelector2::select(int32_t index) {
 CMouseEventResult CLFOWaveSelector2::onMouseDown(CPoint& where, const CButtonState& buttons) {
     const CBaseObjectGuard self(this);
     if (expanded) {
-        findHoveredRow(where);
+        onMouseMoved(where, buttons); // the row under it
         chooseHoveredRow();
         return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
     }
@@ -195,6 +195,13 @@ void CLFOWaveSelector2::looseFocus() {
     show(normalRect);
     if (CView* const parent = getParentView())
         parent->invalidRect(expandedRect);
+}
+
+/// Without the focus it hears of no loss: the window was inactive when it was opened.
+bool CLFOWaveSelector2::removed(CView* parent) {
+    const CBaseObjectGuard self(this);
+    looseFocus();
+    return BalancedEdits::removed(parent);
 }
 
 void CLFOWaveSelector2::setValue(float val) {

@@ -34,6 +34,7 @@ public:
     bool onWheel(const VSTGUI::CPoint& where, const float& distance,
                  const VSTGUI::CButtonState& buttons) override;
     void looseFocus() override;
+    bool removed(VSTGUI::CView* parent) override; // closes the list too
     void setValue(float val) override;
 
     int32_t currentIndex = 0;

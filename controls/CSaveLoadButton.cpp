@@ -30,10 +30,4 @@ CMouseEventResult CSaveLoadButton::onMouseDown(CPoint& /*where*/, const CButtonS
     return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
 }
 
-void CSaveLoadButton::looseFocus() {
-    value = 0.0F;
-    invalid();
-    endOpenEdits();
-}
-
 } // namespace pedl

@@ -19,7 +19,6 @@ public:
     void draw(VSTGUI::CDrawContext* context) override;
     VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
                                           const VSTGUI::CButtonState& buttons) override;
-    void looseFocus() override; // ends what a held key began
     CLASS_METHODS(CSaveLoadButton, CKickButton)
 
 protected:

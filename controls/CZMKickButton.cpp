@@ -20,14 +20,17 @@ void CZMKickButton::draw(CDrawContext* context) {
     setDirty(false);
 }
 
-CMouseEventResult CZMKickButton::onMouseDown(CPoint& /*where*/, const CButtonState& buttons) {
+CMouseEventResult CZMKickButton::onMouseDown(CPoint& where, const CButtonState& buttons) {
     if (!buttons.isLeftButton() || (doubleClickOnly && !buttons.isDoubleClick()))
         return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
     const CBaseObjectGuard self(this);
+    const CView* const parent = getParentView();
     pressed = true;
     value = doubleClickOnly && (buttons & kControl) ? 0.5F : 1.0F;
     valueChanged();
     invalid();
+    if (getParentView() != parent)
+        onMouseUp(where, buttons); // taken away by the listener: nobody else tells it
     return kMouseEventHandled;
 }
 
@@ -38,14 +41,9 @@ CMouseEventResult CZMKickButton::onMouseUp(CPoint& /*where*/, const CButtonState
     return kMouseEventHandled;
 }
 
-CMouseEventResult CZMKickButton::onMouseMoved(CPoint& /*where*/, const CButtonState& /*buttons*/) {
-    return pressed ? kMouseEventHandled : kMouseEventNotHandled;
-}
-
-void CZMKickButton::looseFocus() {
-    value = 0.0F;
-    invalid();
-    endOpenEdits();
+CMouseEventResult CZMKickButton::onMouseMoved(CPoint& where, const CButtonState& buttons) {
+    const CMouseEventResult result = Hovering::onMouseMoved(where, buttons);
+    return pressed ? kMouseEventHandled : result;
 }
 
 } // namespace pedl

@@ -21,10 +21,9 @@ public:
                                           const VSTGUI::CButtonState& buttons) override;
     VSTGUI::CMouseEventResult onMouseUp(VSTGUI::CPoint& where,
                                         const VSTGUI::CButtonState& buttons) override;
-    /// Keeps the press until its release; the toolkit's button would spring back outside.
+    /// Keeps the mouse until the release, whatever else is pressed meanwhile.
     VSTGUI::CMouseEventResult onMouseMoved(VSTGUI::CPoint& where,
                                            const VSTGUI::CButtonState& buttons) override;
-    void looseFocus() override; // ends what a held key began
 
     bool doubleClickOnly;
     bool pressed = false;

@@ -32,14 +32,9 @@ void CZMRockerSwitch::draw(CDrawContext* context) {
 }
 
 /// The timer's message ends the edit that begins here.
-void CZMRockerSwitch::rock(float side) {
-    value = side;
-    invalid();
+void CZMRockerSwitch::tellAndReset(int32_t afterMs) {
     beginEdit();
     valueChanged();
-}
-
-void CZMRockerSwitch::startReset(int32_t afterMs) {
     if (resetValueTimer == nullptr)
         resetValueTimer = new CVSTGUITimer(this, afterMs);
     resetValueTimer->stop(); // from the start, where one runs
@@ -52,8 +47,9 @@ CMouseEventResult CZMRockerSwitch::onMouseDown(CPoint& where, const CButtonState
     const CBaseObjectGuard self(this);
     if (resetValueTimer != nullptr)
         endEdit(); // of the press or notch that the timer has not taken back yet
-    rock(where.x >= size.getCenter().x ? 1.0F : -1.0F);
-    startReset(kPressResetMs);
+    value = where.x >= size.getCenter().x ? 1.0F : -1.0F;
+    invalid();
+    tellAndReset(kPressResetMs);
     return kMouseEventHandled;
 }
 
@@ -82,15 +78,6 @@ CMouseEventResult CZMRockerSwitch::onMouseExited(CPoint& /*where*/,
     return kMouseEventHandled;
 }
 
-/// The release of a key that is held goes elsewhere now.
-void CZMRockerSwitch::looseFocus() {
-    if (resetValueTimer != nullptr)
-        return; // a press or a notch, which the timer ends
-    value = 0.0F;
-    invalid();
-    endOpenEdits();
-}
-
 bool CZMRockerSwitch::onWheel(const CPoint& /*where*/, const float& distance,
                               const CButtonState& /*buttons*/) {
     if (!getMouseEnabled())
@@ -98,8 +85,8 @@ bool CZMRockerSwitch::onWheel(const CPoint& /*where*/, const float& distance,
     if (resetValueTimer != nullptr)
         return true; // the last notch is still shown
     const CBaseObjectGuard self(this);
-    rock(distance >= 0.0F ? 1.0F : -1.0F);
-    startReset(kWheelResetMs);
+    value = distance >= 0.0F ? 1.0F : -1.0F;
+    tellAndReset(kWheelResetMs);
     return true;
 }
 

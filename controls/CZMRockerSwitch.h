@@ -29,8 +29,6 @@ public:
     bool onWheel(const VSTGUI::CPoint& where, const float& distance,
                  const VSTGUI::CButtonState& buttons) override;
 
-    void looseFocus() override;
-
     int32_t hoverSide = 0; // -1 left, 1 right, 0 none
     CLASS_METHODS(CZMRockerSwitch, CRockerSwitch)
 
@@ -38,8 +36,7 @@ protected:
     ~CZMRockerSwitch() override = default;
 
 private:
-    void rock(float side);
-    void startReset(int32_t afterMs);
+    void tellAndReset(int32_t afterMs);
 };
 
 } // namespace pedl

@@ -67,16 +67,19 @@ void ZMTMonoAndBistableButton::press() {
     valueChanged();
 }
 
-CMouseEventResult ZMTMonoAndBistableButton::onMouseDown(CPoint& /*where*/,
+CMouseEventResult ZMTMonoAndBistableButton::onMouseDown(CPoint& where,
                                                         const CButtonState& buttons) {
     modeChangeNotification = false;
     if (!buttons.isLeftButton())
         return kMouseEventNotHandled;
     const CBaseObjectGuard self(this);
+    const CView* const parent = getParentView();
     isHeld_ = true;
     beginEdit();
     press();
     invalid();
+    if (getParentView() != parent)
+        onMouseUp(where, buttons); // taken away by the listener: nobody else tells it
     return kMouseEventHandled;
 }
 
