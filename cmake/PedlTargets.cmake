@@ -45,11 +45,29 @@ if(PEDL_FUZZ)
     target_link_options(pedl_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# What nearly every source includes, compiled once: a third of a build's time. For builds that are only
+# run, the sanitizers'; in the others a source has to name what it needs.
+option(PEDL_PRECOMPILE "Start every library's sources from one precompiled header" OFF)
+if(PEDL_PRECOMPILE)
+    set(empty ${CMAKE_CURRENT_BINARY_DIR}/libraryHeaders.cpp)
+    file(CONFIGURE OUTPUT ${empty} CONTENT "")
+    add_library(pedl_library_headers OBJECT ${empty})
+    target_compile_options(pedl_library_headers PRIVATE -fpch-preprocess) # ccache needs it
+    target_precompile_headers(pedl_library_headers PRIVATE
+        <algorithm> <array> <atomic> <cmath> <cstdint> <cstring> <filesystem> <functional> <map>
+        <memory> <optional> <span> <string> <string_view> <utility> <vector>)
+    target_link_libraries(pedl_library_headers PRIVATE pedl_options)
+endif()
+
 # pedl_library(NAME SOURCES ... LIBS ...): a static library of one folder.
 function(pedl_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC pedl_options ${ARG_LIBS})
+    if(PEDL_PRECOMPILE)
+        target_compile_options(${name} PRIVATE -fpch-preprocess)
+        target_precompile_headers(${name} REUSE_FROM pedl_library_headers)
+    endif()
 endfunction()
 
 # pedl_test_program(NAME SOURCES ... LIBS ...): one GoogleTest program. Its own sources start from one

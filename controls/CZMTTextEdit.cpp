@@ -72,7 +72,7 @@ bool CZMTTextEdit::onWheel(const CPoint& /*where*/, const float& distance,
 
 /// A name is no number: without a procedure for the text, it stays.
 void CZMTTextEdit::setValue(float val) {
-    CTextLabel::setValue(val);
+    CTextLabel::setValue(val); // NOLINT(bugprone-parent-virtual-call): not CTextEdit's, see above
     char written[256] = {};
     if (valueToString && valueToString(value, written, valueToStringUserData))
         setText(written);

@@ -18,8 +18,9 @@ CRect ZMTSystemBox::fieldArea() const {
     CRect area = callback()->platformGetSize();
     const auto middle = static_cast<int32_t>((area.top + area.bottom) / 2);
     const auto fontHeight = static_cast<int32_t>(font_->getSize());
-    area.top = middle - fontHeight + (fontHeight / 2 - 1);
-    area.bottom = middle + fontHeight / 2 + 2;
+    const int32_t half = fontHeight / 2;
+    area.top = middle - fontHeight + (half - 1);
+    area.bottom = middle + half + 2;
     return area.offset(look_.offset.x, look_.offset.y);
 }
 

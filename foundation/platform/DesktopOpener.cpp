@@ -23,7 +23,7 @@ std::string pathOf(const char* program) {
     const char* const searched = getenv("PATH");
     std::istringstream folders(searched ? searched : "/usr/local/bin:/usr/bin:/bin");
     for (std::string folder; std::getline(folders, folder, ':');) {
-        const std::string path = (folder.empty() ? "." : folder) + "/" + program;
+        std::string path = (folder.empty() ? "." : folder) + "/" + program;
         if (access(path.c_str(), X_OK) == 0)
             return path;
     }
