@@ -1,12 +1,12 @@
 #include "tests/support/gallery/NumberedStrips.h"
 
 #include "vstgui/lib/cdrawcontext.h"
+#include "vstgui/lib/plainmutex.h"
 #include "vstgui/lib/platform/common/pixmansurface.h"
 #include "vstgui/lib/platform/iplatformbitmap.h"
 
 #include <map>
 #include <memory>
-#include <mutex>
 #include <string>
 
 namespace pedl::test {
@@ -38,9 +38,9 @@ void drawFrames(PixmanSurface& surface, int32_t frames, const CPoint& size) {
 }
 
 bool findStrip(const CResourceDescription& resource, int32_t scale, ResourceImage& image) {
-    static std::mutex mutex; // every editor's thread asks
+    static constinit PlainMutex mutex; // every editor's thread asks
     static std::map<std::pair<int32_t, int32_t>, PixmanSurface> drawn;
-    const std::lock_guard lock(mutex);
+    const PlainLock lock(mutex);
     const int32_t frames = resource.u.id / kMost / kMost;
     const CPoint size(resource.u.id / kMost % kMost, resource.u.id % kMost);
     const auto [strip, isNew] =
@@ -55,9 +55,9 @@ bool findStrip(const CResourceDescription& resource, int32_t scale, ResourceImag
 } // namespace
 
 CBitmap* numberedStrip(int32_t frames, int32_t width, int32_t frameHeight) {
-    static std::mutex mutex;
+    static constinit PlainMutex mutex;
     static std::map<int32_t, std::unique_ptr<CBitmap, Forget>> made;
-    const std::lock_guard lock(mutex);
+    const PlainLock lock(mutex);
     setResourceLookup(findStrip);
     const int32_t number = (frames * kMost + width) * kMost + frameHeight;
     auto& bitmap = made[number];
