@@ -202,9 +202,9 @@ int32_t ZMTPedlOneDotCounter::digitAt(const CPoint& where) const {
 CMouseEventResult ZMTPedlOneDotCounter::onMouseDown(CPoint& where, const CButtonState& buttons) {
     if (!editable)
         return kMouseEventHandled;
-    editedDigit = -1;
     if (!buttons.isLeftButton() || listener == nullptr)
         return kMouseEventNotHandled;
+    editedDigit = -1;
     const int32_t digit = digitAt(where);
     if (digit < 0)
         return kMouseEventNotHandled;
