@@ -2,7 +2,7 @@
 
 namespace pedl {
 
-void ValueTextSource::write(float value, int32_t tag, char* text) const {
+void ValueTextSource::writeValueText(float value, int32_t tag, char* text) const {
     if (tag >= 0 && taggedValueToStringProc)
         taggedValueToStringProc(value, text, procUserData, tag);
     else if (valueToStringProcWithData)

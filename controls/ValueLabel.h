@@ -20,21 +20,21 @@ struct ValueTextSource {
     void* procUserData = nullptr;
 
     /// @param text  `kValueTextBytes`
-    void write(float value, int32_t tag, char* text) const;
+    void writeValueText(float value, int32_t tag, char* text) const;
 };
 
 /// A control (`Base`) that writes its value below its picture; what our knob and our switch have
 /// in common. The derived class says where, in `drawLabel`.
 ///
 /// `setLabelFontStyle` changes the font itself, which others may share: it is meant so.
-template <typename Base> class ValueLabel : public Base {
+template <typename Base> class ValueLabel : public Base, public ValueTextSource {
 public:
     template <typename... Args>
     explicit ValueLabel(Args&&... args) : Base(std::forward<Args>(args)...) {
         labelFont->remember();
     }
     ValueLabel(const ValueLabel& other)
-        : Base(other), source(other.source), labelHoriAlign(other.labelHoriAlign),
+        : Base(other), ValueTextSource(other), labelHoriAlign(other.labelHoriAlign),
           labelStyle(other.labelStyle), labelFont(other.labelFont),
           labelFontColor(other.labelFontColor), labelBackColor(other.labelBackColor),
           labelFrameColor(other.labelFrameColor), labelShadowColor(other.labelShadowColor),
@@ -65,20 +65,19 @@ public:
     /// From the picture's top; what does not fit becomes 0.
     virtual void setLabelYOffset(double pixels) = 0;
     virtual void setTaggedValueToStringProc(ValueToTextProcWithData proc, void* userData) {
-        source.taggedValueToStringProc = proc;
-        source.procUserData = userData;
+        taggedValueToStringProc = proc;
+        procUserData = userData;
     }
     virtual void setValueToStringProcWithData(ValueToTextProcWithData proc, void* userData) {
-        source.valueToStringProcWithData = proc;
-        source.procUserData = userData;
+        valueToStringProcWithData = proc;
+        procUserData = userData;
     }
-    virtual void setValueToStringProc(ValueToTextProc proc) { source.valueToStringProc = proc; }
-    virtual void setSpareProc(void* proc) { source.spareProc = proc; }
+    virtual void setValueToStringProc(ValueToTextProc proc) { valueToStringProc = proc; }
+    virtual void setSpareProc(void* proc) { spareProc = proc; }
     virtual void setLabelStyle(int32_t style) { set(labelStyle, style); }
     virtual void setLabelTransparency(bool state) { labelTransparent = state; }
     virtual void drawLabel(VSTGUI::CDrawContext* context, const char* text) = 0;
 
-    ValueTextSource source;
     int32_t labelHoriAlign = VSTGUI::kCenterText;
     int32_t labelStyle = 0; // bits of `CControlEnum`
     VSTGUI::CFontRef labelFont = VSTGUI::kNormalFontSmall;
@@ -101,7 +100,7 @@ protected:
         if (labelStyle & VSTGUI::kNoDrawStyle)
             return;
         char text[kValueTextBytes] = {};
-        source.write(this->value, this->tag, text);
+        writeValueText(this->value, this->tag, text);
         drawLabel(context, text);
         this->setDirty(false);
     }
