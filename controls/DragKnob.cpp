@@ -70,9 +70,10 @@ CMouseEventResult DragKnob::onMouseMoved(CPoint& where, const CButtonState& butt
     const float before = value;
     value = entryValue + moved * dragCoef;
     bounceValue();
-    if (value != before)
+    const bool isMoved = value != before;
+    if (isMoved)
         valueChanged();
-    if (isDirty())
+    if (isMoved || isDirty())
         invalid();
     return kMouseEventHandled;
 }
@@ -106,8 +107,9 @@ bool DragKnob::onWheel(const CPoint& /*where*/, const CMouseWheelAxis& /*axis*/,
 }
 
 float DragKnob::getQuantizedValue() {
-    const float steps = static_cast<float>(subPixmaps - 1) * (fine ? fineFactor : 1.0F);
-    return static_cast<float>(static_cast<int32_t>(steps * value + 0.5F)) / steps;
+    const float finer = fine ? fineFactor : 1.0F;
+    const auto steps = static_cast<float>(subPixmaps - 1);
+    return static_cast<float>(static_cast<int32_t>(steps * value * finer + 0.5F)) / (finer * steps);
 }
 
 } // namespace pedl
