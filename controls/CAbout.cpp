@@ -62,7 +62,6 @@ CMouseEventResult CAbout::onMouseDown(CPoint& /*where*/, const CButtonState& but
     }
     dropView();
     auto* const view = new CSplashScreenMyView(toDisplay, this, anchorA, versionAnchor);
-    view->setBackground(getBackground());
     view->setLinkBitmap(linkBitmap);
     modalView = view;
     if (!getFrame() || !getFrame()->setModalView(view))

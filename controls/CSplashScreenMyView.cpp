@@ -19,7 +19,8 @@ constexpr int32_t kVersionFontStyle = 11; // bold and underlined, and a bit that
 
 CSplashScreenMyView::CSplashScreenMyView(const CRect& toDisplay, CAbout* about,
                                          const CPoint& firstAnchor, const CPoint& textAnchor)
-    : CControl(toDisplay), owner(about), anchorA(firstAnchor), versionAnchor(textAnchor) {}
+    : CControl(toDisplay, nullptr, 0, about ? about->getBackground() : nullptr), owner(about),
+      anchorA(firstAnchor), versionAnchor(textAnchor) {}
 
 CSplashScreenMyView::~CSplashScreenMyView() {
     if (linkBitmap)
