@@ -23,10 +23,8 @@ CZMTHitHintLabel2::CZMTHitHintLabel2(const CRect& viewSize, CControlListener* co
 
 void CZMTHitHintLabel2::show(const char* txt, const CColor& colour, int32_t fontStyle) {
     setFontColor(colour);
-    if (fontID && fontID->getStyle() != fontStyle) {
+    if (fontID && fontID->getStyle() != fontStyle)
         fontID->setStyle(fontStyle);
-        setDirty();
-    }
     setText(txt);
 }
 
