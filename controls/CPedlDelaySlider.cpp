@@ -142,10 +142,9 @@ CMouseEventResult CPedlDelaySlider::goToDefault() {
 CMouseEventResult CPedlDelaySlider::onMouseDown(CPoint& where, const CButtonState& buttons) {
     const CBaseObjectGuard self(this);
     jumped = false;
-    const bool isLeft = buttons.isLeftButton();
-    if (isLeft && (buttons.isDoubleClick() || buttons() == (kLButton | kControl)))
+    if (buttons.isDoubleClick() || buttons() == (kLButton | kControl))
         return goToDefault();
-    if (!isLeft)
+    if (!buttons.isLeftButton())
         return kMouseEventNotHandled;
     active = true;
     const double handleStart = along(size.getTopLeft()) + handlePlace();
@@ -168,10 +167,10 @@ CMouseEventResult CPedlDelaySlider::onMouseDown(CPoint& where, const CButtonStat
 }
 
 CMouseEventResult CPedlDelaySlider::onMouseMoved(CPoint& where, const CButtonState& buttons) {
-    if (oldButton() == 0 || !buttons.isLeftButton()) {
-        endOpenEdits(); // its release was never seen
+    if (oldButton() == 0)
         return kMouseEventNotHandled;
-    }
+    if (!buttons.isLeftButton())
+        return kMouseEventHandled; // stays in the drag: its release is still to come
     const bool isFine = (buttons & kShift) != 0;
     if (oldVal == getMin() - 1.0F || buttons != oldButton) {
         oldVal = getValueNormalized();

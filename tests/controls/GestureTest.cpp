@@ -345,7 +345,10 @@ TEST_F(Gesture, TheCutOffSliderIsHeldWhereItIsGrabbed) {
     EXPECT_FLOAT_EQ(slider->getValue(), 0.6F);
     window().mouseMove(80, 9, kLButton | kShift);
     EXPECT_FLOAT_EQ(slider->getValue(), 0.61F);
-    window().mouseUp(80, 9);
+    window().mouseMove(110, 9, kLButton | kRButton);
+    window().mouseMove(70, 9, kLButton);
+    EXPECT_FLOAT_EQ(slider->getValue(), 0.6F) << "another button does not end the drag";
+    window().mouseUp(70, 9);
     slider->setFreeClick(true);
     click(100, 9);
     EXPECT_NEAR(slider->getValue(), 0.86F, 0.01F) << "its middle comes under the mouse";
