@@ -18,11 +18,17 @@ public:
     void beginEdit() override {
         const VSTGUI::CBaseObjectGuard self(this);
         endsGivenEarly_ = 0;
+        const bool wasInFrame = this->getFrame() != nullptr;
         if (this->listener)
             this->listener->controlBeginEdit(this);
-        ++openEdits_; // from here on the host may have heard of it
-        if (VSTGUI::CFrame* const frame = this->getFrame())
+        if (VSTGUI::CFrame* const frame = this->getFrame()) {
+            ++openEdits_; // first: the host may take the control away as well
             frame->beginEdit(this->getTag());
+        } else if (wasInFrame) { // the listener took it away: the host never hears of this edit
+            ++endsGivenEarly_;
+            if (this->listener)
+                this->listener->controlEndEdit(this);
+        }
     }
 
     void endEdit() override {
@@ -51,7 +57,7 @@ protected:
     }
 
 private:
-    int32_t openEdits_ = 0;
+    int32_t openEdits_ = 0; // that the host has heard of
     int32_t endsGivenEarly_ = 0;
 };
 

@@ -34,6 +34,7 @@ CMouseEventResult DragKnob::onMouseDown(CPoint& where, const CButtonState& butto
     if (!buttons.isLeftButton() || listener == nullptr)
         return kMouseEventNotHandled;
     const CBaseObjectGuard self(this);
+    const bool wasAttached = isAttached();
     beginEdit();
     mouseActive = true;
     if ((buttons & kControl) || buttons.isDoubleClick()) {
@@ -53,7 +54,10 @@ CMouseEventResult DragKnob::onMouseDown(CPoint& where, const CButtonState& butto
     firstPoint = where;
     linearDrag = true;
     setFine((buttons & kShift) != 0);
-    return onMouseMoved(where, buttons);
+    const CMouseEventResult result = onMouseMoved(where, buttons);
+    if (wasAttached && !isAttached())
+        mouseActive = false; // taken away by the listener: no release will come
+    return result;
 }
 
 CMouseEventResult DragKnob::onMouseMoved(CPoint& where, const CButtonState& buttons) {

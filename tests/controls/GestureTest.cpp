@@ -42,9 +42,15 @@ protected:
         return control;
     }
     std::vector<float> takeTold() { return std::exchange(told, {}); }
+    void controlBeginEdit(CControl* control) override {
+        ToolkitWindow::controlBeginEdit(control);
+        if (onBegin)
+            onBegin();
+    }
 
     CControl* shown = nullptr;
     std::vector<float> told;
+    std::function<void()> onBegin;
 };
 
 using Values = std::vector<float>;
@@ -273,6 +279,20 @@ TEST_F(Gesture, AButtonThatItsListenerTakesAwayIsNotHeldAnyLonger) {
     pressOnce(freeze);
     EXPECT_EQ(log.take(), "begin, host begins 1, value, host ends 1, end, value");
     pressOnce(put(new CZMKickButton(kPlace, this, 1, 13, nullptr, kOrigin, false)));
+}
+
+TEST_F(Gesture, AnEditEndsOnceWhereverItsListenerTakesTheControlAway) {
+    const auto takeAway = [&] { theFrame().removeView(shown, false); };
+    auto* const knob = put(new CAnimKnob3(kPlace, this, 1, 101, 40, 40, strip(101, 40, 40).get()));
+    onBegin = takeAway;
+    click(30, 40);
+    EXPECT_EQ(log.take(), "begin, end") << "the host has heard of nothing";
+    EXPECT_FALSE(knob->mouseActive);
+    onBegin = {};
+    theFrame().addView(knob);
+    click(30, 40);
+    theFrame().removeView(knob);
+    EXPECT_EQ(log.take(), "begin, host begins 1, host ends 1, end");
 }
 
 /// Plain arithmetic beside the counter's digits.
