@@ -55,6 +55,11 @@ protected:
             endEdit();
         endsGivenEarly_ = early;
     }
+    /// The edit that was begun last has no end, on purpose.
+    void leaveEditOpen() {
+        if (openEdits_ > 0)
+            --openEdits_;
+    }
 
 private:
     int32_t openEdits_ = 0; // that the host has heard of

@@ -23,8 +23,8 @@ constexpr float kWheelExponent = 0.02F; // a tenth of a notch
 CEcncoderKnob::CEcncoderKnob(const CRect& viewSize, CControlListener* controlListener,
                              int32_t controlTag, int32_t frames, int32_t stripWidth,
                              int32_t frameHeight, CBitmap* background, const CPoint& pictureOffset)
-    : CAnimKnob(viewSize, controlListener, controlTag, frames, static_cast<CCoord>(frameHeight),
-                background, pictureOffset),
+    : BalancedEdits(viewSize, controlListener, controlTag, frames, static_cast<CCoord>(frameHeight),
+                    background, pictureOffset),
       bitmapHeight(background ? static_cast<int32_t>(background->getHeight()) : 0),
       bitmapWidth(stripWidth) {
     frameCount = frameHeight > 0 ? bitmapHeight / frameHeight : 0;
@@ -68,8 +68,10 @@ CMouseEventResult CEcncoderKnob::onMouseMoved(CPoint& where, const CButtonState&
     beginEdit();
     const float delta =
         static_cast<float>((lastPoint.y - where.y) + (where.x - lastPoint.x)) * kHundredth;
-    if (std::fabs(delta) < step)
+    if (std::fabs(delta) < step) {
+        leaveEditOpen();
         return kMouseEventHandled;
+    }
     const float quantised = std::clamp(delta - std::fmod(delta, step), -1.0F, 1.0F);
     const float sign = quantised < 0.0F ? -1.0F : 1.0F;
     moveValue(std::pow(kDragGrowth, std::fabs(quantised) - step) * sensitivity * sign);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/BalancedEdits.h"
 #include "vstgui/lib/controls/cknob.h"
 
 namespace pedl {
@@ -9,7 +10,7 @@ namespace pedl {
 ///
 /// Abstract: the derived class says where a change came from. A move within the dead band begins an
 /// edit and ends none; that is meant so.
-class CEcncoderKnob : public VSTGUI::CAnimKnob {
+class CEcncoderKnob : public BalancedEdits<VSTGUI::CAnimKnob> {
 public:
     CEcncoderKnob(const VSTGUI::CRect& size, VSTGUI::CControlListener* listener, int32_t tag,
                   int32_t subPixmaps, int32_t bitmapWidth, int32_t heightOfOneImage,

@@ -293,6 +293,14 @@ TEST_F(Gesture, AnEditEndsOnceWhereverItsListenerTakesTheControlAway) {
     click(30, 40);
     theFrame().removeView(knob);
     EXPECT_EQ(log.take(), "begin, host begins 1, host ends 1, end");
+
+    auto* const encoder =
+        put(new CEcncoderKnob03(kPlace, this, 1, 101, 40, 40, strip(101, 40, 40).get()));
+    theFrame().setFocusView(encoder);
+    onValue = takeAway;
+    press(VKEY_UP);
+    EXPECT_EQ(log.take(), kOneEdit);
+    encoder->forget();
 }
 
 /// Plain arithmetic beside the counter's digits.
