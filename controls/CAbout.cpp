@@ -1,7 +1,6 @@
 #include "controls/CAbout.h"
 
 #include "controls/CSplashScreenMyView.h"
-#include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/cframe.h"
 
 #include <utility>
@@ -15,22 +14,13 @@ CAbout::CAbout(const CRect& viewSize, CControlListener* controlListener, int32_t
                const CPoint& firstAnchor, const CPoint& textAnchor, CBitmap* link)
     : CSplashScreen(viewSize, controlListener, controlTag, picture, displayArea, pictureOffset),
       anchorA(firstAnchor), versionAnchor(textAnchor), linkBitmap(link) {
-    if (linkBitmap)
-        linkBitmap->remember();
     dropView(); // the toolkit's picture; ours is made when it is shown
 }
 
 CAbout::CAbout(const CAbout& other)
     : CSplashScreen(other), anchorA(other.anchorA), versionAnchor(other.versionAnchor),
       linkBitmap(other.linkBitmap), opener_(other.opener_), address_(other.address_) {
-    if (linkBitmap)
-        linkBitmap->remember();
     dropView();
-}
-
-CAbout::~CAbout() {
-    if (linkBitmap)
-        linkBitmap->forget();
 }
 
 void CAbout::dropView() {

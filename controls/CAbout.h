@@ -1,6 +1,8 @@
 #pragma once
 
+#include "controls/Counted.h"
 #include "foundation/platform/DocumentOpener.h"
+#include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/controls/csplashscreen.h"
 
 #include <string>
@@ -35,11 +37,11 @@ public:
 
     VSTGUI::CPoint anchorA;
     VSTGUI::CPoint versionAnchor;
-    VSTGUI::CBitmap* linkBitmap;
+    Counted<VSTGUI::CBitmap> linkBitmap;
     CLASS_METHODS(CAbout, CSplashScreen)
 
 protected:
-    ~CAbout() override;
+    ~CAbout() override = default;
 
 private:
     void dropView();

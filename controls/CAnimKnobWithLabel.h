@@ -14,7 +14,6 @@ public:
                        int32_t subPixmaps, int32_t bitmapWidth, int32_t heightOfOneImage,
                        VSTGUI::CBitmap* background, int32_t labelHeight,
                        const VSTGUI::CPoint& offset = VSTGUI::CPoint(0, 0));
-    CAnimKnobWithLabel(const CAnimKnobWithLabel& knob) = default;
 
     void draw(VSTGUI::CDrawContext* context) override;
 

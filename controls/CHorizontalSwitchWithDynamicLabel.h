@@ -18,7 +18,6 @@ public:
                                       VSTGUI::CCoord heightOfOneImage, int32_t iMaxPositions,
                                       VSTGUI::CBitmap* background,
                                       const VSTGUI::CPoint& offset = VSTGUI::CPoint(0, 0));
-    CHorizontalSwitchWithDynamicLabel(const CHorizontalSwitchWithDynamicLabel& other) = default;
 
     void draw(VSTGUI::CDrawContext* context) override;
     VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,

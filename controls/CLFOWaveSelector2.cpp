@@ -16,11 +16,6 @@ constexpr float kStepPixels = 16.0F; // a drag beyond this moves one waveform on
 constexpr float kClickPixels = 3.0F; // a drag within this is still a click
 constexpr int32_t kMostRows = 10;
 
-void rememberIfThere(CBitmap* bitmap) {
-    if (bitmap)
-        bitmap->remember();
-}
-
 } // namespace
 
 CLFOWaveSelector2::CLFOWaveSelector2(const CRect& viewSize, const CRect& expandedSize,
@@ -30,26 +25,7 @@ CLFOWaveSelector2::CLFOWaveSelector2(const CRect& viewSize, const CRect& expande
     : BalancedEdits(viewSize, controlListener, controlTag, background), maxIndex(lastIndex),
       indexDivisor(std::max(divisor, 1)), expandedRect(expandedSize), normalRect(viewSize),
       hoverBitmap(hover), selectionBitmap(selection) {
-    rememberIfThere(hoverBitmap);
-    rememberIfThere(selectionBitmap);
     setWantsFocus(true); // so that the open list loses it
-}
-
-CLFOWaveSelector2::CLFOWaveSelector2(const CLFOWaveSelector2& other)
-    : BalancedEdits(other), currentIndex(other.currentIndex), maxIndex(other.maxIndex),
-      indexDivisor(other.indexDivisor), expandedRect(other.expandedRect),
-      normalRect(other.normalRect), hoverBitmap(other.hoverBitmap),
-      selectionBitmap(other.selectionBitmap) {
-    rememberIfThere(hoverBitmap);
-    rememberIfThere(selectionBitmap);
-    size = mouseableArea = normalRect; // a copy is closed
-}
-
-CLFOWaveSelector2::~CLFOWaveSelector2() {
-    if (hoverBitmap)
-        hoverBitmap->forget();
-    if (selectionBitmap)
-        selectionBitmap->forget();
 }
 
 CRect CLFOWaveSelector2::row(int32_t index) const {

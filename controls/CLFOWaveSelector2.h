@@ -1,6 +1,8 @@
 #pragma once
 
 #include "controls/BalancedEdits.h"
+#include "controls/Counted.h"
+#include "vstgui/lib/cbitmap.h"
 
 namespace pedl {
 
@@ -19,7 +21,6 @@ public:
                       VSTGUI::CControlListener* listener, int32_t tag, VSTGUI::CBitmap* background,
                       VSTGUI::CBitmap* hoverBitmap, VSTGUI::CBitmap* selectionBitmap,
                       int32_t indexDivisor, int32_t maxIndex);
-    CLFOWaveSelector2(const CLFOWaveSelector2& other);
 
     void draw(VSTGUI::CDrawContext* context) override;
     VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
@@ -43,8 +44,8 @@ public:
     VSTGUI::CRect expandedRect;
     VSTGUI::CRect normalRect;
     bool expanded = false;
-    VSTGUI::CBitmap* hoverBitmap;
-    VSTGUI::CBitmap* selectionBitmap;
+    Counted<VSTGUI::CBitmap> hoverBitmap;
+    Counted<VSTGUI::CBitmap> selectionBitmap;
     int32_t hoverIndex = 0;
     float mouseDownX = 0.0F;
     float mouseDownY = 0.0F;
@@ -52,7 +53,7 @@ public:
     CLASS_METHODS(CLFOWaveSelector2, CControl)
 
 protected:
-    ~CLFOWaveSelector2() override;
+    ~CLFOWaveSelector2() override = default;
 
 private:
     [[nodiscard]] VSTGUI::CRect row(int32_t index) const;

@@ -1,7 +1,5 @@
 #include "controls/CPedlDelaySlider.h"
 
-#include "vstgui/lib/cbitmap.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -30,47 +28,19 @@ CPedlDelaySlider::CPedlDelaySlider(const CRect& viewSize, CControlListener* cont
       handle(handleBitmap), style(styleBits), rangeHandle(lastPos - firstPos),
       minPos(firstPos - ((styleBits & kHorizontal) ? viewSize.left : viewSize.top)),
       widthControl(viewSize.width()), heightControl(viewSize.height()) {
-    if (handle)
-        handle->remember();
     CPedlDelaySlider::setOffsetHandle(CPoint(0, 0));
     setWantsFocus(true); // arrow keys
 }
 
-CPedlDelaySlider::CPedlDelaySlider(const CPedlDelaySlider& other)
-    : BalancedEdits(other), offset(other.offset), offsetHandle(other.offsetHandle),
-      handle(other.handle), style(other.style), rangeHandle(other.rangeHandle),
-      minTmp(other.minTmp), maxTmp(other.maxTmp), minPos(other.minPos),
-      widthControl(other.widthControl), heightControl(other.heightControl),
-      zoomFactor(other.zoomFactor), drawTransparentHandle(other.drawTransparentHandle),
-      freeClick(other.freeClick), overlay(other.overlay), valueScale(other.valueScale) {
-    if (handle)
-        handle->remember();
-    if (overlay)
-        overlay->remember();
-}
-
-CPedlDelaySlider::~CPedlDelaySlider() {
-    if (handle)
-        handle->forget();
-    if (overlay)
-        overlay->forget();
-}
-
-void CPedlDelaySlider::replace(CBitmap*& held, CBitmap* bitmap) {
-    if (bitmap)
-        bitmap->remember(); // first: it may be the one that is given back
-    if (CBitmap* const before = std::exchange(held, bitmap))
-        before->forget();
-    setDirty();
-}
-
 void CPedlDelaySlider::setHandle(CBitmap* bitmap) {
-    replace(handle, bitmap);
+    handle = bitmap;
+    setDirty();
     setOffsetHandle(offsetHandle); // its length counts there
 }
 
 void CPedlDelaySlider::setOverlay(CBitmap* bitmap) {
-    replace(overlay, bitmap);
+    overlay = bitmap;
+    setDirty();
 }
 
 int32_t CPedlDelaySlider::takeWheelDirection() {

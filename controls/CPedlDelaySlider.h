@@ -1,6 +1,8 @@
 #pragma once
 
 #include "controls/BalancedEdits.h"
+#include "controls/Counted.h"
+#include "vstgui/lib/cbitmap.h"
 
 namespace pedl {
 
@@ -18,7 +20,6 @@ public:
     CPedlDelaySlider(const VSTGUI::CRect& size, VSTGUI::CControlListener* listener, int32_t tag,
                      int32_t minPos, int32_t maxPos, VSTGUI::CBitmap* handle,
                      VSTGUI::CBitmap* background, const VSTGUI::CPoint& offset, int32_t style);
-    CPedlDelaySlider(const CPedlDelaySlider& other);
 
     void draw(VSTGUI::CDrawContext* context) override;
     VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
@@ -54,7 +55,7 @@ public:
 
     VSTGUI::CPoint offset;
     VSTGUI::CPoint offsetHandle;
-    VSTGUI::CBitmap* handle;
+    Counted<VSTGUI::CBitmap> handle;
     int32_t style;
     double rangeHandle;  // pixels that the handle travels
     double minTmp = 0.0; // travel limits of the handle, from the view's edge
@@ -70,13 +71,13 @@ public:
     double delta = 0.0;             // from the handle's start to where it was grabbed
     float oldVal = 0.0F;            // where the fine part of a drag began
     VSTGUI::CButtonState oldButton; // of the last event of a drag, 0 outside
-    VSTGUI::CBitmap* overlay = nullptr;
+    Counted<VSTGUI::CBitmap> overlay;
     float valueScale = 1.0F;
     bool jumped = false; // the drag began with a jump to the mouse
     CLASS_METHODS(CPedlDelaySlider, CControl)
 
 protected:
-    ~CPedlDelaySlider() override;
+    ~CPedlDelaySlider() override = default;
 
     // What the radio slider does in its own way
 
@@ -88,7 +89,6 @@ protected:
     [[nodiscard]] virtual bool hasEdits() const { return false; }
 
     [[nodiscard]] bool isHorizontal() const { return (style & VSTGUI::kHorizontal) != 0; }
-    void replace(VSTGUI::CBitmap*& held, VSTGUI::CBitmap* bitmap);
     /// The value that an arrow key goes to.
     [[nodiscard]] virtual float valueAfterKey(bool isUpwards, bool isFine) const;
     /// Moves to a normalised value and tells it where something moved, as an edit of its own.

@@ -22,16 +22,7 @@ CSplashScreenMyView::CSplashScreenMyView(const CRect& toDisplay, CAbout* about,
     : CControl(toDisplay, nullptr, 0, about ? about->getBackground() : nullptr), owner(about),
       anchorA(firstAnchor), versionAnchor(textAnchor) {}
 
-CSplashScreenMyView::~CSplashScreenMyView() {
-    if (linkBitmap)
-        linkBitmap->forget();
-}
-
 void CSplashScreenMyView::setLinkBitmap(CBitmap* bitmap) {
-    if (bitmap)
-        bitmap->remember();
-    if (linkBitmap)
-        linkBitmap->forget();
     linkBitmap = bitmap;
     setDirty();
 }

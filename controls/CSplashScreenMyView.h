@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/Counted.h"
+#include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/controls/ccontrol.h"
 
 namespace pedl {
@@ -29,14 +31,14 @@ public:
     VSTGUI::CPoint anchorA; // nothing is drawn there
     VSTGUI::CPoint versionAnchor;
     bool hover = false; // over a link area
-    VSTGUI::CBitmap* linkBitmap = nullptr;
+    Counted<VSTGUI::CBitmap> linkBitmap;
     VSTGUI::CRect linkImageRect{70, 132, 456, 419};
     VSTGUI::CRect linkAreaA{78, 140, 445, 185};
     VSTGUI::CRect linkAreaB{166, 185, 356, 405};
     CLASS_METHODS_NOCOPY(CSplashScreenMyView, CControl)
 
 protected:
-    ~CSplashScreenMyView() override;
+    ~CSplashScreenMyView() override = default;
 
 private:
     [[nodiscard]] bool isOverLink(const VSTGUI::CPoint& where) const {

@@ -1,7 +1,5 @@
 #include "controls/CpedlRadioSlider.h"
 
-#include "vstgui/lib/cbitmap.h"
-
 namespace pedl {
 
 using namespace VSTGUI;
@@ -21,20 +19,9 @@ CpedlRadioSlider::CpedlRadioSlider(const CRect& viewSize, CControlListener* cont
     CPedlDelaySlider::setOffsetHandle(offsetHandle);
 }
 
-CpedlRadioSlider::CpedlRadioSlider(const CpedlRadioSlider& other)
-    : CPedlDelaySlider(other), secondOverlay(other.secondOverlay),
-      overlaySelector(other.overlaySelector) {
-    if (secondOverlay)
-        secondOverlay->remember();
-}
-
-CpedlRadioSlider::~CpedlRadioSlider() {
-    if (secondOverlay)
-        secondOverlay->forget();
-}
-
 void CpedlRadioSlider::setSecondOverlay(CBitmap* bitmap) {
-    replace(secondOverlay, bitmap);
+    secondOverlay = bitmap;
+    setDirty();
 }
 
 void CpedlRadioSlider::setOverlaySelector(int32_t which) {

@@ -13,17 +13,16 @@ public:
     CpedlRadioSlider(const VSTGUI::CRect& size, VSTGUI::CControlListener* listener, int32_t tag,
                      int32_t minPos, int32_t maxPos, VSTGUI::CBitmap* handle,
                      VSTGUI::CBitmap* background, const VSTGUI::CPoint& offset);
-    CpedlRadioSlider(const CpedlRadioSlider& other);
 
     virtual void setSecondOverlay(VSTGUI::CBitmap* bitmap);
     virtual void setOverlaySelector(int32_t which); // 0 the first, else the second
 
-    VSTGUI::CBitmap* secondOverlay = nullptr;
+    Counted<VSTGUI::CBitmap> secondOverlay;
     int32_t overlaySelector = 0;
     CLASS_METHODS(CpedlRadioSlider, CPedlDelaySlider)
 
 protected:
-    ~CpedlRadioSlider() override;
+    ~CpedlRadioSlider() override = default;
     [[nodiscard]] double firstPlace() const override { return minTmp; }
     [[nodiscard]] bool isInverted() const override { return false; }
     [[nodiscard]] VSTGUI::CBitmap* shownOverlay() const override;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/Counted.h"
 #include "controls/ValueToText.h"
 #include "vstgui/lib/ccolor.h"
 #include "vstgui/lib/cdrawcontext.h"
@@ -29,26 +30,9 @@ struct ValueTextSource {
 /// `setLabelFontStyle` changes the font itself, which others may share: it is meant so.
 template <typename Base> class ValueLabel : public Base, public ValueTextSource {
 public:
-    template <typename... Args>
-    explicit ValueLabel(Args&&... args) : Base(std::forward<Args>(args)...) {
-        labelFont->remember();
-    }
-    ValueLabel(const ValueLabel& other)
-        : Base(other), ValueTextSource(other), labelHoriAlign(other.labelHoriAlign),
-          labelStyle(other.labelStyle), labelFont(other.labelFont),
-          labelFontColor(other.labelFontColor), labelBackColor(other.labelBackColor),
-          labelFrameColor(other.labelFrameColor), labelShadowColor(other.labelShadowColor),
-          labelTransparent(other.labelTransparent), labelAntialias(other.labelAntialias),
-          labelYOffset(other.labelYOffset) {
-        if (labelFont)
-            labelFont->remember();
-    }
+    using Base::Base;
 
     virtual void setLabelFont(VSTGUI::CFontRef font) {
-        if (font)
-            font->remember();
-        if (labelFont)
-            labelFont->forget();
         labelFont = font;
         this->setDirty();
     }
@@ -80,7 +64,7 @@ public:
 
     int32_t labelHoriAlign = VSTGUI::kCenterText;
     int32_t labelStyle = 0; // bits of `CControlEnum`
-    VSTGUI::CFontRef labelFont = VSTGUI::kNormalFontSmall;
+    Counted<VSTGUI::CFontDesc> labelFont = VSTGUI::kNormalFontSmall;
     VSTGUI::CColor labelFontColor = VSTGUI::kBlackCColor;
     VSTGUI::CColor labelBackColor = VSTGUI::kWhiteCColor;
     VSTGUI::CColor labelFrameColor = VSTGUI::kWhiteCColor;
@@ -90,10 +74,7 @@ public:
     double labelYOffset = 0.0;
 
 protected:
-    ~ValueLabel() override {
-        if (labelFont)
-            labelFont->forget();
-    }
+    ~ValueLabel() override = default;
 
     /// Draws the label and makes the control clean. Without a label it stays dirty.
     void drawValue(VSTGUI::CDrawContext* context) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/Counted.h"
+#include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/controls/ccontrol.h"
 
 namespace pedl {
@@ -11,16 +13,15 @@ public:
     ZMTIndicatorLED(const VSTGUI::CRect& size, VSTGUI::CControlListener* listener, int32_t tag,
                     VSTGUI::CBitmap* onBitmap, VSTGUI::CBitmap* offBitmap,
                     const VSTGUI::CPoint& offset = VSTGUI::CPoint(0, 0));
-    ZMTIndicatorLED(const ZMTIndicatorLED& other);
 
     void draw(VSTGUI::CDrawContext* context) override;
 
-    VSTGUI::CBitmap* onBitmap; // may be null
+    Counted<VSTGUI::CBitmap> onBitmap; // may be null
     VSTGUI::CPoint offset;
     CLASS_METHODS(ZMTIndicatorLED, CControl)
 
 protected:
-    ~ZMTIndicatorLED() override;
+    ~ZMTIndicatorLED() override = default;
 };
 
 } // namespace pedl

@@ -1,7 +1,5 @@
 #include "controls/ZMTMeterLED2Colors.h"
 
-#include "vstgui/lib/cbitmap.h"
-
 #include <algorithm>
 
 namespace pedl {
@@ -15,35 +13,13 @@ constexpr float kFirstSlope = 1.41243F; // full at `kSecondFrom`
 constexpr float kSecondSlope = 3.42468F;
 constexpr float kSecondShift = 2.42468F;
 
-void rememberIfThere(CBitmap* bitmap) {
-    if (bitmap)
-        bitmap->remember();
-}
-
 } // namespace
 
 ZMTMeterLED2Colors::ZMTMeterLED2Colors(const CRect& viewSize, CControlListener* controlListener,
                                        int32_t controlTag, CBitmap* first, CBitmap* second,
                                        CBitmap* off, const CPoint& pictureOffset)
     : CControl(viewSize, controlListener, controlTag, off), firstBitmap(first),
-      secondBitmap(second), offset(pictureOffset) {
-    rememberIfThere(firstBitmap);
-    rememberIfThere(secondBitmap);
-}
-
-ZMTMeterLED2Colors::ZMTMeterLED2Colors(const ZMTMeterLED2Colors& other)
-    : CControl(other), firstBitmap(other.firstBitmap), secondBitmap(other.secondBitmap),
-      offset(other.offset) {
-    rememberIfThere(firstBitmap);
-    rememberIfThere(secondBitmap);
-}
-
-ZMTMeterLED2Colors::~ZMTMeterLED2Colors() {
-    if (firstBitmap)
-        firstBitmap->forget();
-    if (secondBitmap)
-        secondBitmap->forget();
-}
+      secondBitmap(second), offset(pictureOffset) {}
 
 void ZMTMeterLED2Colors::draw(CDrawContext* context) {
     if (CBitmap* const off = getBackground())

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/Counted.h"
+#include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/controls/ccontrol.h"
 
 namespace pedl {
@@ -12,17 +14,16 @@ public:
                        VSTGUI::CBitmap* firstBitmap, VSTGUI::CBitmap* secondBitmap,
                        VSTGUI::CBitmap* offBitmap,
                        const VSTGUI::CPoint& offset = VSTGUI::CPoint(0, 0));
-    ZMTMeterLED2Colors(const ZMTMeterLED2Colors& other);
 
     void draw(VSTGUI::CDrawContext* context) override;
 
-    VSTGUI::CBitmap* firstBitmap;  // nothing lights where one of
-    VSTGUI::CBitmap* secondBitmap; // the two is null
+    Counted<VSTGUI::CBitmap> firstBitmap;  // nothing lights where one of
+    Counted<VSTGUI::CBitmap> secondBitmap; // the two is null
     VSTGUI::CPoint offset;
     CLASS_METHODS(ZMTMeterLED2Colors, CControl)
 
 protected:
-    ~ZMTMeterLED2Colors() override;
+    ~ZMTMeterLED2Colors() override = default;
 };
 
 } // namespace pedl
