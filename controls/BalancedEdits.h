@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/AnyWheel.h"
 #include "vstgui/lib/cframe.h"
 #include "vstgui/lib/controls/ccontrol.h"
 
@@ -10,10 +11,10 @@ namespace pedl {
 /// The listener may take the control away, or close the window, in any call. Edits that are open
 /// then end before the control leaves its frame, and the ends that the interrupted code still asks
 /// for are left out. Calls are passed on as they come otherwise, an end without a begin too.
-template <typename Base> class BalancedEdits : public Base {
+template <typename Base> class BalancedEdits : public AnyWheel<Base> {
 public:
-    using Base::Base;
-    BalancedEdits(const BalancedEdits& other) : Base(other) {} // a copy has no edit open
+    using AnyWheel<Base>::AnyWheel;
+    BalancedEdits(const BalancedEdits& other) : AnyWheel<Base>(other) {} // a copy has no edit open
 
     void beginEdit() override {
         const VSTGUI::CBaseObjectGuard self(this);

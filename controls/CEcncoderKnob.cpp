@@ -86,13 +86,8 @@ CMouseEventResult CEcncoderKnob::onMouseMoved(CPoint& where, const CButtonState&
     return kMouseEventHandled;
 }
 
-bool CEcncoderKnob::onWheel(const CPoint& where, const float& distance,
-                            const CButtonState& buttons) {
-    return onWheel(where, kMouseWheelAxisY, distance, buttons);
-}
-
-bool CEcncoderKnob::onWheel(const CPoint& /*where*/, const CMouseWheelAxis& /*axis*/,
-                            const float& distance, const CButtonState& /*buttons*/) {
+bool CEcncoderKnob::turnWheel(const CPoint& /*where*/, float distance,
+                              const CButtonState& /*buttons*/) {
     position += oneNotch(distance) * step;
     const auto tenths = static_cast<int32_t>(distance * 10.0F);
     const float exponent = static_cast<float>(std::abs(tenths) - 1) * kWheelExponent;

@@ -23,10 +23,6 @@ public:
                                         const VSTGUI::CButtonState& buttons) override;
     VSTGUI::CMouseEventResult onMouseMoved(VSTGUI::CPoint& where,
                                            const VSTGUI::CButtonState& buttons) override;
-    bool onWheel(const VSTGUI::CPoint& where, const float& distance,
-                 const VSTGUI::CButtonState& buttons) override;
-    bool onWheel(const VSTGUI::CPoint& where, const VSTGUI::CMouseWheelAxis& axis,
-                 const float& distance, const VSTGUI::CButtonState& buttons) override;
 
     /// Dead band and quantum of a drag in hundreds of pixels; the way of the picture for a notch.
     virtual void setStep(float hundredsOfPixels) { step = hundredsOfPixels; }
@@ -52,6 +48,8 @@ public:
     CLASS_METHODS_VIRTUAL(CEcncoderKnob, CAnimKnob)
 
 protected:
+    bool turnWheel(const VSTGUI::CPoint& where, float distance,
+                   const VSTGUI::CButtonState& buttons) override;
     ~CEcncoderKnob() override = default;
 
 private:

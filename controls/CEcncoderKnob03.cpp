@@ -77,8 +77,8 @@ CMouseEventResult CEcncoderKnob03::onMouseUp(CPoint& /*where*/, const CButtonSta
     return kMouseEventHandled;
 }
 
-bool CEcncoderKnob03::onWheel(const CPoint& /*where*/, const CMouseWheelAxis& /*axis*/,
-                              const float& distance, const CButtonState& buttons) {
+bool CEcncoderKnob03::turnWheel(const CPoint& /*where*/, float distance,
+                                const CButtonState& buttons) {
     const CBaseObjectGuard self(this);
     const float way = std::fabs(distance);
     altHeld = (buttons & kAlt) != 0;

@@ -22,9 +22,6 @@ public:
                                         const VSTGUI::CButtonState& buttons) override;
     VSTGUI::CMouseEventResult onMouseMoved(VSTGUI::CPoint& where,
                                            const VSTGUI::CButtonState& buttons) override;
-    using CEcncoderKnob::onWheel;
-    bool onWheel(const VSTGUI::CPoint& where, const VSTGUI::CMouseWheelAxis& axis,
-                 const float& distance, const VSTGUI::CButtonState& buttons) override;
 
     bool isFromWheel() override { return fromWheel; }
     bool isFineUsed() override { return fineUsed; }
@@ -46,6 +43,8 @@ public:
     CLASS_METHODS(CEcncoderKnob03, CEcncoderKnob)
 
 protected:
+    bool turnWheel(const VSTGUI::CPoint& where, float distance,
+                   const VSTGUI::CButtonState& buttons) override;
     ~CEcncoderKnob03() override = default;
 };
 

@@ -83,8 +83,8 @@ CMouseEventResult CHorizontalSwitchWithDynamicLabel::onMouseUp(CPoint& /*where*/
     return kMouseEventHandled;
 }
 
-bool CHorizontalSwitchWithDynamicLabel::onWheel(const CPoint& /*where*/, const float& distance,
-                                                const CButtonState& /*buttons*/) {
+bool CHorizontalSwitchWithDynamicLabel::turnWheel(const CPoint& /*where*/, float distance,
+                                                  const CButtonState& /*buttons*/) {
     const float before = value;
     const float step = subPixmaps > 1 ? 1.0F / static_cast<float>(subPixmaps - 1) : 0.0F;
     if (distance > kSmallestNotch)

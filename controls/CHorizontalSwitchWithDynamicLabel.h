@@ -26,9 +26,6 @@ public:
                                         const VSTGUI::CButtonState& buttons) override;
     VSTGUI::CMouseEventResult onMouseMoved(VSTGUI::CPoint& where,
                                            const VSTGUI::CButtonState& buttons) override;
-    using CControl::onWheel;
-    bool onWheel(const VSTGUI::CPoint& where, const float& distance,
-                 const VSTGUI::CButtonState& buttons) override;
     int32_t onKeyDown(VstKeyCode& keyCode) override;
     bool sizeToFit() override;
 
@@ -43,6 +40,8 @@ public:
     CLASS_METHODS(CHorizontalSwitchWithDynamicLabel, CControl)
 
 protected:
+    bool turnWheel(const VSTGUI::CPoint& where, float distance,
+                   const VSTGUI::CButtonState& buttons) override;
     ~CHorizontalSwitchWithDynamicLabel() override = default;
 
 private:

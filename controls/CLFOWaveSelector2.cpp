@@ -145,8 +145,8 @@ CMouseEventResult CLFOWaveSelector2::onMouseExited(CPoint& /*where*/,
     return kMouseEventHandled;
 }
 
-bool CLFOWaveSelector2::onWheel(const CPoint& /*where*/, const float& distance,
-                                const CButtonState& /*buttons*/) {
+bool CLFOWaveSelector2::turnWheel(const CPoint& /*where*/, float distance,
+                                  const CButtonState& /*buttons*/) {
     if (expanded) {
         looseFocus();
         return true;

@@ -31,9 +31,6 @@ public:
                                            const VSTGUI::CButtonState& buttons) override;
     VSTGUI::CMouseEventResult onMouseExited(VSTGUI::CPoint& where,
                                             const VSTGUI::CButtonState& buttons) override;
-    using CControl::onWheel;
-    bool onWheel(const VSTGUI::CPoint& where, const float& distance,
-                 const VSTGUI::CButtonState& buttons) override;
     void looseFocus() override;
     bool removed(VSTGUI::CView* parent) override; // closes the list too
     void setValue(float val) override;
@@ -53,6 +50,8 @@ public:
     CLASS_METHODS(CLFOWaveSelector2, CControl)
 
 protected:
+    bool turnWheel(const VSTGUI::CPoint& where, float distance,
+                   const VSTGUI::CButtonState& buttons) override;
     ~CLFOWaveSelector2() override = default;
 
 private:

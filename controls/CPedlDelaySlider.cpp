@@ -205,8 +205,8 @@ bool CPedlDelaySlider::stepsBackwards() const {
     return (style & kFromTop) == kFromTop || (style & kFromRight) == kFromRight;
 }
 
-bool CPedlDelaySlider::onWheel(const CPoint& /*where*/, const float& distance,
-                               const CButtonState& buttons) {
+bool CPedlDelaySlider::turnWheel(const CPoint& /*where*/, float distance,
+                                 const CButtonState& buttons) {
     if (!getMouseEnabled())
         return false;
     const CBaseObjectGuard self(this);

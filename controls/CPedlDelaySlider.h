@@ -28,9 +28,6 @@ public:
                                         const VSTGUI::CButtonState& buttons) override;
     VSTGUI::CMouseEventResult onMouseMoved(VSTGUI::CPoint& where,
                                            const VSTGUI::CButtonState& buttons) override;
-    using CControl::onWheel;
-    bool onWheel(const VSTGUI::CPoint& where, const float& distance,
-                 const VSTGUI::CButtonState& buttons) override;
     int32_t onKeyDown(VstKeyCode& keyCode) override;
 
     virtual void setDrawTransparentHandle(bool state) { drawTransparentHandle = state; }
@@ -77,6 +74,8 @@ public:
     CLASS_METHODS(CPedlDelaySlider, CControl)
 
 protected:
+    bool turnWheel(const VSTGUI::CPoint& where, float distance,
+                   const VSTGUI::CButtonState& buttons) override;
     ~CPedlDelaySlider() override = default;
 
     // What the radio slider does in its own way

@@ -31,8 +31,8 @@ void CZMParamDisplay::discardTimer() {
         timer->forget();
 }
 
-bool CZMParamDisplay::onWheel(const CPoint& /*where*/, const float& distance,
-                              const CButtonState& /*buttons*/) {
+bool CZMParamDisplay::turnWheel(const CPoint& /*where*/, float distance,
+                                const CButtonState& /*buttons*/) {
     if (!getMouseEnabled())
         return false;
     if (wheelTimer != nullptr)

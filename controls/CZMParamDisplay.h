@@ -16,9 +16,6 @@ public:
                     int32_t style = 0);
     CZMParamDisplay(const CZMParamDisplay& other);
 
-    using CParamDisplay::onWheel;
-    bool onWheel(const VSTGUI::CPoint& where, const float& distance,
-                 const VSTGUI::CButtonState& buttons) override;
     VSTGUI::CMessageResult notify(VSTGUI::CBaseObject* sender,
                                   VSTGUI::IdStringPtr message) override;
 
@@ -27,6 +24,8 @@ public:
     CLASS_METHODS(CZMParamDisplay, CParamDisplay)
 
 protected:
+    bool turnWheel(const VSTGUI::CPoint& where, float distance,
+                   const VSTGUI::CButtonState& buttons) override;
     ~CZMParamDisplay() override;
 
 private:

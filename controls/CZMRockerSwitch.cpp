@@ -78,8 +78,8 @@ CMouseEventResult CZMRockerSwitch::onMouseExited(CPoint& /*where*/,
     return kMouseEventHandled;
 }
 
-bool CZMRockerSwitch::onWheel(const CPoint& /*where*/, const float& distance,
-                              const CButtonState& /*buttons*/) {
+bool CZMRockerSwitch::turnWheel(const CPoint& /*where*/, float distance,
+                                const CButtonState& /*buttons*/) {
     if (!getMouseEnabled())
         return false;
     if (resetValueTimer != nullptr)

@@ -26,13 +26,13 @@ public:
                                              const VSTGUI::CButtonState& buttons) override;
     VSTGUI::CMouseEventResult onMouseExited(VSTGUI::CPoint& where,
                                             const VSTGUI::CButtonState& buttons) override;
-    bool onWheel(const VSTGUI::CPoint& where, const float& distance,
-                 const VSTGUI::CButtonState& buttons) override;
 
     int32_t hoverSide = 0; // -1 left, 1 right, 0 none
     CLASS_METHODS(CZMRockerSwitch, CRockerSwitch)
 
 protected:
+    bool turnWheel(const VSTGUI::CPoint& where, float distance,
+                   const VSTGUI::CButtonState& buttons) override;
     ~CZMRockerSwitch() override = default;
 
 private:

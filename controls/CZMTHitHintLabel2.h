@@ -20,11 +20,6 @@ public:
 
     VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
                                           const VSTGUI::CButtonState& buttons) override;
-    using CTextLabel::onWheel;
-    bool onWheel(const VSTGUI::CPoint& /*where*/, const float& /*distance*/,
-                 const VSTGUI::CButtonState& /*buttons*/) override {
-        return false;
-    }
 
     VSTGUI::CRect linkRect;
     bool linkActive = false; // the text is the link's

@@ -54,8 +54,8 @@ bool CZMTTextEdit::removed(CView* parent) {
     return wasAttached;
 }
 
-bool CZMTTextEdit::onWheel(const CPoint& /*where*/, const float& distance,
-                           const CButtonState& /*buttons*/) {
+bool CZMTTextEdit::turnWheel(const CPoint& /*where*/, float distance,
+                             const CButtonState& /*buttons*/) {
     const CBaseObjectGuard self(this);
     const auto last = static_cast<float>(stepCount - 1);
     if (distance > kSmallestNotch)

@@ -30,9 +30,6 @@ public:
     void takeFocus() override;
     void looseFocus() override;
     bool removed(VSTGUI::CView* parent) override;
-    using CTextEdit::onWheel;
-    bool onWheel(const VSTGUI::CPoint& where, const float& distance,
-                 const VSTGUI::CButtonState& buttons) override;
     void setValue(float val) override;
 
     bool forceArial;
@@ -48,6 +45,8 @@ public:
     CLASS_METHODS(CZMTTextEdit, CTextEdit)
 
 protected:
+    bool turnWheel(const VSTGUI::CPoint& where, float distance,
+                   const VSTGUI::CButtonState& buttons) override;
     ~CZMTTextEdit() override = default;
 
 private:

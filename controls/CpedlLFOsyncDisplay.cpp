@@ -3,7 +3,6 @@
 #include "parameters/NoteDivision.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace pedl {
 
@@ -17,35 +16,12 @@ constexpr auto kLastDivision = static_cast<int32_t>(kNoteDivisions.size()) - 1;
 /// Cells from the left.
 enum Cell : int32_t { kFree, kNumerator, kFraction, kTens, kUnits };
 
-void rememberIfThere(CBitmap* bitmap) {
-    if (bitmap)
-        bitmap->remember();
-}
-
 } // namespace
 
 CpedlLFOsyncDisplay::CpedlLFOsyncDisplay(const CRect& viewSize, CControlListener* controlListener,
                                          int32_t controlTag, float spacing, CBitmap* strip,
                                          CBitmap* overlay, CBitmap* background)
-    : BalancedEdits(viewSize, controlListener, controlTag, background), cellSpacing(spacing),
-      digitStrip(strip), overlayBitmap(overlay) {
-    rememberIfThere(digitStrip);
-    rememberIfThere(overlayBitmap);
-}
-
-CpedlLFOsyncDisplay::CpedlLFOsyncDisplay(const CpedlLFOsyncDisplay& other)
-    : BalancedEdits(other), cellSpacing(other.cellSpacing), digitStrip(other.digitStrip),
-      overlayBitmap(other.overlayBitmap), blanked(other.blanked), showSlash(other.showSlash) {
-    rememberIfThere(digitStrip);
-    rememberIfThere(overlayBitmap);
-}
-
-CpedlLFOsyncDisplay::~CpedlLFOsyncDisplay() {
-    if (digitStrip)
-        digitStrip->forget();
-    if (overlayBitmap)
-        overlayBitmap->forget();
-}
+    : DigitDisplay(viewSize, controlListener, controlTag, spacing, strip, overlay, background) {}
 
 /// In single precision: in double most of the values index / 31 would show their neighbour.
 int32_t CpedlLFOsyncDisplay::index() const {
@@ -54,23 +30,21 @@ int32_t CpedlLFOsyncDisplay::index() const {
 }
 
 void CpedlLFOsyncDisplay::draw(CDrawContext* context) {
-    const DigitCells cells{digitStrip, cellSpacing};
     CBitmap* const background = getBackground();
     if (background)
         background->draw(context, size);
-    cells.draw(context, size, kFraction, showSlash ? DigitCells::kSlash : DigitCells::kBlank);
+    drawCell(context, kFraction, showSlash ? kSlash : kBlank);
     if (!blanked) {
         const NoteDivision& rate = kNoteDivisions[static_cast<std::size_t>(index())];
-        cells.draw(context, size, kNumerator, rate.numerator);
+        drawCell(context, kNumerator, rate.numerator);
         if (rate.denominator >= 10)
-            cells.draw(context, size, kTens, rate.denominator / 10);
-        cells.draw(context, size, kUnits, rate.denominator % 10);
+            drawCell(context, kTens, rate.denominator / 10);
+        drawCell(context, kUnits, rate.denominator % 10);
     } else if (!background) {
         for (const int32_t cell : {kFree, kNumerator, kTens, kUnits})
-            cells.draw(context, size, cell, DigitCells::kBlank);
+            drawCell(context, cell, kBlank);
     }
-    if (overlayBitmap)
-        overlayBitmap->draw(context, size);
+    drawOverlay(context);
     setDirty(false);
 }
 
@@ -95,20 +69,10 @@ CMouseEventResult CpedlLFOsyncDisplay::onMouseMoved(CPoint& where, const CButton
         endOpenEdits(); // its release was never seen
         return kMouseEventNotHandled;
     }
-    const CBaseObjectGuard self(this);
     const float before = value;
-    if (std::fabs(lastPoint.y - where.y) >= kStepPixels) {
-        const int32_t by = where.y < lastPoint.y ? 1 : -1;
-        lastPoint = where;
+    if (const int32_t by = dragStep(where, kStepPixels))
         step(by);
-    }
-    // The wheel or the effect may have moved it since it was last told.
-    const bool isNews = value != lastSentValue || value != before;
-    lastSentValue = value;
-    if (isNews) {
-        invalid();
-        valueChanged();
-    }
+    tellNews(before);
     return kMouseEventHandled;
 }
 
@@ -118,16 +82,10 @@ CMouseEventResult CpedlLFOsyncDisplay::onMouseUp(CPoint& /*where*/,
     return kMouseEventHandled;
 }
 
-bool CpedlLFOsyncDisplay::onWheel(const CPoint& /*where*/, const float& distance,
-                                  const CButtonState& /*buttons*/) {
+bool CpedlLFOsyncDisplay::turnWheel(const CPoint& /*where*/, float distance,
+                                    const CButtonState& /*buttons*/) {
     step(distance < 0.0F ? -1 : 1);
-    if (listener == nullptr)
-        return true;
-    const CBaseObjectGuard self(this);
-    invalid();
-    beginEdit();
-    valueChanged();
-    endEdit();
+    tellInOneEdit();
     return true;
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "controls/BalancedEdits.h"
-#include "controls/DigitCells.h"
+#include "controls/DigitDisplay.h"
 
 namespace pedl {
 
@@ -10,12 +9,11 @@ namespace pedl {
 /// pixels or a notch of the wheel moves it by one.
 ///
 /// The index is cut, not rounded, so a value a little below a step shows the one before.
-class CpedlLFOsyncDisplay : public BalancedEdits<VSTGUI::CControl> {
+class CpedlLFOsyncDisplay : public DigitDisplay {
 public:
     CpedlLFOsyncDisplay(const VSTGUI::CRect& size, VSTGUI::CControlListener* listener, int32_t tag,
                         float cellSpacing, VSTGUI::CBitmap* digitStrip,
                         VSTGUI::CBitmap* overlayBitmap, VSTGUI::CBitmap* background);
-    CpedlLFOsyncDisplay(const CpedlLFOsyncDisplay& other);
 
     void draw(VSTGUI::CDrawContext* context) override;
     VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
@@ -24,21 +22,14 @@ public:
                                         const VSTGUI::CButtonState& buttons) override;
     VSTGUI::CMouseEventResult onMouseMoved(VSTGUI::CPoint& where,
                                            const VSTGUI::CButtonState& buttons) override;
-    using CControl::onWheel;
-    bool onWheel(const VSTGUI::CPoint& where, const float& distance,
-                 const VSTGUI::CButtonState& buttons) override;
 
-    float cellSpacing;
-    VSTGUI::CBitmap* digitStrip;
-    VSTGUI::CBitmap* overlayBitmap;
-    bool blanked = false; // the slash alone
     bool showSlash = true;
-    VSTGUI::CPoint lastPoint;
-    float lastSentValue = -1.0F;
     CLASS_METHODS(CpedlLFOsyncDisplay, CControl)
 
 protected:
-    ~CpedlLFOsyncDisplay() override;
+    bool turnWheel(const VSTGUI::CPoint& where, float distance,
+                   const VSTGUI::CButtonState& buttons) override;
+    ~CpedlLFOsyncDisplay() override = default;
 
 private:
     [[nodiscard]] int32_t index() const;

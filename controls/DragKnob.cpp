@@ -88,12 +88,7 @@ CMouseEventResult DragKnob::onMouseUp(CPoint& /*where*/, const CButtonState& /*b
     return kMouseEventHandled;
 }
 
-bool DragKnob::onWheel(const CPoint& where, const float& distance, const CButtonState& buttons) {
-    return onWheel(where, kMouseWheelAxisY, distance, buttons);
-}
-
-bool DragKnob::onWheel(const CPoint& /*where*/, const CMouseWheelAxis& /*axis*/,
-                       const float& distance, const CButtonState& buttons) {
+bool DragKnob::turnWheel(const CPoint& /*where*/, float distance, const CButtonState& buttons) {
     const float before = value;
     const float step = (buttons & kShift) ? wheelFineScale * wheelStep : wheelStep;
     value += step * oneNotch(distance);

@@ -24,11 +24,6 @@ public:
                                         const VSTGUI::CButtonState& buttons) override;
     VSTGUI::CMouseEventResult onMouseMoved(VSTGUI::CPoint& where,
                                            const VSTGUI::CButtonState& buttons) override;
-    bool onWheel(const VSTGUI::CPoint& where, const float& distance,
-                 const VSTGUI::CButtonState& buttons) override;
-    /// One `wheelStep` a notch, however far the wheel was turned at once; the axis has no meaning.
-    bool onWheel(const VSTGUI::CPoint& where, const VSTGUI::CMouseWheelAxis& axis,
-                 const float& distance, const VSTGUI::CButtonState& buttons) override;
 
     /// The value of the frame that is shown; in a fine drag `fineFactor` times finer.
     virtual float getQuantizedValue();
@@ -56,6 +51,9 @@ public:
     int32_t bitmapWidth = 0;
 
 protected:
+    /// One `wheelStep` a notch, however far the wheel was turned at once.
+    bool turnWheel(const VSTGUI::CPoint& where, float distance,
+                   const VSTGUI::CButtonState& buttons) override;
     ~DragKnob() override = default;
 
 private:

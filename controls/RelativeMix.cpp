@@ -86,8 +86,7 @@ CMouseEventResult RelativeMix::onMouseUp(CPoint& /*where*/, const CButtonState& 
     return kMouseEventHandled;
 }
 
-bool RelativeMix::onWheel(const CPoint& /*where*/, const float& distance,
-                          const CButtonState& buttons) {
+bool RelativeMix::turnWheel(const CPoint& /*where*/, float distance, const CButtonState& buttons) {
     const CBaseObjectGuard self(this);
     const float step = (buttons & kShift) ? wheelStep * wheelFineScale : wheelStep;
     value = kRest - step * oneNotch(distance);

@@ -27,9 +27,6 @@ public:
                                         const VSTGUI::CButtonState& buttons) override;
     VSTGUI::CMouseEventResult onMouseMoved(VSTGUI::CPoint& where,
                                            const VSTGUI::CButtonState& buttons) override;
-    using CControl::onWheel;
-    bool onWheel(const VSTGUI::CPoint& where, const float& distance,
-                 const VSTGUI::CButtonState& buttons) override;
     /// As it is: `kReset` lies outside the range.
     void setValue(float val) override { value = val; }
 
@@ -47,6 +44,8 @@ public:
     bool active = false;
 
 protected:
+    bool turnWheel(const VSTGUI::CPoint& where, float distance,
+                   const VSTGUI::CButtonState& buttons) override;
     ~RelativeMix() override = default;
 
 private:

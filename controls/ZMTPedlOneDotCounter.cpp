@@ -1,7 +1,10 @@
 #include "controls/ZMTPedlOneDotCounter.h"
 
+#include "parameters/ValueLaws.h"
+
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace pedl {
 
@@ -10,17 +13,14 @@ using namespace VSTGUI;
 namespace {
 
 constexpr double kStepPixels = 15.0; // of a drag, for one step of a digit
-constexpr float kLeastFrequencyHz = 20.0F;
+// The cut-off's law, in the precision of a control
+constexpr auto kLeastFrequencyHz = static_cast<float>(laws::kLowestCutoffHz);
+constexpr auto kFrequencySpan = static_cast<float>(laws::kHighestCutoffHz / laws::kLowestCutoffHz);
 constexpr float kTenths = 10.0F;
 constexpr float kMostNumber = 1e9F; // no cell could show it, and it fits an int
 
 float powerOfTen(int32_t exponent) {
     return std::pow(10.0F, static_cast<float>(exponent));
-}
-
-void rememberIfThere(CBitmap* bitmap) {
-    if (bitmap)
-        bitmap->remember();
 }
 
 } // namespace
@@ -29,30 +29,11 @@ ZMTPedlOneDotCounter::ZMTPedlOneDotCounter(const CRect& viewSize, CControlListen
                                            int32_t controlTag, float spacing, CBitmap* strip,
                                            int32_t numCells, int32_t pointCell, int32_t lit,
                                            CBitmap* overlay, CBitmap* background, bool hasDot)
-    : BalancedEdits(viewSize, controlListener, controlTag, background),
-      cellCount(std::clamp(numCells, 1, kMostCells)), cellSpacing(spacing),
+    : DigitDisplay(viewSize, controlListener, controlTag, spacing, strip, overlay, background),
+      cellCount(std::clamp(numCells, 1, kMostCells)),
       dotCell(pointCell > cellCount ? 1 : pointCell), litCells(lit > cellCount / 2 ? 0 : lit),
-      showDot(hasDot), digitStrip(strip), overlayBitmap(overlay) {
-    rememberIfThere(digitStrip);
-    rememberIfThere(overlayBitmap);
+      showDot(hasDot) {
     setWantsFocus(true);
-}
-
-ZMTPedlOneDotCounter::ZMTPedlOneDotCounter(const ZMTPedlOneDotCounter& other)
-    : BalancedEdits(other), cellCount(other.cellCount), cellSpacing(other.cellSpacing),
-      digits(other.digits), editDigits(other.editDigits), dotCell(other.dotCell),
-      litCells(other.litCells), showDot(other.showDot), rangeMin(other.rangeMin),
-      rangeMax(other.rangeMax), scaleMode(other.scaleMode), blanked(other.blanked),
-      editable(other.editable), digitStrip(other.digitStrip), overlayBitmap(other.overlayBitmap) {
-    rememberIfThere(digitStrip);
-    rememberIfThere(overlayBitmap);
-}
-
-ZMTPedlOneDotCounter::~ZMTPedlOneDotCounter() {
-    if (digitStrip)
-        digitStrip->forget();
-    if (overlayBitmap)
-        overlayBitmap->forget();
 }
 
 // Numbers
@@ -72,7 +53,7 @@ void ZMTPedlOneDotCounter::setValue(float val) {
         setDisplayedNumber(std::pow(100.0F, value));
         break;
     case kFrequency:
-        setDisplayedNumber(kLeastFrequencyHz * std::pow(1000.0F, value));
+        setDisplayedNumber(kLeastFrequencyHz * std::pow(kFrequencySpan, value));
         break;
     default:
         setDisplayedNumber(rangeMin + (rangeMax - rangeMin) * value);
@@ -117,35 +98,23 @@ float ZMTPedlOneDotCounter::editedDigits() const {
 
 // Steps
 
-bool ZMTPedlOneDotCounter::canStepUp(std::size_t digit) const {
-    for (auto higher = digit + 1; higher < static_cast<std::size_t>(cellCount); ++higher)
-        if (editDigits[higher] < 9.0F)
-            return true;
-    return false;
-}
-
-bool ZMTPedlOneDotCounter::canStepDown(std::size_t digit) const {
-    for (auto higher = digit + 1; higher < static_cast<std::size_t>(cellCount); ++higher)
-        if (editDigits[higher] > 0.0F)
-            return true;
-    return false;
+/// Whether a higher digit can take what `digit` hands on.
+bool ZMTPedlOneDotCounter::canCarry(int32_t delta, std::size_t digit) const {
+    const auto higher = std::span(editDigits).first(static_cast<std::size_t>(cellCount));
+    const float full = delta > 0 ? 9.0F : 0.0F;
+    return std::ranges::any_of(higher.subspan(digit + 1),
+                               [full](float each) { return each != full; });
 }
 
 void ZMTPedlOneDotCounter::carry(int32_t delta, std::size_t digit) {
-    const float stepped = editDigits[digit] + static_cast<float>(delta);
-    if (stepped >= 0.0F && stepped <= 9.0F) {
-        editDigits[digit] = stepped;
-    } else if (stepped > 9.0F && canStepUp(digit)) {
-        editDigits[digit] = 0.0F;
-        carry(1, digit + 1);
-    } else if (stepped > 9.0F) {
-        editDigits[digit] = 9.0F;
-    } else if (canStepDown(digit)) {
-        editDigits[digit] = 9.0F;
-        carry(-1, digit + 1);
-    } else {
-        editDigits[digit] = 0.0F;
-    }
+    float& stepped = editDigits[digit];
+    stepped += static_cast<float>(delta);
+    if (stepped >= 0.0F && stepped <= 9.0F)
+        return;
+    const bool isCarried = canCarry(delta, digit);
+    stepped = (delta > 0) == isCarried ? 0.0F : 9.0F; // round the end, or back to it
+    if (isCarried)
+        carry(delta, digit + 1);
 }
 
 void ZMTPedlOneDotCounter::stepDigit(int32_t delta, int32_t digit) {
@@ -162,8 +131,8 @@ void ZMTPedlOneDotCounter::stepDigit(int32_t delta, int32_t digit) {
 
 // Drawing
 
-void ZMTPedlOneDotCounter::drawCell(CDrawContext* context, int32_t cell, int32_t frame) const {
-    cells().draw(context, size, cellCount - 1 - cell, frame);
+void ZMTPedlOneDotCounter::drawFromRight(CDrawContext* context, int32_t cell, int32_t frame) const {
+    drawCell(context, cellCount - 1 - cell, frame);
 }
 
 /// Unlit cells are `litCells` to the last, lit ones 0 to `cellCount` - `litCells` - 1: a lit one
@@ -174,18 +143,17 @@ void ZMTPedlOneDotCounter::draw(CDrawContext* context) {
         background->draw(context, size);
     if (blanked) {
         for (int32_t cell = 0; !background && cell < cellCount; ++cell)
-            drawCell(context, cell, DigitCells::kBlank);
+            drawFromRight(context, cell, kBlank);
         setDirty(false);
         return;
     }
     for (int32_t cell = litCells; litCells != 0 && cell < cellCount; ++cell)
-        drawCell(context, cell, DigitCells::kBlank);
+        drawFromRight(context, cell, kBlank);
     for (int32_t cell = 0; cell < cellCount - litCells; ++cell)
-        drawCell(context, cell, digits[static_cast<std::size_t>(cell)]);
+        drawFromRight(context, cell, digits[static_cast<std::size_t>(cell)]);
     if (showDot)
-        drawCell(context, dotCell, DigitCells::kPoint);
-    if (overlayBitmap)
-        overlayBitmap->draw(context, size);
+        drawFromRight(context, dotCell, kPoint);
+    drawOverlay(context);
     setDirty(false);
 }
 
@@ -194,7 +162,7 @@ void ZMTPedlOneDotCounter::draw(CDrawContext* context) {
 /// From the right from 1, or -1 beside all that can be edited.
 int32_t ZMTPedlOneDotCounter::digitAt(const CPoint& where) const {
     for (int32_t fromLeft = litCells; fromLeft < cellCount; ++fromLeft)
-        if (cells().isOver(where, size, fromLeft))
+        if (isOverCell(where, fromLeft))
             return cellCount - fromLeft;
     return -1;
 }
@@ -220,21 +188,11 @@ CMouseEventResult ZMTPedlOneDotCounter::onMouseMoved(CPoint& where, const CButto
         endOpenEdits(); // its release was never seen
         return kMouseEventNotHandled;
     }
-    const CBaseObjectGuard self(this);
-    if (std::fabs(lastPoint.y - where.y) >= kStepPixels) {
-        const int32_t delta = where.y < lastPoint.y ? 1 : -1;
-        lastPoint = where;
-        stepDigit(delta, editedDigit);
-    }
+    if (const int32_t step = dragStep(where, kStepPixels))
+        stepDigit(step, editedDigit);
     const float before = value;
     value = displayedNumberToValue(numberOf(editedDigits()));
-    // The wheel or the effect may have moved it since it was last told.
-    const bool isNews = value != lastSentValue || value != before;
-    lastSentValue = value;
-    if (isNews) {
-        invalid();
-        valueChanged();
-    }
+    tellNews(before);
     return kMouseEventHandled;
 }
 
@@ -247,20 +205,14 @@ CMouseEventResult ZMTPedlOneDotCounter::onMouseUp(CPoint& /*where*/,
     return kMouseEventHandled;
 }
 
-bool ZMTPedlOneDotCounter::onWheel(const CPoint& where, const float& distance,
-                                   const CButtonState& /*buttons*/) {
+bool ZMTPedlOneDotCounter::turnWheel(const CPoint& where, float distance,
+                                     const CButtonState& /*buttons*/) {
     const int32_t digit = editable ? digitAt(where) : -1;
     if (digit < 0)
         return false;
     stepDigit(distance >= 0.0F ? 1 : -1, digit);
     value = std::clamp(displayedNumberToValue(numberOf(editedDigits())), 0.0F, 1.0F);
-    if (listener == nullptr)
-        return true;
-    const CBaseObjectGuard self(this);
-    invalid();
-    beginEdit();
-    valueChanged();
-    endEdit();
+    tellInOneEdit();
     return true;
 }
 

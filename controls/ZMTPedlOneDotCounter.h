@@ -1,7 +1,6 @@
 #pragma once
 
-#include "controls/BalancedEdits.h"
-#include "controls/DigitCells.h"
+#include "controls/DigitDisplay.h"
 
 #include <array>
 
@@ -12,7 +11,7 @@ namespace pedl {
 ///
 /// The owner sets range, `scaleMode`, `blanked` and `editable`. Digits, `dotCell` and `litCells`
 /// count from the right, cell 0 being the least significant.
-class ZMTPedlOneDotCounter : public BalancedEdits<VSTGUI::CControl> {
+class ZMTPedlOneDotCounter : public DigitDisplay {
 public:
     static constexpr int32_t kMostCells = 5;
     /// How the value becomes the number shown.
@@ -31,7 +30,6 @@ public:
                          float cellSpacing, VSTGUI::CBitmap* digitStrip, int32_t cellCount,
                          int32_t dotCell, int32_t litCells, VSTGUI::CBitmap* overlayBitmap,
                          VSTGUI::CBitmap* background, bool showDot);
-    ZMTPedlOneDotCounter(const ZMTPedlOneDotCounter& other);
 
     /// The numbers of value 0 and 1; corrected to what the cells can show.
     void setRange(float min, float max);
@@ -48,13 +46,9 @@ public:
                                         const VSTGUI::CButtonState& buttons) override;
     VSTGUI::CMouseEventResult onMouseMoved(VSTGUI::CPoint& where,
                                            const VSTGUI::CButtonState& buttons) override;
-    using CControl::onWheel;
-    bool onWheel(const VSTGUI::CPoint& where, const float& distance,
-                 const VSTGUI::CButtonState& buttons) override;
     void setValue(float val) override;
 
     int32_t cellCount;
-    float cellSpacing;
     std::array<int32_t, kMostCells> digits{};
     std::array<float, kMostCells> editDigits{}; // the working copy that steps change
     int32_t dotCell;
@@ -63,29 +57,24 @@ public:
     float rangeMin = 20.0F;
     float rangeMax = 20000.0F;
     int32_t scaleMode = kLinear;
-    bool blanked = false; // nothing but the background
     bool editable = true;
     int32_t editedDigit = -1; // from the right from 1; none outside
-    VSTGUI::CPoint lastPoint;
-    float lastSentValue = -1.0F;
-    VSTGUI::CBitmap* digitStrip;
-    VSTGUI::CBitmap* overlayBitmap;
     CLASS_METHODS(ZMTPedlOneDotCounter, CControl)
 
 protected:
-    ~ZMTPedlOneDotCounter() override;
+    bool turnWheel(const VSTGUI::CPoint& where, float distance,
+                   const VSTGUI::CButtonState& buttons) override;
+    ~ZMTPedlOneDotCounter() override = default;
 
 private:
-    [[nodiscard]] DigitCells cells() const { return {digitStrip, cellSpacing}; }
     [[nodiscard]] int32_t digitAt(const VSTGUI::CPoint& where) const;
     [[nodiscard]] float editedDigits() const;
     [[nodiscard]] float numberOf(float allDigits) const {
         return showDot ? allDigits / 10.0F : allDigits;
     }
-    [[nodiscard]] bool canStepUp(std::size_t digit) const;
-    [[nodiscard]] bool canStepDown(std::size_t digit) const;
+    [[nodiscard]] bool canCarry(int32_t delta, std::size_t digit) const;
     void carry(int32_t delta, std::size_t digit);
-    void drawCell(VSTGUI::CDrawContext* context, int32_t cell, int32_t frame) const;
+    void drawFromRight(VSTGUI::CDrawContext* context, int32_t cell, int32_t frame) const;
 };
 
 } // namespace pedl
