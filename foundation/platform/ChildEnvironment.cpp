@@ -56,4 +56,12 @@ std::vector<std::string> environmentOfChild(std::vector<std::string> lines) {
     return lines;
 }
 
+std::vector<char*> pointersTo(std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    for (std::string& text : texts)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
 } // namespace pedl

@@ -30,15 +30,6 @@ std::string pathOf(const char* program) {
     return {};
 }
 
-/// A `char*` each and a null at the end, as C takes them. They point into `texts`.
-std::vector<char*> pointersTo(std::vector<std::string>& texts) {
-    std::vector<char*> pointers;
-    for (std::string& text : texts)
-        pointers.push_back(text.data());
-    pointers.push_back(nullptr);
-    return pointers;
-}
-
 /// In the child, where nothing may allocate or lock: other threads of the host may hold anything.
 [[noreturn]] void becomeProgram(const char* path, char* const* arguments,
                                 char* const* environment) {

@@ -31,15 +31,6 @@ constexpr double kToldMs = 20;
 /// The same for all that are left when the library goes.
 constexpr double kLibraryEndMs = 50;
 
-/// A `char*` each and a null at the end, as C takes them. They point into `texts`.
-std::vector<char*> pointersTo(std::vector<std::string>& texts) {
-    std::vector<char*> pointers;
-    for (std::string& text : texts)
-        pointers.push_back(text.data());
-    pointers.push_back(nullptr);
-    return pointers;
-}
-
 /// A pipe of which no other child gets an end and whose ends are no standard files.
 bool openPipe(std::array<int, 2>& ends) {
     std::array<int, 2> low{};
@@ -79,8 +70,9 @@ pid_t spawn(std::vector<std::string> arguments, int outputFile) {
                                               POSIX_SPAWN_SETPGROUP);
 
     pid_t process = 0;
-    const int error = posix_spawnp(&process, arguments[0].c_str(), &files, &attributes,
-                                   pointersTo(arguments).data(), pointersTo(environment).data());
+    const int error =
+        posix_spawnp(&process, arguments[0].c_str(), &files, &attributes,
+                     pedl::pointersTo(arguments).data(), pedl::pointersTo(environment).data());
     posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&files);
     return error == 0 ? process : 0;
