@@ -124,7 +124,8 @@ TEST_F(Gesture, SwitchesAndButtonsTellTheirPositions) {
     press(VKEY_RIGHT);
     press(VKEY_RIGHT);
     window().wheel(40, 40, -1.0F);
-    EXPECT_EQ(takeTold(), (Values{1.0F, 0.5F}));
+    window().wheel(40, 40, 1.0F, 0, kMouseWheelAxisX);
+    EXPECT_EQ(takeTold(), (Values{1.0F, 0.5F, 1.0F})) << "to the right is upwards";
     theFrame().removeAll();
 
     put(new CHorizontalSwitchSeq(kPlace, this, 1, 3, 40, 3, strip(3, 40, 40).get(), kOrigin));
