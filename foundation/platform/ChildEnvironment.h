@@ -10,7 +10,8 @@ namespace pedl {
 /// Thread: any, while the host leaves its environment alone.
 std::vector<std::string> environmentOfChild(std::vector<std::string> lines = {});
 
-/// A `char*` each and a null at the end, as C takes the texts of a program. They point into `texts`.
+/// A `char*` each and a null at the end, as C takes the texts of a program. They point into
+/// `texts`.
 std::vector<char*> pointersTo(std::vector<std::string>& texts);
 
 } // namespace pedl
