@@ -19,9 +19,8 @@ public:
         if (object_)
             object_->forget();
     }
-    Counted& operator=(const Counted& other) {
-        Counted held(other); // first: it may be the one that is given back
-        std::swap(object_, held.object_);
+    Counted& operator=(Counted other) { // a copy first: it may be the one that is given back
+        std::swap(object_, other.object_);
         return *this;
     }
 
