@@ -1,0 +1,59 @@
+#include "resources/painter/Drawings.h"
+
+#include "resources/painter/DisplayWords.h"
+#include "resources/painter/Palette.h"
+#include "resources/painter/Patch.h"
+
+#include <cmath>
+
+namespace pedl::skin {
+
+namespace {
+
+/// The softbox in the glass, faded to nothing at every border.
+float reflection(float x, float y) {
+    const float inside = smoothStep(0.0F, 14.0F, x) * smoothStep(135.0F, 110.0F, x) *
+                         smoothStep(0.0F, 4.0F, y) * smoothStep(41.0F, 34.0F, y);
+    const float slope = x + y * 0.55F;
+    return inside * (0.075F * smoothStep(-6.0F, 3.0F, 62.0F - slope) +
+                     0.03F * smoothStep(8.0F, 0.0F, std::fabs(74.0F - slope)));
+}
+
+/// The unlit words are on the glass, over whatever lies below; a lit one outshines its own.
+constexpr double kUnlitWord = 0.12;
+
+Canvas displayGlass(int scale) {
+    Canvas canvas(kDisplay.width, kDisplay.height, scale);
+    const Patch patch(kDisplay.width, kDisplay.height, scale, 0, 0);
+    const Light softbox = linear(palette::kSoftbox);
+    canvas.put(patch.light([&](int column, int row) -> Sample {
+        return {softbox, reflection(patch.x(column), patch.y(row))};
+    }),
+               0, 0);
+    for (const DisplayWord& word : kDisplayWords)
+        write(canvas, word.text, {word.cell * kCellWidth + word.left, kWordBaseline}, kWordType,
+              solid(palette::kAmber, kUnlitWord), Align::Left);
+    return canvas;
+}
+
+Picture part(const SkinBitmap& size, int scale, double from) {
+    Canvas canvas(size.width, size.frameHeight, scale);
+    canvas.put(displayGlass(scale), -from, 0);
+    return canvas.picture();
+}
+
+} // namespace
+
+Picture paintDisplayGlass(const SkinBitmap& size, int, int scale) {
+    return part(size, scale, 0);
+}
+
+Picture paintDisplayGlassLeft(const SkinBitmap& size, int, int scale) {
+    return part(size, scale, 0);
+}
+
+Picture paintDisplayGlassRight(const SkinBitmap& size, int, int scale) {
+    return part(size, scale, kDisplay.width - size.width);
+}
+
+} // namespace pedl::skin

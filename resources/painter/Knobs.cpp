@@ -1,0 +1,256 @@
+#include "resources/painter/Drawings.h"
+
+#include "resources/painter/Palette.h"
+#include "resources/painter/Patch.h"
+#include "resources/painter/Profile.h"
+#include "resources/painter/Turned.h"
+
+#include <numbers>
+
+namespace pedl::skin {
+
+namespace {
+
+constexpr float kDegree = std::numbers::pi_v<float> / 180.0F;
+
+/// Frames 0 to 100 turn from lower left over the top to lower right.
+Pointer knobPointer(int frame) {
+    return Pointer((-135.0F + 2.7F * static_cast<float>(frame)) * kDegree);
+}
+
+const Light kAluminium = linear(palette::kAluminium);
+const Light kBakelite = linear(palette::kBakelite);
+const Light kIvoryInlay = linear(palette::kPointerIvory);
+const Light kGroove = linear(palette::kGrooveBlack);
+
+/// Flutes are where the radius counts for more than it is.
+struct Flutes {
+    int number;
+    float depth;
+    float fadeFrom, fadeTo; // radii
+
+    [[nodiscard]] float radius(const Polar& place, const Pointer& pointer) const {
+        const float share = smoothStep(fadeFrom, fadeTo, place.radius);
+        if (share <= 0.0F)
+            return place.radius;
+        const float turn = static_cast<float>(number) * (place.angle() - pointer.angle);
+        return place.radius + depth * (0.5F - 0.5F * std::cos(turn)) * share;
+    }
+};
+
+/// An inlaid line: mostly its own colour, a little of the light on it.
+Light inlay(Light lit, float cover, float share) {
+    return mix(lit, kIvoryInlay * 0.89F, cover * share);
+}
+
+constexpr float kRimLine = 0.4F;   // half width of the dark line that ends a bakelite knob
+constexpr float kRimShade = 0.45F; // how dark
+
+// Large: bakelite skirt with flutes, spun aluminium cap, ivory line on the skirt, black on the cap
+constexpr float kLargeRadius = 19.8F;
+constexpr float kCapRadius = 12.0F;
+constexpr Flutes kLargeFlutes{24, 0.85F, 0.70F * kLargeRadius, 0.88F * kLargeRadius};
+
+const Profile& largeProfile() {
+    static const Profile kProfile{{0.0F, 9.2F},   {10.6F, 9.2F},  {11.6F, 8.8F},  {12.0F, 8.2F},
+                                  {12.4F, 8.7F},  {12.8F, 8.65F}, {13.3F, 8.49F}, {13.8F, 8.26F},
+                                  {14.3F, 7.96F}, {14.8F, 7.58F}, {15.3F, 7.14F}, {15.8F, 6.63F},
+                                  {16.3F, 6.04F}, {16.8F, 5.39F}, {17.3F, 4.67F}, {17.8F, 3.87F},
+                                  {18.3F, 3.01F}, {18.8F, 2.08F}, {19.3F, 1.08F}, {19.8F, 0.0F}};
+    return kProfile;
+}
+
+} // namespace
+
+Picture paintLargeKnob(const SkinBitmap& size, int frame, int scale) {
+    const Patch patch(size.width, size.frameHeight, scale, 26.0, 24.5);
+    const Pointer pointer = knobPointer(frame);
+    const auto capMark = [&](float x, float y) {
+        return patch.cover(markDistance(pointer.place(x, y), 0.85F, 4.0F, 11.4F));
+    };
+    const Field relief = patch.relief(0.32, [&](float x, float y) {
+        const Polar place(x, y);
+        return largeProfile()(kLargeFlutes.radius(place, pointer)) - 0.3F * capMark(x, y);
+    });
+    const Field hidden = patch.occlusion(relief, 0.10F, 2.5);
+    return patch.light([&](int column, int row) -> Sample {
+        const float x = patch.x(column);
+        const float y = patch.y(row);
+        const Polar place(x, y);
+        const float cover = patch.cover(kLargeFlutes.radius(place, pointer) - kLargeRadius);
+        if (cover <= 0.0F)
+            return {};
+        const Facet facet = patch.facet(relief, column, row);
+        const float cap = patch.cover(place.radius - kCapRadius);
+        Light light;
+        if (cap < 1.0F) {
+            const float line =
+                patch.cover(markDistance(pointer.place(x, y), 1.05F, 12.8F, kLargeRadius - 0.6F));
+            light = dielectric(facet, mix(kBakelite, kIvoryInlay, line), 0.85F - 0.75F * line);
+            light = inlay(light, line, 0.75F);
+        }
+        if (cap > 0.0F) {
+            const float mark = capMark(x, y);
+            const Light albedo = kAluminium * (1.0F + 0.045F * latheNoise(place.radius, 5));
+            const float cut = smoothStep(11.4F, 10.8F, place.radius);
+            Light top = mix(metal(facet, albedo), cutMetal(facet, albedo, -place.y, place.x), cut);
+            top = mix(top, dielectric(facet, kGroove, 0.1F), mark);
+            light = mix(light, top, cap);
+        }
+        light *= 1.0F - hidden.row(row)[column];
+        light *= 1.0F - 0.75F * patch.cover(std::fabs(place.radius - 12.15F) - 0.32F);
+        light *= 1.0F - kRimShade * patch.cover(std::fabs(place.radius - kLargeRadius) - kRimLine);
+        return {light, cover};
+    });
+}
+
+namespace {
+
+// Medium: bakelite with a dished crown, ivory line
+constexpr float kMediumRadius = 14.5F;
+constexpr Flutes kMediumFlutes{18, 0.85F, 0.70F * kMediumRadius, 0.88F * kMediumRadius};
+
+const Profile& mediumProfile() {
+    static const Profile kProfile{{0.0F, 7.6F},  {2.0F, 7.5F},  {4.0F, 7.15F}, {6.0F, 6.6F},
+                                  {7.5F, 6.02F}, {8.9F, 5.4F},  {9.5F, 5.0F},  {9.9F, 4.95F},
+                                  {10.6F, 4.6F}, {13.2F, 2.0F}, {14.5F, 0.0F}};
+    return kProfile;
+}
+
+} // namespace
+
+Picture paintMediumKnob(const SkinBitmap& size, int frame, int scale) {
+    const Patch patch(size.width, size.frameHeight, scale, size.width / 2.0,
+                      size.frameHeight / 2.0);
+    const Pointer pointer = knobPointer(frame);
+    const Field relief = patch.relief(0.38, [&](float x, float y) {
+        return mediumProfile()(kMediumFlutes.radius(Polar(x, y), pointer));
+    });
+    const Field hidden = patch.occlusion(relief, 0.10F, 2.5);
+    return patch.light([&](int column, int row) -> Sample {
+        const float x = patch.x(column);
+        const float y = patch.y(row);
+        const Polar place(x, y);
+        const float cover = patch.cover(kMediumFlutes.radius(place, pointer) - kMediumRadius);
+        if (cover <= 0.0F)
+            return {};
+        const Facet facet = patch.facet(relief, column, row);
+        const float line =
+            patch.cover(markDistance(pointer.place(x, y), 1.0F, 3.4F, kMediumRadius - 0.7F));
+        Light light = dielectric(facet, mix(kBakelite, kIvoryInlay, line), 0.85F - 0.73F * line);
+        light *= 1.0F - hidden.row(row)[column];
+        light = inlay(light, line, 0.70F);
+        light *= 1.0F - kRimShade * patch.cover(std::fabs(place.radius - kMediumRadius) - kRimLine);
+        return {light, cover};
+    });
+}
+
+namespace {
+
+// Small: machined aluminium, knurled wall, turned face, black groove
+constexpr float kSmallRadius = 10.5F;
+
+const Profile& smallProfile() {
+    static const Profile kProfile{
+        {0.0F, 4.6F}, {7.6F, 4.6F}, {8.5F, 4.1F}, {9.5F, 2.6F}, {10.5F, 0.0F}};
+    return kProfile;
+}
+
+} // namespace
+
+Picture paintSmallKnob(const SkinBitmap& size, int frame, int scale) {
+    const Patch patch(size.width, size.frameHeight, scale, 14.0, 13.0);
+    const Pointer pointer = knobPointer(frame);
+    const auto groove = [&](float x, float y) {
+        return patch.cover(markDistance(pointer.place(x, y), 0.95F, 2.2F, 9.8F));
+    };
+    const Field relief = patch.relief(0.18, [&](float x, float y) {
+        const Polar place(x, y);
+        const float share = smoothStep(8.2F, 9.6F, place.radius);
+        const float knurl =
+            share > 0.0F ? 0.20F * share * std::cos(26.0F * (place.angle() - pointer.angle)) : 0.0F;
+        return smallProfile()(place.radius + knurl) - 0.35F * groove(x, y);
+    });
+    return patch.light([&](int column, int row) -> Sample {
+        const float x = patch.x(column);
+        const float y = patch.y(row);
+        const Polar place(x, y);
+        const float cover = patch.cover(place.radius - kSmallRadius);
+        if (cover <= 0.0F)
+            return {};
+        const Facet facet = patch.facet(relief, column, row);
+        const Light albedo = place.radius < 7.6F
+                                 ? kAluminium * (1.0F + 0.05F * latheNoise(place.radius, 3))
+                                 : kAluminium;
+        const float cut = smoothStep(8.0F, 7.4F, place.radius);
+        Light light = mix(metal(facet, albedo), cutMetal(facet, albedo, -place.y, place.x), cut);
+        light = mix(light, dielectric(facet, kGroove, 0.1F), groove(x, y));
+        light *= 1.0F - 0.35F * smoothStep(8.6F, 10.2F, place.radius);
+        return {light, cover};
+    });
+}
+
+namespace {
+
+// Encoder: a turned wheel with a black inlay ring and a dimple for the finger
+constexpr float kEncoderRadius = 33.0F;
+constexpr float kDimpleAt = 16.2F;
+constexpr float kDimpleRadius = 7.2F;
+constexpr float kDimpleDepth = 2.3F;
+constexpr float kInlayRadius = 26.4F;
+
+const Profile& encoderProfile() {
+    static const Profile kProfile{{0.0F, 9.0F},   {25.6F, 9.0F}, {26.0F, 8.65F},
+                                  {26.8F, 8.65F}, {27.2F, 9.0F}, {28.4F, 8.9F},
+                                  {29.8F, 7.6F},  {31.6F, 3.6F}, {33.0F, 0.0F}};
+    return kProfile;
+}
+
+} // namespace
+
+/// Once round in a hundred frames, so that the last one is the first again.
+Picture paintEncoder(const SkinBitmap& size, int frame, int scale) {
+    const Patch patch(size.width, size.frameHeight, scale, 35.0, 35.0);
+    const Pointer pointer(3.6F * static_cast<float>(frame % 100) * kDegree);
+    const auto fromDimple = [&](float x, float y) {
+        return std::hypot(x - kDimpleAt * pointer.sine, y + kDimpleAt * pointer.cosine);
+    };
+    const auto bowlDepth = [](float distance) {
+        const float share = distance / kDimpleRadius;
+        return kDimpleDepth * std::max(0.0F, 1.0F - share * share);
+    };
+    const Field relief = patch.relief(0.25, [&](float x, float y) {
+        const Polar place(x, y);
+        const float share = smoothStep(28.6F, 29.6F, place.radius);
+        const float flute =
+            share > 0.0F ? 1.1F * share * smoothStep(34.5F, 33.0F, place.radius) *
+                               (0.5F - 0.5F * std::cos(60.0F * (place.angle() - pointer.angle)))
+                         : 0.0F;
+        return encoderProfile()(place.radius + flute) - bowlDepth(fromDimple(x, y));
+    });
+    const Field hidden = patch.occlusion(relief, 0.03F, 3.0);
+    return patch.light([&](int column, int row) -> Sample {
+        const float x = patch.x(column);
+        const float y = patch.y(row);
+        const Polar place(x, y);
+        const float cover = patch.cover(place.radius - kEncoderRadius);
+        if (cover <= 0.0F)
+            return {};
+        const float distance = fromDimple(x, y);
+        const float dimple = smoothStep(kDimpleRadius, 6.6F, distance);
+        Facet facet = patch.facet(relief, column, row);
+        const float ring = patch.cover(std::fabs(place.radius - kInlayRadius) - 0.55F);
+        const Light albedo =
+            kAluminium * ((1.0F + 0.045F * latheNoise(place.radius, 11)) * (1.0F - 0.9F * ring));
+        const float cut = smoothStep(28.6F, 28.0F, place.radius) * (1.0F - ring) *
+                          (1.0F - smoothStep(7.4F, 6.2F, distance));
+        Light light = mix(metal(facet, albedo), cutMetal(facet, albedo, -place.y, place.x), cut);
+        light *= 1.0F - hidden.row(row)[column];
+        light = mix(light, bowl(facet, kAluminium), dimple);
+        light *= 1.0F - 0.25F * patch.cover(std::fabs(place.radius - 3.2F) - 0.22F);
+        light *= 1.0F - 0.25F * smoothStep(31.4F, 33.2F, place.radius);
+        return {light, cover};
+    });
+}
+
+} // namespace pedl::skin

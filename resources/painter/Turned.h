@@ -1,0 +1,53 @@
+#pragma once
+
+#include "resources/painter/Noise.h"
+
+#include <cmath>
+#include <cstdint>
+
+namespace pedl::skin {
+
+/// A place on a turned part.
+struct Polar {
+    float radius;
+    float x, y; // of the unit vector to it
+
+    Polar(float toX, float toY)
+        : radius(std::hypot(toX, toY) + 1e-6F), x(toX / radius), y(toY / radius) {}
+
+    /// Clockwise from three o'clock, radians.
+    [[nodiscard]] float angle() const { return std::atan2(y, x); }
+};
+
+/// A place seen from a pointer: `along` to its tip, `across` to its right.
+struct PointerPlace {
+    float across, along;
+};
+
+/// A pointer's direction, clockwise from twelve o'clock.
+struct Pointer {
+    float angle, sine, cosine;
+
+    explicit Pointer(float radians)
+        : angle(radians), sine(std::sin(radians)), cosine(std::cos(radians)) {}
+
+    [[nodiscard]] PointerPlace place(float x, float y) const {
+        return {x * cosine + y * sine, x * sine - y * cosine};
+    }
+};
+
+/// Distance to a straight mark on a pointer, from radius `from` to `to`; negative inside.
+inline float markDistance(PointerPlace place, float halfWidth, float from, float to) {
+    return std::max(std::fabs(place.across) - halfWidth,
+                    std::max(from - place.along, place.along - to));
+}
+
+/// The lathe's uneven cuts: noise over the radius alone, nine a pixel, mean 0, variance 1.
+inline float latheNoise(float radius, std::uint64_t seed) {
+    const float place = radius * 9.0F;
+    const int index = static_cast<int>(place);
+    const float before = bellNoise(seed, index, 0);
+    return before + (bellNoise(seed, index + 1, 0) - before) * (place - static_cast<float>(index));
+}
+
+} // namespace pedl::skin
