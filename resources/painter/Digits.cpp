@@ -115,22 +115,35 @@ void drawLit(Canvas& canvas, const Path& path, const GlassLight& light, double h
                 radial({13.5, 16}, 22, {{0, light.hot, hotInside}, {1, light.hot, hotOutside}}));
 }
 
-/// What a strip lights under the digits with its point and its slash, and whether the row of words
-/// shows the face's own glass under its digits.
+/// What a strip does to the words under the digits. The face has them on its glass, "Hz" lit and
+/// the others not; a frame leaves that open or covers it.
 struct Words {
-    std::vector<DisplayWord> withPoint;
-    std::vector<DisplayWord> withSlash;
-    bool open = false;
+    const DisplayWord* withPoint = nullptr; // lit by that frame
+    const DisplayWord* withSlash = nullptr;
+    bool showHertz = false; // leave it open under the digits
+
+    [[nodiscard]] const DisplayWord* litBy(int frame) const {
+        return frame == kPoint ? withPoint : frame == kSlash ? withSlash : nullptr;
+    }
+
+    /// What the frame's own glass covers.
+    [[nodiscard]] Path cover(int frame) const {
+        const Path digits = rectangle({0, 0, kCellWidth, kWordsFrom});
+        const double height = kDisplay.height - kWordsFrom;
+        const Path words = rectangle({0, kWordsFrom, kCellWidth, height});
+        if (frame == kPoint) // over a digit; the host's word stands where another one would be
+            return withPoint == &kWordHost ? words : Path([](cairo_t*) {});
+        if (frame == kSlash || (frame == kBlank && showHertz))
+            return join({digits, words});
+        return showHertz ? digits : join({digits, rectangle({0, kWordsFrom, kHertzEnd, height})});
+    }
 };
 
 Picture digit(const SkinBitmap& size, int frame, int scale, const GlassLight& light,
               const Words& words) {
     Canvas canvas(size.width, size.frameHeight, scale);
     const Rectangle cell{0, 0, kCellWidth, kDisplay.height};
-    if (frame != kPoint)
-        canvas.clipped(
-            rectangle({0, 0, cell.width, words.open && frame < kBlank ? kWordsFrom : cell.height}),
-            [&] { fillGlass(canvas, cell); });
+    canvas.clipped(words.cover(frame), [&] { fillGlass(canvas, cell); });
     if (frame <= kBlank)
         drawUnlitCell(canvas, 0, 0);
     if (frame < kBlank)
@@ -139,9 +152,10 @@ Picture digit(const SkinBitmap& size, int frame, int scale, const GlassLight& li
         drawLit(canvas, pointPath(), light, 0.6, 0.6);
     if (frame == kSlash)
         drawLit(canvas, slashPath(), light, 0.45, 0.45);
-    if (frame > kBlank)
-        for (const DisplayWord& word : frame == kPoint ? words.withPoint : words.withSlash)
-            drawLitWord(canvas, 0, 0, word, light);
+    if (frame == kSlash && words.withSlash == nullptr)
+        drawUnlitWord(canvas, 0, 0, kWordNote);
+    if (const DisplayWord* const word = words.litBy(frame))
+        drawLitWord(canvas, 0, 0, *word, light);
     return canvas.picture();
 }
 
@@ -158,6 +172,11 @@ void drawUnlitCell(Canvas& canvas, double x, double y) {
     canvas.fill(moved(x, y, pointPath()), palette::kAmberGhost);
 }
 
+void drawUnlitWord(Canvas& canvas, double x, double y, const DisplayWord& word) {
+    write(canvas, word.text, {x + word.left, y + kWordBaseline}, kWordType, palette::kAmberGhost,
+          Align::Left);
+}
+
 void drawLitWord(Canvas& canvas, double x, double y, const DisplayWord& word,
                  const GlassLight& light) {
     const Path letters = lettering(word.text, {x + word.left, y + kWordBaseline}, kWordType,
@@ -166,22 +185,21 @@ void drawLitWord(Canvas& canvas, double x, double y, const DisplayWord& word,
     canvas.fill(letters, mix(light.colour, light.hot, 0.45F));
 }
 
-/// The cut-off shows no point. Its digits leave the row of words open, and there the face has the
-/// lit "Hz"; all other strips cover it.
+/// The cut-off shows no point that could light its word: its digits leave the face's own open.
 Picture paintCutoffDigits(const SkinBitmap& size, int frame, int scale) {
-    return digit(size, frame, scale, kAmberLight, {{}, {}, true});
+    return digit(size, frame, scale, kAmberLight, {nullptr, nullptr, true});
 }
 
 Picture paintRateDigits(const SkinBitmap& size, int frame, int scale) {
-    return digit(size, frame, scale, kAmberLight, {{kWordHertz}, {kWordNote}});
+    return digit(size, frame, scale, kAmberLight, {&kWordHertz, &kWordNote});
 }
 
 Picture paintTempoDigits(const SkinBitmap& size, int frame, int scale) {
-    return digit(size, frame, scale, kAmberLight, {{kWordTempo}, {}});
+    return digit(size, frame, scale, kAmberLight, {&kWordTempo});
 }
 
 Picture paintHostTempoDigits(const SkinBitmap& size, int frame, int scale) {
-    return digit(size, frame, scale, kHostLight, {{kWordTempo, kWordExternal}, {}});
+    return digit(size, frame, scale, kHostLight, {&kWordHost});
 }
 
 } // namespace pedl::skin

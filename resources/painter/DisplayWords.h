@@ -3,8 +3,6 @@
 #include "resources/painter/Canvas.h"
 #include "resources/painter/Type.h"
 
-#include <array>
-
 namespace pedl::skin {
 
 /// The display: five cells for digits, below them the words for what the number is.
@@ -21,11 +19,11 @@ struct DisplayWord {
 };
 
 // The point of the LFO's rate and the slash of its note value share the cell in the middle.
-inline constexpr DisplayWord kWordHertz{"Hz", 2, 1.0};
-inline constexpr DisplayWord kWordNote{"NOTE", 2, 10.7};
-inline constexpr DisplayWord kWordTempo{"BPM", 3, 0.6};
-inline constexpr DisplayWord kWordExternal{"EXT", 3, 15.6};
-inline constexpr std::array kDisplayWords{kWordHertz, kWordNote, kWordTempo, kWordExternal};
+inline constexpr DisplayWord kWordHertz{"Hz", 2, 0.5};
+inline constexpr DisplayWord kWordNote{"NOTE", 2, 11.0};
+inline constexpr DisplayWord kWordTempo{"BPM", 3, 10.0};
+inline constexpr DisplayWord kWordHost{"HOST", 3, 8.5};
+inline constexpr double kHertzEnd = 9.0; // in the cell; the other words begin further right
 
 inline constexpr TypeStyle kWordType{5, Weight::Bold, 0};
 inline constexpr double kWordBaseline = 40; // in the cell
@@ -44,7 +42,10 @@ void fillGlass(Canvas& canvas, Rectangle box);
 /// The unlit segments of a cell that begins at (x, y).
 void drawUnlitCell(Canvas& canvas, double x, double y);
 
-/// A lit word, the cell beginning at (x, y).
+/// A word as it looks when nothing lights it, the cell beginning at (x, y).
+void drawUnlitWord(Canvas& canvas, double x, double y, const DisplayWord& word);
+
+/// The same, lit.
 void drawLitWord(Canvas& canvas, double x, double y, const DisplayWord& word,
                  const GlassLight& light);
 

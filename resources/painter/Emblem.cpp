@@ -45,11 +45,11 @@ void drawName(Canvas& canvas, Point centre, double size, const Paint& paint) {
     const double tracking = size * (1.0 / 16);
     const double gap = size * 0.37;
     const TypeStyle bold = ofSize(size, Weight::Bold, tracking);
-    const TypeStyle regular = ofSize(size, Weight::Regular, tracking);
+    const TypeStyle light = ofSize(size, Weight::Medium, tracking);
     const double first = textWidth("ZMT", bold) + gap;
-    const double left = std::round(centre.x - (first + textWidth("pedlFilter", regular)) / 2);
+    const double left = std::round(centre.x - (first + textWidth("pedlFilter", light)) / 2);
     write(canvas, "ZMT", {left, centre.y}, bold, paint, Align::Left);
-    write(canvas, "pedlFilter", {left + first, centre.y}, regular, paint, Align::Left);
+    write(canvas, "pedlFilter", {left + first, centre.y}, light, paint, Align::Left);
 }
 
 } // namespace pedl::skin

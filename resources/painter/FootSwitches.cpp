@@ -18,8 +18,16 @@ constexpr float kSize = 0.88F;
 constexpr float kWasherRadius = 27.0F;
 constexpr float kNutHalfFlats = 20.0F;
 constexpr float kNutCorner = 22.6F;
-constexpr float kRingOuter = 17.5F; // a ring of glass round the plunger
-constexpr float kRingInner = 14.6F;
+constexpr float kRingOuter = 17.4F; // a ring of glass round the plunger
+constexpr float kRingInner = 14.9F;
+
+/// What is between nut and plunger.
+enum class Collar { Gap, DarkRing, LitRing };
+
+/// Where the nut's face ends.
+float holeRadius(Collar collar) {
+    return collar == Collar::Gap ? 16.2F : kRingOuter;
+}
 
 /// Both pictures of a plunger.
 struct Plunger {
@@ -50,12 +58,12 @@ float nutDistance(float x, float y) {
     return std::max(hexagonDistance(x, y), std::hypot(x, y) - kNutCorner);
 }
 
-float hardwareHeight(float x, float y) {
+float hardwareHeight(float x, float y, float hole) {
     const float radius = std::hypot(x, y);
     const float nut = nutDistance(x, y);
     return smoothStep(kWasherRadius, 26.2F, radius) + 5.5F * smoothStep(0.2F, -1.3F, nut) -
            1.2F * smoothStep(18.2F, 21.5F, radius) * smoothStep(0.0F, -0.6F, nut) +
-           1.0F * smoothStep(kRingOuter + 0.7F, kRingOuter, radius);
+           1.2F * smoothStep(hole + 0.6F, hole, radius);
 }
 
 /// Washer and nut.
@@ -102,10 +110,13 @@ Light ringGlow(const Polar& place) {
     return linear(palette::kLampRuby) * (0.85F * std::exp(-std::max(0.0F, outside) / 2.0F));
 }
 
-Picture footSwitch(const SkinBitmap& size, int scale, const Plunger& kind, bool lit) {
+Picture footSwitch(const SkinBitmap& size, int scale, const Plunger& kind, Collar collar) {
+    const bool lit = collar == Collar::LitRing;
+    const float hole = holeRadius(collar);
     const Patch patch(size.width, size.frameHeight, scale, 33.5, 24.5);
-    const Field relief = patch.relief(
-        0.3 * kSize, [](float x, float y) { return hardwareHeight(x / kSize, y / kSize) * kSize; });
+    const Field relief = patch.relief(0.3 * kSize, [hole](float x, float y) {
+        return hardwareHeight(x / kSize, y / kSize, hole) * kSize;
+    });
     const Field hidden = patch.occlusion(relief, 0.16F / kSize, 3.0 * kSize);
     const Field dome = patch.relief(0.0, [&kind](float x, float y) {
         const float radius = std::hypot(x, y) / kSize;
@@ -126,8 +137,11 @@ Picture footSwitch(const SkinBitmap& size, int scale, const Plunger& kind, bool 
         light *= 1.0F - 0.5F * cover(std::fabs(nutDistance(x, y)) - 0.35F);
         if (lit)
             light = light * 0.8F + ringGlow(place);
-        light = mix(light, ring(place, lit), cover(place.radius - kRingOuter));
-        light = mix(light, grey(0.006F), cover(place.radius - kRingInner));
+        if (collar == Collar::Gap)
+            light *= 1.0F - 0.8F * cover(place.radius - hole);
+        else
+            light = mix(light, ring(place, lit), cover(place.radius - hole));
+        light = mix(light, grey(0.01F), cover(place.radius - kRingInner));
         Light top = plunger(patch, dome, column, row, x, y, kind);
         if (lit)
             top += ringGlow(place) * 0.5F;
@@ -148,14 +162,16 @@ Picture captioned(const SkinBitmap& size, int scale, const Picture& picture, con
 /// The second frame is the bypass: its ring is seen from where the musician stands.
 Picture paintPowerSwitch(const SkinBitmap& size, int frame, int scale) {
     const bool bypassed = frame == 1;
-    return captioned(size, scale, footSwitch(size, scale, bypassed ? kDown : kUp, bypassed),
+    return captioned(size, scale,
+                     footSwitch(size, scale, bypassed ? kDown : kUp,
+                                bypassed ? Collar::LitRing : Collar::DarkRing),
                      bypassed ? "BYPASSED" : "POWER ON");
 }
 
-/// The second frame means pressed, which holds in two modes and lets go in the third: the ring
-/// stays dark, the lamp beside the switch tells what is.
+/// The second frame means pressed, which holds in two modes and lets go in the third: no ring could
+/// tell what is. The lamp beside the switch does.
 Picture paintFreezeSwitch(const SkinBitmap& size, int frame, int scale) {
-    return captioned(size, scale, footSwitch(size, scale, frame == 1 ? kDown : kUp, false),
+    return captioned(size, scale, footSwitch(size, scale, frame == 1 ? kDown : kUp, Collar::Gap),
                      "HOLD LFO + EF");
 }
 

@@ -95,14 +95,15 @@ void drawWindow(Canvas& canvas, Rectangle box, double radius, Draw&& inGlass) {
                                  {1, palette::kLipLight, 0.42}}));
 }
 
-/// What no control draws must look unlit. The lit word is the cut-off's, which alone leaves it
-/// open.
+/// What no control draws must look unlit. "Hz" is lit for the cut-off: all others cover it.
 void drawDisplayGlass(Canvas& canvas) {
     fillGlass(canvas, kDisplay);
     for (int cell = 0; cell < kCells; ++cell)
         drawUnlitCell(canvas, kDisplay.x + kCellWidth * cell, kDisplay.y);
-    drawLitWord(canvas, kDisplay.x + kCellWidth * kWordHertz.cell, kDisplay.y, kWordHertz,
-                kAmberLight);
+    const auto left = [](const DisplayWord& word) { return kDisplay.x + kCellWidth * word.cell; };
+    drawLitWord(canvas, left(kWordHertz), kDisplay.y, kWordHertz, kAmberLight);
+    for (const DisplayWord* word : {&kWordNote, &kWordTempo})
+        drawUnlitWord(canvas, left(*word), kDisplay.y, *word);
 }
 
 void drawDialGlass(Canvas& canvas) {

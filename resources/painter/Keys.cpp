@@ -103,7 +103,7 @@ Picture paintSaturatorKey(const SkinBitmap& size, int frame, int scale) {
 /// Off is the fast kind, which is the usual one: it is the lit frame.
 Picture paintRandomKey(const SkinBitmap& size, int frame, int scale) {
     const bool fast = frame == 0;
-    return wordKey(size, scale, fast, fast ? "FAST RND" : "SLOW RND", kTypeS.tracked(0), 9);
+    return wordKey(size, scale, fast, fast ? "FAST RND" : "SLOW RND", kTypeS.tracked(0), kBaseline);
 }
 
 Picture paintMixScopeKey(const SkinBitmap& size, int frame, int scale) {

@@ -14,11 +14,13 @@ struct KnobPlace {
 inline constexpr std::array kEncoderPlaces{KnobPlace{92, 75}, KnobPlace{428, 75}};
 
 // gain, LFO to cut-off, LFO to gain, follower to cut-off, follower to gain, dry, wet
-inline constexpr std::array kLargePlaces{
-    KnobPlace{62, 361.5, true},        KnobPlace{131, 361.5},
-    KnobPlace{196, 361.5, true, true}, KnobPlace{263, 361.5, true, true},
-    KnobPlace{329, 361.5, true, true}, KnobPlace{398, 361.5, true},
-    KnobPlace{459, 361.5, true}};
+inline constexpr std::array kLargePlaces{KnobPlace{62, 361.5, true},
+                                         KnobPlace{131, 361.5},
+                                         KnobPlace{196, 361.5, true, true},
+                                         KnobPlace{263, 361.5, true, true},
+                                         KnobPlace{329, 361.5, true, true},
+                                         KnobPlace{398, 361.5},
+                                         KnobPlace{459, 361.5}};
 
 // spread, rate, depth, threshold, attack, release, range
 inline constexpr std::array kMediumPlaces{KnobPlace{62.5, 276.5, true},

@@ -78,7 +78,8 @@ Picture paintThresholdMode(const SkinBitmap& size, int frame, int scale) {
     canvas.fill(rectangle(kRanges[mode]), lit);
     canvas.fill(rectangle({4, 14.5, 9, 1}), hex(0x1A1008));
     canvas.fill(rectangle({3, 14.5, 11, 1}), palette::kNeedle);
-    write(canvas, kWords[mode], {30.5, 17}, kTypeSB.tracked(0.15), lit);
+    // Half a pixel lower is the middle of the pictogram, where there are half pixels.
+    write(canvas, kWords[mode], {30.5, scale == 1 ? 17 : 17.5}, kTypeSB.tracked(0.15), lit);
     return canvas.picture();
 }
 

@@ -126,22 +126,25 @@ void drawSignalPath(Canvas& canvas) {
 }
 
 /// Where limiter and saturator stand for each position of the routing: before the wet level, after
-/// it, after the mix.
+/// it, after the mix. The dots are these places.
 void drawRouting(Canvas& canvas) {
-    constexpr double kLine = 479; // of the wet signal
+    constexpr double kWet = 478; // lines of the signals
+    constexpr double kMix = 482;
+    constexpr double kDry = 486;
     Pen print(canvas, palette::kPrint);
     Pen place(canvas, palette::kAmber);
-    print.across(332, 341, kLine);
-    print.box(341, 360, kLine - 5, "WET");
-    print.across(360, 373, kLine);
-    print.box(373, 390, kLine - 5, "MIX");
-    print.across(390, 401, kLine);
-    print.headRight(404.5, kLine + 0.5);
-    print.word("DRY", 346, kLine + 10, 0.2);
-    print.across(360, 382, kLine + 8);
-    print.down(381, kLine + 6, kLine + 8);
-    for (const double x : {336.5, 366.5, 396.5})
-        place.dot(x, kLine + 0.5, 2);
+    print.across(332, 342, kWet);
+    print.word("WET", 345, kWet + 3, 0.2);
+    print.across(361, 374, kWet);
+    print.word("DRY", 345, kDry + 3, 0.2);
+    print.across(361, 374, kDry);
+    print.down(373, kWet, kDry + 1);
+    print.across(374, 378, kMix);
+    print.word("MIX", 381, kMix + 3, 0.2);
+    print.across(395, 404, kMix);
+    print.headRight(408, kMix + 0.5);
+    for (const Point& dot : {Point{336.5, kWet}, Point{366.5, kWet}, Point{399.5, kMix}})
+        place.dot(dot.x, dot.y + 0.5, 2.5);
 }
 
 } // namespace
