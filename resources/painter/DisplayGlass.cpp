@@ -12,8 +12,8 @@ namespace {
 
 /// The softbox in the glass, faded to nothing at every border.
 float reflection(float x, float y) {
-    const float inside = smoothStep(0.0F, 14.0F, x) * smoothStep(135.0F, 110.0F, x) *
-                         smoothStep(0.0F, 4.0F, y) * smoothStep(41.0F, 34.0F, y);
+    const float inside = smoothStep(0.0F, 24.0F, x) * smoothStep(135.0F, 110.0F, x) *
+                         smoothStep(0.0F, 12.0F, y) * smoothStep(41.0F, 16.0F, y);
     const float slope = x + y * 0.55F;
     return inside * (0.075F * smoothStep(-6.0F, 3.0F, 62.0F - slope) +
                      0.03F * smoothStep(8.0F, 0.0F, std::fabs(74.0F - slope)));

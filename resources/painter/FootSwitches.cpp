@@ -94,11 +94,12 @@ Light plunger(const Patch& patch, const Field& dome, int column, int row, float 
 Light ring(const Polar& place, bool lit) {
     const float middle = (kRingInner + kRingOuter) / 2;
     const float across = (place.radius - middle) / ((kRingOuter - kRingInner) / 2);
-    if (!lit) {
+    if (!lit) { // it mirrors the light above left, and lets it through below right
         const float towardsLight = -place.x * 0.61F - place.y * 0.79F;
-        return grey(0.012F +
-                    0.05F * std::max(0.0F, -towardsLight) * smoothStep(0.2F, 0.9F, across) +
-                    0.06F * std::max(0.0F, towardsLight) * smoothStep(-0.2F, -0.9F, across));
+        return linear(palette::kRingDark) *
+                   (0.6F + 1.6F * std::max(0.0F, -towardsLight) * smoothStep(0.9F, -0.4F, across)) +
+               grey(0.10F * std::max(0.0F, towardsLight) *
+                    std::exp(-(across + 0.1F) * (across + 0.1F) / 0.10F));
     }
     const Light hot = linear(mix(palette::kLampRuby, Colour{1.0F, 0.93F, 0.86F}, 0.62F));
     return mix(linear(palette::kLampRuby) * 1.15F, hot * 1.25F, std::exp(-across * across / 0.30F));

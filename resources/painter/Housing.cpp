@@ -101,7 +101,10 @@ void drawDisplayGlass(Canvas& canvas) {
     for (int cell = 0; cell < kCells; ++cell)
         drawUnlitCell(canvas, kDisplay.x + kCellWidth * cell, kDisplay.y);
     const auto left = [](const DisplayWord& word) { return kDisplay.x + kCellWidth * word.cell; };
-    drawLitWord(canvas, left(kWordHertz), kDisplay.y, kWordHertz, kAmberLight);
+    // Its bloom ends where other strips' frames can cover it.
+    canvas.clipped(rectangle({left(kWordHertz), kDisplay.y, kHertzEnd, kDisplay.height}), [&] {
+        drawLitWord(canvas, left(kWordHertz), kDisplay.y, kWordHertz, kAmberLight);
+    });
     for (const DisplayWord* word : {&kWordNote, &kWordTempo})
         drawUnlitWord(canvas, left(*word), kDisplay.y, *word);
 }

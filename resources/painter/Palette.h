@@ -52,6 +52,7 @@ inline constexpr Colour kLipLight = hex(0xFFB45A);
 inline constexpr Colour kLampAmber = hex(0xFF9A1C);
 inline constexpr Colour kLampRuby = hex(0xFF3A22);
 inline constexpr Colour kLampIce = hex(0x9FDCFF);
+inline constexpr Colour kRingDark{0.20F, 0.07F, 0.06F}; // ring of the bypass, unlit
 inline constexpr Colour kLampDark{0.20F, 0.15F, 0.12F};
 
 // Keys
