@@ -246,10 +246,12 @@ void PixmanPainter::paint(const Pen& pen, CoverageMask& mask, const CColor& colo
 
 void PixmanPainter::bitmap(const Pen& pen, const IPlatformBitmap& bitmap, const CRect& dest,
                            const CPoint& offset, float alpha) {
-    const PixmanSurface* image = bitmap.imageFor(scale_);
     const float weakened = pen.alpha * std::clamp(alpha, 0.0F, 1.0F);
     const PixelRect clip = clipTo(pen);
-    if (!image || !image->image() || clip.isEmpty() || !(weakened > 0.0F))
+    if (clip.isEmpty() || !(weakened > 0.0F))
+        return;
+    const PixmanSurface* image = bitmap.imageFor(scale_, surface_.holdPictures());
+    if (!image || !image->image())
         return;
 
     // The whole picture's place, cut to `dest`: the same rounding for every offset, so that the
@@ -284,6 +286,7 @@ void PixmanPainter::bitmap(const Pen& pen, const IPlatformBitmap& bitmap, const 
 
 void PixmanPainter::copy(const PixmanSurface& image, const PixelRect& dest, int32_t sourceX,
                          int32_t sourceY, float alpha) {
+    image.needRows(sourceY, sourceY + dest.height());
     const ImageHandle mask = solidAlpha(alpha);
     pixman_image_composite32(PIXMAN_OP_OVER, image.image(), mask.get(), surface_.image(), sourceX,
                              sourceY, 0, 0, dest.left, dest.top, dest.width(), dest.height());
@@ -293,6 +296,7 @@ void PixmanPainter::copy(const PixmanSurface& image, const PixelRect& dest, int3
 /// `source` alone.
 void PixmanPainter::stretch(const PixmanSurface& image, const PixelRect& dest,
                             const PixelRect& source, float alpha) {
+    image.needRows(source.top, source.bottom);
     const auto pixelsPerRow = image.strideBytes() / static_cast<int32_t>(sizeof(uint32_t));
     uint32_t* corner = pixman_image_get_data(image.image()) +
                        static_cast<std::ptrdiff_t>(source.top) * pixelsPerRow + source.left;

@@ -1,6 +1,7 @@
 #include "vstgui/lib/platform/common/pixmansurface.h"
 
 #include "vstgui/lib/platform/common/fontengine.h"
+#include "vstgui/lib/platform/common/picturestore.h"
 
 #include <cmath>
 #include <pixman.h>
@@ -40,6 +41,8 @@ PixmanSurface::~PixmanSurface() {
         pixman_image_unref(image_);
     if (fonts_)
         fonts_->forget();
+    if (pictures_)
+        pictures_->forget();
 }
 
 int32_t PixmanSurface::widthPixels() const {
@@ -65,6 +68,12 @@ const uint32_t* PixmanSurface::pixels() const {
 void PixmanSurface::holdFonts() {
     if (!fonts_)
         fonts_ = FontEngine::acquire();
+}
+
+PictureStore& PixmanSurface::holdPictures() {
+    if (!pictures_)
+        pictures_ = PictureStore::acquire();
+    return *pictures_;
 }
 
 uint32_t PixmanSurface::pixelAt(int32_t x, int32_t y) const {

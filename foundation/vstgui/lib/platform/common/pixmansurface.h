@@ -9,6 +9,7 @@ union pixman_image;
 namespace VSTGUI {
 
 class FontEngine;
+class PictureStore;
 
 /// Pixels in memory that pixman draws on: premultiplied ARGB, native byte order.
 ///
@@ -21,7 +22,7 @@ public:
     /// On memory that someone else owns, a shared segment for instance.
     PixmanSurface(uint32_t* pixels, int32_t widthPixels, int32_t heightPixels, int32_t strideBytes,
                   double pixelsPerUnit);
-    ~PixmanSurface();
+    virtual ~PixmanSurface();
 
     PixmanSurface(const PixmanSurface&) = delete;
     PixmanSurface& operator=(const PixmanSurface&) = delete;
@@ -33,8 +34,13 @@ public:
     uint32_t* pixels();
     const uint32_t* pixels() const;
     pixman_image* image() const { return image_; }
-    /// Keeps the letters that were drawn, for as long as the surface lives: contexts come and go.
+    /// Keeps the letters and pictures that were drawn, for as long as the surface lives: contexts
+    /// come and go.
     void holdFonts();
+    PictureStore& holdPictures();
+
+    /// Said before rows are read, from `top` to before `bottom`: a packed picture unpacks them.
+    virtual void needRows(int32_t /*top*/, int32_t /*bottom*/) const {}
 
     /// One pixel as it is stored; 0 outside.
     uint32_t pixelAt(int32_t x, int32_t y) const;
@@ -42,6 +48,7 @@ public:
 private:
     pixman_image* image_ = nullptr; // null when there is no memory or no size
     FontEngine* fonts_ = nullptr;
+    PictureStore* pictures_ = nullptr;
     double scale_ = 1.0;
 };
 

@@ -1,3 +1,4 @@
+#include "vstgui/lib/platform/common/picturestore.h"
 #include "vstgui/lib/platform/common/pixmanbitmap.h"
 
 #include <atomic>
@@ -9,11 +10,17 @@ namespace {
 
 constinit std::atomic<ResourceLookup> lookup{nullptr};
 
-/// A surface on a resource's pixels; null when there is none at that scale.
-std::unique_ptr<PixmanSurface> surfaceOf(const CResourceDescription& resource, int32_t scale) {
+ResourceImage find(const CResourceDescription& resource, int32_t scale) {
     ResourceImage image;
     const ResourceLookup find = getResourceLookup();
-    if (!find || !find(resource, scale, image))
+    const bool isFound = find && find(resource, scale, image) && image.widthPixels > 0 &&
+                         image.heightPixels > 0 && (image.pixels || image.packed);
+    return isFound ? image : ResourceImage{};
+}
+
+/// A surface on a resource's pixels; null when it has none.
+std::unique_ptr<PixmanSurface> surfaceOf(const ResourceImage& image, int32_t scale) {
+    if (!image.pixels)
         return nullptr;
     // Read alone: nothing draws on a resource, although a surface's type would let it.
     auto surface = std::make_unique<PixmanSurface>(
@@ -22,6 +29,12 @@ std::unique_ptr<PixmanSurface> surfaceOf(const CResourceDescription& resource, i
     if (!surface->image())
         surface.reset();
     return surface;
+}
+
+/// Above 1 the larger one: fine detail that is made smaller looks better than coarse one made
+/// larger.
+bool isTwofoldFor(double scale) {
+    return scale > 1.0;
 }
 
 } // namespace
@@ -39,16 +52,21 @@ IPlatformBitmap* IPlatformBitmap::create(const CResourceDescription& resource) {
                          (resource.type == CResourceDescription::kStringType && resource.u.name);
     if (!isNamed)
         return nullptr;
-    std::unique_ptr<PixmanSurface> single = surfaceOf(resource, 1);
-    if (!single)
+    const ResourceImage single = find(resource, 1);
+    if (single.widthPixels == 0)
         return nullptr;
-    std::unique_ptr<PixmanSurface> twofold = surfaceOf(resource, 2);
+    ResourceImage twofold = find(resource, 2);
     // One that is not exactly twice as large would land on other places than the first.
-    if (twofold && (twofold->widthPixels() != 2 * single->widthPixels() ||
-                    twofold->heightPixels() != 2 * single->heightPixels()))
-        twofold = nullptr;
-    const CPoint size(single->widthPixels(), single->heightPixels());
-    return new PixmanBitmap(size, std::move(single), std::move(twofold));
+    if (twofold.widthPixels != 2 * single.widthPixels ||
+        twofold.heightPixels != 2 * single.heightPixels)
+        twofold = {};
+    if (single.packed)
+        return new PackedBitmap(single, twofold);
+    std::unique_ptr<PixmanSurface> surface = surfaceOf(single, 1);
+    if (!surface)
+        return nullptr;
+    const CPoint size(single.widthPixels, single.heightPixels);
+    return new PixmanBitmap(size, std::move(surface), surfaceOf(twofold, 2));
 }
 
 IPlatformBitmap* IPlatformBitmap::create(const CPoint& size, double scale) {
@@ -65,10 +83,21 @@ bool PixmanBitmap::getSize(CPoint& size) const {
     return true;
 }
 
-const PixmanSurface* PixmanBitmap::imageFor(double scale) const {
-    // Above 1 the larger one: fine detail that is made smaller looks better than coarse one made
-    // larger.
-    return twofold_ && scale > 1.0 ? twofold_.get() : image_.get();
+const PixmanSurface* PixmanBitmap::imageFor(double scale, PictureStore& /*pictures*/) const {
+    return twofold_ && isTwofoldFor(scale) ? twofold_.get() : image_.get();
+}
+
+PackedBitmap::PackedBitmap(const ResourceImage& single, const ResourceImage& twofold)
+    : single_(single), twofold_(twofold) {}
+
+bool PackedBitmap::getSize(CPoint& size) const {
+    size = CPoint(single_.widthPixels, single_.heightPixels);
+    return true;
+}
+
+const PixmanSurface* PackedBitmap::imageFor(double scale, PictureStore& pictures) const {
+    return twofold_.packed && isTwofoldFor(scale) ? pictures.pictureOf(twofold_, 2)
+                                                  : pictures.pictureOf(single_, 1);
 }
 
 } // namespace VSTGUI
