@@ -121,7 +121,8 @@ private:
         planes[kRed] = std::clamp(planes[kRed], -green, alpha - green);
     }
 
-    /// The neighbours' slope continued, unless they show an edge.
+    /// The neighbours' slope continued, unless they show an edge. For light, which has slopes; of
+    /// colours, which seldom change, dither is best smoothed away.
     static int continued(int left, int up, int upLeft) {
         return std::clamp(left + up - upLeft, std::min(left, up), std::max(left, up));
     }
@@ -146,9 +147,11 @@ private:
                 foretold = planesOf(basisRow[x]);
             } else {
                 const Planes& corner = above_[place - 1].planes;
-                for (std::size_t plane = 0; plane < foretold.size(); ++plane)
+                for (const Plane plane : {kGreen, kAlpha})
                     foretold[plane] =
                         continued(left.planes[plane], up.planes[plane], corner[plane]);
+                for (const Plane plane : {kBlue, kRed})
+                    foretold[plane] = (left.planes[plane] + up.planes[plane] + 1) >> 1;
                 keepInRange(foretold);
             }
             codePixel(coder, row[x], foretold, left, up, above_[place + 1], current_[place]);
