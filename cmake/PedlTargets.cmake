@@ -59,6 +59,14 @@ if(PEDL_PRECOMPILE)
     target_link_libraries(pedl_library_headers PRIVATE pedl_options)
 endif()
 
+# For programs that run when the project is built: optimised whatever the preset, and never
+# instrumented, or a sanitizer's build would wait for them.
+add_library(pedl_tool_options INTERFACE)
+target_include_directories(pedl_tool_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(pedl_tool_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -O2 -ffp-contract=off -fno-sanitize=all)
+target_link_options(pedl_tool_options INTERFACE -fno-sanitize=all)
+
 # pedl_library(NAME SOURCES ... LIBS ...): a static library of one folder.
 function(pedl_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})

@@ -1,14 +1,13 @@
 #include "resources/packed/SkinPacker.h"
 
+#include "resources/packed/Parallel.h"
 #include "resources/packed/StripPacker.h"
 
 #include <algorithm>
-#include <atomic>
-#include <cstring>
+#include <map>
 #include <span>
 #include <stdexcept>
-#include <string>
-#include <thread>
+#include <utility>
 
 namespace pedl::skin {
 
@@ -20,6 +19,10 @@ struct Box {
 };
 
 Box boxOf(const DrawnStrip& strip) {
+    if (strip.pixels.size() != static_cast<std::size_t>(strip.width) *
+                                   static_cast<std::size_t>(strip.height) *
+                                   static_cast<std::size_t>(strip.frames))
+        throw std::invalid_argument("a strip of another size than it says");
     Box box{strip.width, strip.height, 0, 0};
     for (std::size_t i = 0; i < strip.pixels.size(); ++i) {
         if (strip.pixels[i] == 0)
@@ -44,17 +47,6 @@ StripContent cut(const DrawnStrip& strip, const Box& box) {
     return content;
 }
 
-/// Calls `work` for every number below `count`.
-template <typename Work> void inParallel(std::size_t count, unsigned threads, Work&& work) {
-    std::atomic<std::size_t> next{0};
-    std::vector<std::jthread> workers;
-    for (unsigned i = 0; i < std::max(1U, threads); ++i)
-        workers.emplace_back([&] {
-            for (std::size_t index = next++; index < count; index = next++)
-                work(index);
-        });
-}
-
 /// The block, written from its beginning.
 class Block {
 public:
@@ -73,12 +65,13 @@ private:
 
 class SkinPacker {
 public:
-    explicit SkinPacker(std::vector<DrawnStrip> strips) : strips_(std::move(strips)) {
-        std::sort(strips_.begin(), strips_.end(), [](const DrawnStrip& a, const DrawnStrip& b) {
-            return a.id != b.id ? a.id < b.id : a.scale < b.scale;
-        });
-        for (const DrawnStrip& strip : strips_)
-            addPicture(strip);
+    explicit SkinPacker(const std::vector<DrawnStrip>& strips) {
+        std::map<std::pair<std::uint32_t, int>, const DrawnStrip*> sorted;
+        for (const DrawnStrip& strip : strips)
+            for (const std::uint32_t id : strip.ids)
+                sorted[{id, strip.scale}] = &strip;
+        for (const auto& [idAndScale, strip] : sorted)
+            addPicture(idAndScale.first, *strip);
     }
 
     std::vector<std::uint8_t> pack(unsigned threads) {
@@ -89,21 +82,22 @@ public:
     }
 
 private:
-    void addPicture(const DrawnStrip& strip) {
-        if (strip.pixels.size() != static_cast<std::size_t>(strip.width) *
-                                       static_cast<std::size_t>(strip.height) *
-                                       static_cast<std::size_t>(strip.frames))
-            throw std::invalid_argument("strip of another size: " + std::to_string(strip.id));
-        const Box box = boxOf(strip);
+    void addPicture(std::uint32_t id, const DrawnStrip& strip) {
+        const auto [placed, isNew] = placed_.try_emplace(&strip);
+        if (isNew) {
+            const Box box = boxOf(strip);
+            placed->second = {box, contentOf(cut(strip, box))};
+        }
+        const auto& [box, content] = placed->second;
         const auto narrow = [](int number) { return static_cast<std::uint16_t>(number); };
-        PictureRow row{strip.id,
+        PictureRow row{id,
                        narrow(strip.scale),
                        narrow(strip.frames),
                        narrow(strip.width),
                        narrow(strip.height),
                        narrow(box.left),
                        narrow(box.top),
-                       contentOf(cut(strip, box)),
+                       content,
                        0};
         const auto same = std::find_if(pictures_.begin(), pictures_.end(), [&](const auto& other) {
             return other.scale == row.scale && other.content == row.content &&
@@ -179,16 +173,16 @@ private:
                 static_cast<std::uint32_t>(firstFrame)};
     }
 
-    std::vector<DrawnStrip> strips_;
     std::vector<PictureRow> pictures_;
+    std::map<const DrawnStrip*, std::pair<Box, std::uint32_t>> placed_;
     std::vector<StripContent> contents_;
     std::vector<PackedStrip> packed_;
 };
 
 } // namespace
 
-std::vector<std::uint8_t> packSkin(std::vector<DrawnStrip> strips, unsigned threads) {
-    return SkinPacker(std::move(strips)).pack(threads);
+std::vector<std::uint8_t> packSkin(const std::vector<DrawnStrip>& strips, unsigned threads) {
+    return SkinPacker(strips).pack(threads);
 }
 
 } // namespace pedl::skin

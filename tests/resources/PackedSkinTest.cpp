@@ -15,7 +15,7 @@ constexpr int kFrames = 9;
 /// A frame of 40 by 37 with a lit disc on a ramp of transparency, grain over it, and a square that
 /// moves from frame to frame.
 DrawnStrip knob(std::uint32_t id, unsigned seed = 1) {
-    DrawnStrip strip{id, 1, 40, 37, kFrames, {}, {}};
+    DrawnStrip strip{{id}, 1, 40, 37, kFrames, {}, {}};
     std::minstd_rand grain(seed);
     for (int frame = 0; frame < kFrames; ++frame)
         for (int y = 0; y < strip.height; ++y)
@@ -38,7 +38,7 @@ DrawnStrip knob(std::uint32_t id, unsigned seed = 1) {
 
 /// Nothing but noise of premultiplied colours, in which no two neighbours are alike.
 DrawnStrip noise(std::uint32_t id) {
-    DrawnStrip strip{id, 2, 31, 17, 3, {}, {}};
+    DrawnStrip strip{{id}, 2, 31, 17, 3, {}, {}};
     std::minstd_rand random(7);
     for (int i = 0; i < 31 * 17 * 3; ++i) {
         const auto alpha = static_cast<std::uint32_t>(random() % 256);
@@ -51,7 +51,7 @@ DrawnStrip noise(std::uint32_t id) {
 }
 
 DrawnStrip plain(std::uint32_t id, std::uint32_t pixel) {
-    return {id, 1, 5, 4, 6, {}, std::vector<std::uint32_t>(5 * 4 * 6, pixel)};
+    return {{id}, 1, 5, 4, 6, {}, std::vector<std::uint32_t>(5 * 4 * 6, pixel)};
 }
 
 /// Reads all frames, the last one first, as a window may ask for them.
@@ -92,7 +92,8 @@ TEST(PackedSkin, EveryFrameComesBackAsItWasDrawnInAnyOrder) {
     const std::vector<std::uint8_t> block = packSkin(strips, 2);
     const PackedSkin skin(std::as_bytes(std::span(block)));
     for (const DrawnStrip& strip : strips)
-        EXPECT_EQ(unpacked(skin, strip.id, strip.scale), strip.pixels) << strip.id;
+        EXPECT_EQ(unpacked(skin, strip.ids.front(), strip.scale), strip.pixels)
+            << strip.ids.front();
     EXPECT_FALSE(skin.find(3, 2));
     EXPECT_FALSE(skin.find(10, 1));
     EXPECT_EQ(packSkin(strips, 1), block) << "the number of threads changes nothing";
