@@ -127,6 +127,21 @@ private:
         return std::clamp(left + up - upLeft, std::min(left, up), std::max(left, up));
     }
 
+    [[nodiscard]] Planes foretell(const Planes& left, const Planes& up,
+                                  const Planes& upLeft) const {
+        const auto continuedAt = [&](Plane plane) {
+            return continued(left[plane], up[plane], upLeft[plane]);
+        };
+        const auto meanAt = [&](Plane plane) { return (left[plane] + up[plane] + 1) >> 1; };
+        Planes planes;
+        planes[kGreen] = continuedAt(kGreen);
+        planes[kBlue] = meanAt(kBlue);
+        planes[kRed] = meanAt(kRed);
+        planes[kAlpha] = isOpaque_ ? 255 : continuedAt(kAlpha);
+        keepInRange(planes);
+        return planes;
+    }
+
     template <bool kHasBasis>
     void codeRow(int y, std::uint32_t* row, const std::uint32_t* basisRow) {
         if constexpr (!kHasBasis) {
@@ -146,13 +161,7 @@ private:
             if constexpr (kHasBasis) {
                 foretold = planesOf(basisRow[x]);
             } else {
-                const Planes& corner = above_[place - 1].planes;
-                for (const Plane plane : {kGreen, kAlpha})
-                    foretold[plane] =
-                        continued(left.planes[plane], up.planes[plane], corner[plane]);
-                for (const Plane plane : {kBlue, kRed})
-                    foretold[plane] = (left.planes[plane] + up.planes[plane] + 1) >> 1;
-                keepInRange(foretold);
+                foretold = foretell(left.planes, up.planes, above_[place - 1].planes);
             }
             codePixel(coder, row[x], foretold, left, up, above_[place + 1], current_[place]);
         }
