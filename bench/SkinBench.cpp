@@ -1,0 +1,114 @@
+// What the skin costs: the first picture of the whole face, for which its frames are unpacked; the
+// next one, for which they are there; one further frame of a knob. What memory is held.
+
+#include "editor/face/FacePainter.h"
+#include "resources/SkinResources.h"
+#include "vstgui/lib/platform/common/pixmansurface.h"
+
+#include <benchmark/benchmark.h>
+#include <fstream>
+#include <memory>
+#include <unistd.h>
+#include <vector>
+
+namespace pedl::bench {
+
+using namespace VSTGUI;
+
+namespace {
+
+double residentMegabytes() {
+    std::ifstream statm("/proc/self/statm");
+    long total = 0, resident = 0;
+    statm >> total >> resident;
+    return static_cast<double>(resident * sysconf(_SC_PAGESIZE)) / 1e6;
+}
+
+/// A window's picture. What was unpacked for the last of them goes with it.
+class Window {
+public:
+    explicit Window(int64_t scale)
+        : surface_(kFaceWidth, kFaceHeight, static_cast<double>(scale)),
+          context_(createPixmanContext(surface_)) {
+        skin::useEmbeddedSkin();
+    }
+    ~Window() { context_->forget(); }
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    void drawFace() { skin::FacePainter(*context_, state_).drawFace(); }
+
+    void drawFrame(std::int32_t id, int frame, double height) {
+        CBitmap strip{CResourceDescription(id)};
+        strip.draw(context_, CRect(0, 0, strip.getWidth(), height), CPoint(0, frame * height));
+    }
+
+    /// Every frame of every picture, as after an hour at all knobs.
+    void drawEverything() {
+        for (const skin::PictureRow& picture : skin::embeddedSkin().pictures())
+            for (int frame = 0; picture.scale == 1 && frame < picture.frames; ++frame)
+                drawFrame(static_cast<std::int32_t>(picture.id), frame, picture.height);
+    }
+
+private:
+    PixmanSurface surface_;
+    CDrawContext* context_;
+    const skin::FaceState state_ = skin::defaultState();
+};
+
+/// Four windows hold what one does, but for their own pictures. The first benchmark, while the heap
+/// has nothing to give that others left.
+void memoryHeld(benchmark::State& state) {
+    const int64_t scale = state.range(0);
+    const double windowMegabytes =
+        kFaceWidth * kFaceHeight * 4e-6 * static_cast<double>(scale * scale);
+    for (auto _ : state) {
+        std::vector<std::unique_ptr<Window>> windows;
+        const double before = residentMegabytes();
+        for (int i = 0; i < 4; ++i) {
+            windows.push_back(std::make_unique<Window>(scale));
+            windows.back()->drawFace();
+        }
+        state.counters["faceMB"] = residentMegabytes() - before - 4 * windowMegabytes;
+        windows.front()->drawEverything();
+        state.counters["everyFrameMB"] = residentMegabytes() - before - 4 * windowMegabytes;
+    }
+}
+BENCHMARK(memoryHeld)
+    ->ArgName("scale")
+    ->Arg(1)
+    ->Arg(2)
+    ->Iterations(1)
+    ->Unit(benchmark::kMillisecond);
+
+void firstFace(benchmark::State& state) {
+    for (auto _ : state)
+        Window(state.range(0)).drawFace();
+}
+BENCHMARK(firstFace)->ArgName("scale")->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+
+void nextFace(benchmark::State& state) {
+    Window window(state.range(0));
+    window.drawFace();
+    for (auto _ : state)
+        window.drawFace();
+}
+BENCHMARK(nextFace)->ArgName("scale")->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+
+/// A knob's picture that nobody has seen, with those that it builds on.
+void oneKnobFrame(benchmark::State& state) {
+    constexpr std::int32_t kLargeKnob = 12179;
+    constexpr double kHeight = 49;
+    int frame = 0;
+    for (auto _ : state) {
+        Window window(state.range(0));
+        window.drawFrame(kLargeKnob, frame = (frame + 7) % 101, kHeight);
+    }
+}
+BENCHMARK(oneKnobFrame)->ArgName("scale")->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+} // namespace pedl::bench
+
+BENCHMARK_MAIN();
