@@ -250,25 +250,23 @@ TEST(Skin, NoValueReachesAnotherControlOrValue) {
     const auto meet = [](const LabelGround& a, const LabelGround& b) {
         return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
     };
-    for (const LabelGround& ground : grounds) {
+    for (const LabelGround& ground : grounds)
         for (const LabelGround& other : grounds)
             EXPECT_FALSE(ground.tag < other.tag && meet(ground, other))
                 << ground.tag << ' ' << other.tag;
-        for (const ControlRow& row : kPanelRows) {
-            if (row.bitmaps[0] == 0 || row.tag == ground.tag || isOverlaid(row.kind) ||
-                row.kind == ControlKind::CutoffSlider)
-                continue;
-            const EmbeddedPicture picture(row.bitmaps[0], 1);
-            int painted = 0;
-            for (int y = 0; y < picture.height(); ++y)
-                for (int x = 0; x < picture.width(); ++x) {
-                    const double faceX = row.place.left + x, faceY = row.place.top + y;
-                    painted += faceX >= ground.left && faceX < ground.right &&
-                               faceY >= ground.top && faceY < ground.bottom &&
-                               picture.pixel(0, x, y) >> 24 > 24;
-                }
-            EXPECT_EQ(painted, 0) << "value of " << ground.tag << " on control " << row.tag;
-        }
+    for (const ControlRow& row : kPanelRows) {
+        if (row.bitmaps[0] == 0 || isOverlaid(row.kind) || row.kind == ControlKind::CutoffSlider)
+            continue;
+        const EmbeddedPicture picture(row.bitmaps[0], 1);
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x) {
+                const double left = row.place.left + x, top = row.place.top + y;
+                const LabelGround pixel{row.tag, left, left + 1, top, top + 1};
+                for (const LabelGround& ground : grounds)
+                    EXPECT_FALSE(ground.tag != row.tag && picture.pixel(0, x, y) >> 24 > 24 &&
+                                 meet(ground, pixel))
+                        << "value of " << ground.tag << " on control " << row.tag;
+            }
     }
 }
 
