@@ -23,19 +23,24 @@ const Light kBakelite = linear(palette::kBakelite);
 const Light kIvoryInlay = linear(palette::kPointerIvory);
 const Light kGroove = linear(palette::kGrooveBlack);
 
-/// Flutes are where the radius counts for more than it is.
-struct Flutes {
-    int number;
-    float depth;
-    float fadeFrom, fadeTo; // radii
+/// Flutes: where they are, the radius counts for more than it is.
+class Flutes {
+public:
+    /// @param fadeFrom, fadeTo  radii between which they become as deep as they are
+    Flutes(int number, float depth, float fadeFrom, float fadeTo, const Pointer& pointer)
+        : wave_(number, pointer.angle), depth_(depth), fadeFrom_(fadeFrom), fadeTo_(fadeTo) {}
 
-    [[nodiscard]] float radius(const Polar& place, const Pointer& pointer) const {
-        const float share = smoothStep(fadeFrom, fadeTo, place.radius);
-        if (share <= 0.0F)
-            return place.radius;
-        const float turn = static_cast<float>(number) * (place.angle() - pointer.angle);
-        return place.radius + depth * (0.5F - 0.5F * std::cos(turn)) * share;
+    [[nodiscard]] float radius(const Polar& place) const {
+        const float share = smoothStep(fadeFrom_, fadeTo_, place.radius);
+        return share <= 0.0F ? place.radius
+                             : place.radius + depth_ * share * (0.5F - 0.5F * wave_(place));
     }
+
+private:
+    RoundWave wave_;
+    float depth_;
+    float fadeFrom_;
+    float fadeTo_;
 };
 
 /// An inlaid line: mostly its own colour, a little of the light on it.
@@ -49,7 +54,6 @@ constexpr float kRimShade = 0.45F; // how dark
 // Large: bakelite skirt with flutes, spun aluminium cap, ivory line on the skirt, black on the cap
 constexpr float kLargeRadius = 19.8F;
 constexpr float kCapRadius = 12.0F;
-constexpr Flutes kLargeFlutes{24, 0.85F, 0.70F * kLargeRadius, 0.88F * kLargeRadius};
 
 const Profile& largeProfile() {
     static const Profile kProfile{{0.0F, 9.2F},   {10.6F, 9.2F},  {11.6F, 8.8F},  {12.0F, 8.2F},
@@ -65,19 +69,20 @@ const Profile& largeProfile() {
 Picture paintLargeKnob(const SkinBitmap& size, int frame, int scale) {
     const Patch patch(size.width, size.frameHeight, scale, 26.0, 24.5);
     const Pointer pointer = knobPointer(frame);
+    const Flutes flutes(24, 0.85F, 0.70F * kLargeRadius, 0.88F * kLargeRadius, pointer);
     const auto capMark = [&](float x, float y) {
         return patch.cover(markDistance(pointer.place(x, y), 0.85F, 4.0F, 11.4F));
     };
     const Field relief = patch.relief(0.32, [&](float x, float y) {
         const Polar place(x, y);
-        return largeProfile()(kLargeFlutes.radius(place, pointer)) - 0.3F * capMark(x, y);
+        return largeProfile()(flutes.radius(place)) - 0.3F * capMark(x, y);
     });
     const Field hidden = patch.occlusion(relief, 0.10F, 2.5);
     return patch.light([&](int column, int row) -> Sample {
         const float x = patch.x(column);
         const float y = patch.y(row);
         const Polar place(x, y);
-        const float cover = patch.cover(kLargeFlutes.radius(place, pointer) - kLargeRadius);
+        const float cover = patch.cover(flutes.radius(place) - kLargeRadius);
         if (cover <= 0.0F)
             return {};
         const Facet facet = patch.facet(relief, column, row);
@@ -108,7 +113,6 @@ namespace {
 
 // Medium: bakelite with a dished crown, ivory line
 constexpr float kMediumRadius = 14.5F;
-constexpr Flutes kMediumFlutes{18, 0.85F, 0.70F * kMediumRadius, 0.88F * kMediumRadius};
 
 const Profile& mediumProfile() {
     static const Profile kProfile{{0.0F, 7.6F},  {2.0F, 7.5F},  {4.0F, 7.15F}, {6.0F, 6.6F},
@@ -123,15 +127,15 @@ Picture paintMediumKnob(const SkinBitmap& size, int frame, int scale) {
     const Patch patch(size.width, size.frameHeight, scale, size.width / 2.0,
                       size.frameHeight / 2.0);
     const Pointer pointer = knobPointer(frame);
-    const Field relief = patch.relief(0.38, [&](float x, float y) {
-        return mediumProfile()(kMediumFlutes.radius(Polar(x, y), pointer));
-    });
+    const Flutes flutes(18, 0.85F, 0.70F * kMediumRadius, 0.88F * kMediumRadius, pointer);
+    const Field relief = patch.relief(
+        0.38, [&](float x, float y) { return mediumProfile()(flutes.radius(Polar(x, y))); });
     const Field hidden = patch.occlusion(relief, 0.10F, 2.5);
     return patch.light([&](int column, int row) -> Sample {
         const float x = patch.x(column);
         const float y = patch.y(row);
         const Polar place(x, y);
-        const float cover = patch.cover(kMediumFlutes.radius(place, pointer) - kMediumRadius);
+        const float cover = patch.cover(flutes.radius(place) - kMediumRadius);
         if (cover <= 0.0F)
             return {};
         const Facet facet = patch.facet(relief, column, row);
@@ -164,11 +168,11 @@ Picture paintSmallKnob(const SkinBitmap& size, int frame, int scale) {
     const auto groove = [&](float x, float y) {
         return patch.cover(markDistance(pointer.place(x, y), 0.95F, 2.2F, 9.8F));
     };
+    const RoundWave knurls(26, pointer.angle);
     const Field relief = patch.relief(0.18, [&](float x, float y) {
         const Polar place(x, y);
         const float share = smoothStep(8.2F, 9.6F, place.radius);
-        const float knurl =
-            share > 0.0F ? 0.20F * share * std::cos(26.0F * (place.angle() - pointer.angle)) : 0.0F;
+        const float knurl = share > 0.0F ? 0.20F * share * knurls(place) : 0.0F;
         return smallProfile()(place.radius + knurl) - 0.35F * groove(x, y);
     });
     return patch.light([&](int column, int row) -> Sample {
@@ -213,20 +217,18 @@ Picture paintEncoder(const SkinBitmap& size, int frame, int scale) {
     const Patch patch(size.width, size.frameHeight, scale, 35.0, 35.0);
     const Pointer pointer(3.6F * static_cast<float>(frame % 100) * kDegree);
     const auto fromDimple = [&](float x, float y) {
-        return std::hypot(x - kDimpleAt * pointer.sine, y + kDimpleAt * pointer.cosine);
+        const float toX = x - kDimpleAt * pointer.sine;
+        const float toY = y + kDimpleAt * pointer.cosine;
+        return std::sqrt(toX * toX + toY * toY);
     };
     const auto bowlDepth = [](float distance) {
         const float share = distance / kDimpleRadius;
         return kDimpleDepth * std::max(0.0F, 1.0F - share * share);
     };
+    const Flutes flutes(60, 1.1F, 28.6F, 29.6F, pointer);
     const Field relief = patch.relief(0.25, [&](float x, float y) {
         const Polar place(x, y);
-        const float share = smoothStep(28.6F, 29.6F, place.radius);
-        const float flute =
-            share > 0.0F ? 1.1F * share * smoothStep(34.5F, 33.0F, place.radius) *
-                               (0.5F - 0.5F * std::cos(60.0F * (place.angle() - pointer.angle)))
-                         : 0.0F;
-        return encoderProfile()(place.radius + flute) - bowlDepth(fromDimple(x, y));
+        return encoderProfile()(flutes.radius(place)) - bowlDepth(fromDimple(x, y));
     });
     const Field hidden = patch.occlusion(relief, 0.03F, 3.0);
     return patch.light([&](int column, int row) -> Sample {

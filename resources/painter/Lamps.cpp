@@ -12,6 +12,8 @@ namespace {
 constexpr float kJewelRadius = 4.05F;
 constexpr float kBezelRadius = 5.6F;
 
+const RoundWave kFacets(8, 0.0F);
+
 /// How a lamp shines.
 struct Glow {
     Colour colour;
@@ -69,8 +71,7 @@ Picture lamp(int scale, const Glow* glow, double size) {
                         (glow->onBezel * std::exp(-std::max(0.0F, place.radius - 4.0F) / 1.1F));
         const Facet facet = jewelFacet(place);
         Light jewel = glow != nullptr ? litJewel(place, x, y, *glow) : darkJewel(facet);
-        jewel *=
-            1.0F + 0.07F * std::cos(8.0F * place.angle()) * smoothStep(1.4F, 3.4F, place.radius);
+        jewel *= 1.0F + 0.07F * kFacets(place) * smoothStep(1.4F, 3.4F, place.radius);
         jewel += grey((glow != nullptr ? 0.35F : 0.55F) * glint(facet, 0.90F, 0.99F));
         light = mix(light, jewel, patch.cover(place.radius - kJewelRadius));
         light *= 1.0F - 0.6F * patch.cover(std::fabs(place.radius - kJewelRadius) - 0.22F);

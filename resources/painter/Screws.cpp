@@ -47,8 +47,7 @@ Picture screw(float turn, int scale) {
     });
 }
 
-constexpr std::array kPlaces{Point{18, 10}, Point{503, 10}, Point{18, 480},
-                             Point{503, 480}};
+constexpr std::array kPlaces{Point{18, 10}, Point{503, 10}, Point{18, 480}, Point{503, 480}};
 
 } // namespace
 

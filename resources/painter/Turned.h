@@ -13,10 +13,39 @@ struct Polar {
     float x, y; // of the unit vector to it
 
     Polar(float toX, float toY)
-        : radius(std::hypot(toX, toY) + 1e-6F), x(toX / radius), y(toY / radius) {}
+        : radius(std::sqrt(toX * toX + toY * toY) + 1e-6F), x(toX / radius), y(toY / radius) {}
+};
 
-    /// Clockwise from three o'clock, radians.
-    [[nodiscard]] float angle() const { return std::atan2(y, x); }
+/// A wave that goes round a part `number` times, 1 where the pointer is: cos(n (angle - pointer))
+/// as powers of complex numbers, for it is asked of every sample.
+class RoundWave {
+public:
+    RoundWave(int number, float pointerAngle)
+        : number_(number), cosine_(std::cos(static_cast<float>(number) * pointerAngle)),
+          sine_(std::sin(static_cast<float>(number) * pointerAngle)) {}
+
+    float operator()(const Polar& place) const {
+        float x = place.x;
+        float y = place.y;
+        float real = cosine_;
+        float imaginary = -sine_;
+        for (int rest = number_; rest > 0; rest /= 2) {
+            if (rest % 2 == 1) {
+                const float product = real * x - imaginary * y;
+                imaginary = real * y + imaginary * x;
+                real = product;
+            }
+            const float square = x * x - y * y;
+            y = 2.0F * x * y;
+            x = square;
+        }
+        return real;
+    }
+
+private:
+    int number_;
+    float cosine_;
+    float sine_;
 };
 
 /// A place seen from a pointer: `along` to its tip, `across` to its right.
