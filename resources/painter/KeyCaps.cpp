@@ -96,6 +96,7 @@ Picture barKeyCap(double width, double height, int scale, KeyState state, double
         : state == KeyState::Pressed ? mix(palette::kKeyDark, palette::kBlack, 0.35F)
                                      : palette::kKeyDark;
     const float rise = state == KeyState::Pressed ? -0.5F : 1.2F;
+    const float gloss = state == KeyState::Pressed ? 0.1F : 0.3F; // sunk, it mirrors no light
     const auto outline = [=](float x, float y) {
         return roundRectDistance(x, y, halfWidth - 1.1F, halfHeight - 1.1F, corner - 0.4F);
     };
@@ -108,7 +109,7 @@ Picture barKeyCap(double width, double height, int scale, KeyState state, double
             patch.cover(roundRectDistance(x, y, halfWidth - 0.5F, halfHeight - 0.5F, corner));
         if (seat <= 0.0F)
             return {};
-        const Light cap = dielectric(patch.facet(relief, column, row), linear(colour), 0.3F);
+        const Light cap = dielectric(patch.facet(relief, column, row), linear(colour), gloss);
         return {mix(grey(0.004F), cap, patch.cover(outline(x, y))), seat};
     });
 }

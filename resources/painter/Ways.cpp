@@ -133,17 +133,17 @@ void drawRouting(Canvas& canvas) {
     constexpr double kDry = 486;
     Pen print(canvas, palette::kPrint);
     Pen place(canvas, palette::kAmber);
-    print.across(332, 342, kWet);
-    print.word("WET", 345, kWet + 3, 0.2);
-    print.across(361, 374, kWet);
-    print.word("DRY", 345, kDry + 3, 0.2);
-    print.across(361, 374, kDry);
-    print.down(373, kWet, kDry + 1);
-    print.across(374, 378, kMix);
-    print.word("MIX", 381, kMix + 3, 0.2);
-    print.across(395, 404, kMix);
-    print.headRight(408, kMix + 0.5);
-    for (const Point& dot : {Point{336.5, kWet}, Point{366.5, kWet}, Point{399.5, kMix}})
+    print.across(326, 338, kWet);
+    print.word("WET", 341, kWet + 3, 0.2);
+    print.across(357, 371, kWet);
+    print.word("DRY", 341, kDry + 3, 0.2);
+    print.across(357, 371, kDry);
+    print.down(370, kWet, kDry + 1);
+    print.across(371, 375, kMix);
+    print.word("MIX", 378, kMix + 3, 0.2);
+    print.across(392, 405, kMix);
+    print.headRight(408.5, kMix + 0.5);
+    for (const Point& dot : {Point{331.5, kWet}, Point{363.5, kWet}, Point{398.5, kMix}})
         place.dot(dot.x, dot.y + 0.5, 2.5);
 }
 
