@@ -114,7 +114,7 @@ bool X11Frame::getGlobalPosition(CPoint& pos) const {
 }
 
 XcbOwned<xcb_query_pointer_reply_t> X11Frame::queryPointer() const {
-    if (!isUsable())
+    if (isMouseAway_ || !isUsable())
         return nullptr;
     const BrokenPipeGuard guard;
     xcb_connection_t* const xcb = connection_->xcb();
@@ -122,6 +122,11 @@ XcbOwned<xcb_query_pointer_reply_t> X11Frame::queryPointer() const {
 }
 
 bool X11Frame::getCurrentMousePosition(CPoint& where) const {
+    const CPoint outside(-1, -1);
+    if (isMouseAway_) {
+        where = outside;
+        return true;
+    }
     const auto pointer = queryPointer();
     where = pointer && pointer->same_screen ? logical(pointer->win_x, pointer->win_y) : lastMouse_;
     return true;

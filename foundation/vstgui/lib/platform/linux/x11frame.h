@@ -107,6 +107,7 @@ private:
     xcb_window_t parent_;
     std::bitset<256> keysUsed_; // pressed and not the host's: nor are their releases
     CPoint lastMouse_;
+    bool isMouseAway_ = true; // over other windows: the server need not be asked
     CButtonState lastButtons_;
     int32_t held_ = 0;           // buttons that were pressed here and not let go yet
     std::vector<CRect> exposed_; // logical pixels

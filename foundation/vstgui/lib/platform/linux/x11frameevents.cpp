@@ -134,6 +134,10 @@ CPoint X11Frame::logical(int x, int y) const {
 CPoint X11Frame::note(int x, int y, const CButtonState& buttons) {
     lastMouse_ = logical(x, y);
     lastButtons_ = buttons;
+    CRect window;
+    getSize(window);
+    window.originize();
+    isMouseAway_ = buttons.getButtonState() == 0 && !window.pointInside(lastMouse_);
     return lastMouse_;
 }
 
@@ -194,7 +198,9 @@ void X11Frame::left(const xcb_leave_notify_event_t& crossing) {
         crossing.detail == XCB_NOTIFY_DETAIL_INFERIOR)
         return;
     const CButtonState buttons = buttonsOf(crossing.state);
-    sendMouseExited(note(crossing.event_x, crossing.event_y, buttons), buttons);
+    const CPoint where = note(crossing.event_x, crossing.event_y, buttons);
+    isMouseAway_ = buttons.getButtonState() == 0; // another window may lie over the place
+    sendMouseExited(where, buttons);
 }
 
 // Keyboard
