@@ -25,13 +25,40 @@ LoadResult loadResult(ReadResult result) {
 
 } // namespace
 
+std::string_view loadProblemText(LoadResult result) noexcept {
+    switch (result) {
+    case LoadResult::Loaded:
+        return "";
+    case LoadResult::TooShort:
+        return "ends before anything in it is whole";
+    case LoadResult::Foreign:
+        return "belongs to another plug-in";
+    case LoadResult::UnknownKind:
+        return "is of another kind";
+    case LoadResult::Missing:
+        return "is not there";
+    case LoadResult::NotAFile:
+        return "is no file";
+    case LoadResult::TooLarge:
+        return "is too large";
+    case LoadResult::Unreadable:
+        break;
+    }
+    return "cannot be read";
+}
+
 LoadResult PresetFiles::load(FileKind kind, const std::string& path, OrderDecision decision) {
     recent_.remember(kind, path);
     const FileContents contents = readFile(path);
-    if (contents.result == ReadResult::Read)
-        return state_.load(kind, contents.bytes, decision);
-    say(path, "was not loaded, nothing changed", contents.problem);
-    return loadResult(contents.result);
+    if (contents.result != ReadResult::Read) {
+        say(path, "was not loaded, nothing changed", contents.problem);
+        return loadResult(contents.result);
+    }
+    const LoadResult result = state_.load(kind, contents.bytes, decision);
+    if (result != LoadResult::Loaded)
+        diagnostics_.line("\"" + path + "\" " + std::string(loadProblemText(result)) +
+                          ", nothing changed");
+    return result;
 }
 
 std::optional<FileProblem> PresetFiles::save(FileKind kind, const std::string& path) {

@@ -14,8 +14,8 @@ namespace pedl {
 /// Loads and saves program, bank and MIDI-settings files.
 ///
 /// A path is used as it is given: the process's working directory is the host's and stays. What
-/// could not be read or written at all is said in the diagnostic stream; a file that is read and
-/// turns out to be something else changes nothing and makes no noise.
+/// could not be read or written, or was read and is something else, changes nothing and is said in
+/// the diagnostic stream.
 ///
 /// Thread: user interface.
 class PresetFiles {

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string_view>
 #include <vector>
 
 namespace pedl {
@@ -22,6 +23,9 @@ enum class LoadResult {
     TooLarge,
     Unreadable,
 };
+
+/// Why a load changed nothing, as a sentence without its subject; empty for `Loaded`.
+[[nodiscard]] std::string_view loadProblemText(LoadResult result) noexcept;
 
 /// The state that can be kept and brought back: the current program, the bank, the MIDI settings.
 ///

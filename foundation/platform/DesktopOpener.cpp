@@ -8,7 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <sstream>
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -21,11 +21,14 @@ constexpr const char* kProgram = "xdg-open";
 /// Where the program lies in PATH, empty where it does not.
 std::string pathOf(const char* program) {
     const char* const searched = getenv("PATH");
-    std::istringstream folders(searched ? searched : "/usr/local/bin:/usr/bin:/bin");
-    for (std::string folder; std::getline(folders, folder, ':');) {
+    const std::string folders = searched ? searched : "/usr/local/bin:/usr/bin:/bin";
+    for (std::size_t begin = 0; begin <= folders.size();) {
+        const std::size_t end = std::min(folders.find(':', begin), folders.size());
+        const std::string folder = folders.substr(begin, end - begin);
         std::string path = (folder.empty() ? "." : folder) + "/" + program;
         if (access(path.c_str(), X_OK) == 0)
             return path;
+        begin = end + 1;
     }
     return {};
 }

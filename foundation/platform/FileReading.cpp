@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace pedl {
 
@@ -59,6 +60,10 @@ FileContents readFile(const std::string& path, ReadLimit limit) {
     if (status.st_size > static_cast<off_t>(limit.bytes))
         return tooLarge(limit);
     return readToEnd(file, static_cast<std::size_t>(status.st_size), limit);
+}
+
+bool canRead(const std::string& path) {
+    return ::access(path.c_str(), R_OK) == 0;
 }
 
 } // namespace pedl

@@ -38,4 +38,7 @@ constexpr ReadLimit kStoredFileLimit{kMaxFileBytes, "larger than 1 MiB"};
 /// writer. A file that grows meanwhile beyond the limit is too large. Thread: any but audio.
 [[nodiscard]] FileContents readFile(const std::string& path, ReadLimit limit = kStoredFileLimit);
 
+/// Whether there is something at `path` that may be read. Thread: any but audio.
+[[nodiscard]] bool canRead(const std::string& path);
+
 } // namespace pedl
