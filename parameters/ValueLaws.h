@@ -73,6 +73,10 @@ constexpr double kFastestTempoBpm = 600.0;
     return kSlowestTempoBpm + (kFastestTempoBpm - kSlowestTempoBpm) * normalised;
 }
 
+[[nodiscard]] constexpr double normalisedTempo(double tempoBpm) noexcept {
+    return (tempoBpm - kSlowestTempoBpm) / (kFastestTempoBpm - kSlowestTempoBpm);
+}
+
 // Filter
 
 constexpr double kLowestCutoffHz = 20.0;

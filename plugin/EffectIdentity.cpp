@@ -3,6 +3,7 @@
 #include "foundation/vst24/VendorCalls.h"
 #include "parameters/CopyText.h"
 #include "plugin/ZMTpedlFilterEffect.h"
+#include "presets/HintText.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -14,7 +15,7 @@ namespace pedl {
 namespace {
 
 constexpr std::string_view kProductName = "ZMT pedlFilter";
-constexpr std::string_view kVendorName = "zmt-sonics.example";
+constexpr std::string_view kVendorName = kWebAddressShort;
 constexpr VstInt32 kVendorVersion = 1000;
 
 bool isOneOf(std::string_view text, std::initializer_list<std::string_view> texts) {

@@ -84,6 +84,7 @@ public:
     [[nodiscard]] bool isNotLearnable(std::int32_t index) const override;
     [[nodiscard]] float effectiveDryWetLevel(std::int32_t index) const override;
     void applyDryWetSource(std::int32_t index) override;
+    void getHintText(std::int32_t tag, char* text) override;
 
     // For the view
 

@@ -56,9 +56,14 @@ void CPresetSystemEffect::startPresetSystem() {
     userDefaults_.load(FileKind::Bank);
     selectProgram(0);
     userDefaults_.load(FileKind::Program);
+    resetMidiToDefault();
+    recentFiles_.read(settings_);
+}
+
+void CPresetSystemEffect::resetMidiToDefault() {
+    midiMap_.clear();
     setParameter(kMidiChannel, kAllChannelsValue);
     userDefaults_.load(FileKind::MidiSettings);
-    recentFiles_.read(settings_);
 }
 
 void CPresetSystemEffect::selectProgram(std::int32_t slot) {

@@ -79,6 +79,10 @@ public:
     void startForget() noexcept { learnState_.startForget(); }
     void stopForget() noexcept;
 
+    /// Links and channel as the user wants new instances to have them: his stored ones, else no
+    /// link and all channels. Thread: user interface.
+    void resetMidiToDefault();
+
     /// Whether changes of parameters count for learning and forgetting: an open view has only those
     /// counted that the user makes in it. They count again after every `resume`.
     void enableLearnHooks(bool isEnabled) noexcept { learnState_.enableHooks(isEnabled); }
@@ -150,6 +154,15 @@ public:
 
     /// Hands the levels in force to the engine and tells the view that of `index`.
     virtual void applyDryWetSource(std::int32_t index) = 0;
+
+    /// The sentence that explains a control of the panel, with the state that it is in: empty for a
+    /// control without one, `text` untouched where a state has no words.
+    ///
+    /// @param text  room for `kHintTextLength` characters and the terminating zero
+    virtual void getHintText(std::int32_t tag, char* text) = 0;
+
+    /// The same for the preset bar's controls.
+    virtual void getPresetBarHintText(std::int32_t tag, char* text);
 
     /// Sets a parameter as a user's gesture that the host may record.
     virtual void automate(std::int32_t index, float normalised);

@@ -41,6 +41,7 @@ public:
     bool isNotLearnable(std::int32_t index) const override { return !isParameter(index); }
     float effectiveDryWetLevel(std::int32_t) const override { return 0.0F; }
     void applyDryWetSource(std::int32_t) override {}
+    void getHintText(std::int32_t, char*) override {}
 
 private:
     Journal& journal_;
