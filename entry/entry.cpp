@@ -1,6 +1,9 @@
 // The library's entry: the one place that knows every part.
 
 #include "plugin/LibraryEntry.h"
+#ifdef PEDL_EDITOR
+#include "entry/KeptEditors.h"
+#endif
 #include "plugin/ZMTpedlFilterEffect.h"
 
 namespace {
@@ -10,6 +13,15 @@ class PluginInstance final : private pedl::SystemSurroundings, public pedl::ZMTp
 public:
     explicit PluginInstance(audioMasterCallback host)
         : ZMTpedlFilterEffect(host, {systemClock, standardError, userSettings}) {}
+
+#ifdef PEDL_EDITOR
+    ~PluginInstance() override {
+        editor_->leave();
+    }
+
+private:
+    pedl::KeptEditor* const editor_ = pedl::KeptEditor::make(*this); // not this one's to delete
+#endif
 };
 
 } // namespace
