@@ -1,6 +1,7 @@
 // What drawing costs: a whole frame, one knob with its label, the first text after loading; the
 // first two without views and through the views of a window. What an idle costs.
 
+#include "bench/HostWindow.h"
 #include "tests/support/gallery/NumberedStrips.h"
 #include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/cdrawcontext.h"
@@ -12,10 +13,8 @@
 
 #include <array>
 #include <benchmark/benchmark.h>
-#include <cstdlib>
 #include <memory>
 #include <utility>
-#include <xcb/xcb.h>
 
 namespace pedl::bench {
 
@@ -214,35 +213,8 @@ void idleWithNothingToDo(benchmark::State& state) {
 }
 BENCHMARK(idleWithNothingToDo)->Unit(benchmark::kMicrosecond);
 
-/// A host's window on the display.
-class HostWindow {
-public:
-    HostWindow() : connection_(xcb_connect(nullptr, nullptr)) {
-        if (xcb_connection_has_error(connection_.get()))
-            return;
-        const xcb_screen_t* const screen =
-            xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data;
-        window_ = xcb_generate_id(connection_.get());
-        xcb_create_window(connection_.get(), XCB_COPY_FROM_PARENT, window_, screen->root, 0, 0,
-                          kFrameWidth, kFrameHeight, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
-                          screen->root_visual, 0, nullptr);
-        xcb_map_window(connection_.get(), window_);
-        std::free(xcb_get_input_focus_reply(connection_.get(),
-                                            xcb_get_input_focus(connection_.get()), nullptr));
-    }
-    [[nodiscard]] bool isOpen() const { return window_ != XCB_NONE; }
-    [[nodiscard]] void* handle() const { return reinterpret_cast<void*>(uintptr_t{window_}); }
-
-private:
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-    };
-    std::unique_ptr<xcb_connection_t, Disconnect> connection_;
-    xcb_window_t window_ = XCB_NONE;
-};
-
 void x11IdleWithNothingToDo(benchmark::State& state) {
-    const HostWindow host;
+    const HostWindow host(kFrameWidth, kFrameHeight);
     KnobEditor editor;
     if (!host.isOpen() || !editor.open(host.handle())) {
         state.SkipWithError("no display");
@@ -257,7 +229,7 @@ void x11IdleWithNothingToDo(benchmark::State& state) {
 BENCHMARK(x11IdleWithNothingToDo)->Unit(benchmark::kMicrosecond);
 
 void x11OneKnob(benchmark::State& state) {
-    const HostWindow host;
+    const HostWindow host(kFrameWidth, kFrameHeight);
     KnobEditor editor;
     if (!host.isOpen() || !editor.open(host.handle())) {
         state.SkipWithError("no display");
