@@ -257,6 +257,8 @@ std::string FacePainter::labelOf(const ControlRow& row) const {
 }
 
 float FacePainter::valueOf(const ControlRow& row) const {
+    if (row.tag == kSynchroTempoFromHost)
+        return state_.hostTempo;
     return isParameter(row.tag) ? state_.values[static_cast<std::size_t>(row.tag)] : 0.0F;
 }
 
@@ -270,6 +272,14 @@ CBitmap& FacePainter::bitmap(std::int32_t id) {
     if (!loaded)
         loaded = std::make_unique<CBitmap>(CResourceDescription(id));
     return *loaded;
+}
+
+std::unique_ptr<PixmanSurface> drawFace(const FaceState& state, int scale) {
+    auto picture = std::make_unique<PixmanSurface>(kFaceWidth, kFaceHeight, scale);
+    CDrawContext* const context = createPixmanContext(*picture);
+    FacePainter(*context, state).drawFace();
+    context->forget();
+    return picture;
 }
 
 } // namespace pedl::skin

@@ -9,6 +9,7 @@
 #include "editor/face/FaceState.h"
 #include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/cdrawcontext.h"
+#include "vstgui/lib/platform/common/pixmansurface.h"
 
 namespace pedl::skin {
 
@@ -46,5 +47,8 @@ private:
     const FaceState& state_;
     std::map<std::int32_t, std::unique_ptr<VSTGUI::CBitmap>> bitmaps_;
 };
+
+/// The whole face in a picture of its own.
+std::unique_ptr<VSTGUI::PixmanSurface> drawFace(const FaceState& state, int scale);
 
 } // namespace pedl::skin

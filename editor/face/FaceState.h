@@ -15,6 +15,7 @@ struct FaceState {
     std::array<float, kNumParams> values{};   // by parameter, normalised
     std::int32_t display = kFilterCutoffFreq; // whose control is on the amber glass
     std::map<std::int32_t, float> lamps;      // by tag; the others are dark
+    float hostTempo = 0.13846F;               // 96 BPM, as the tempo control has it
     float lfoEncoder = 0.12F;                 // of a turn
     float cutoffEncoder = 0.71F;
     bool isWaveListOpen = false;

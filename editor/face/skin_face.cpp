@@ -21,14 +21,6 @@ namespace {
 using namespace VSTGUI;
 using Picture = std::unique_ptr<PixmanSurface>;
 
-Picture drawFace(const FaceState& state, int scale) {
-    auto picture = std::make_unique<PixmanSurface>(kFaceWidth, kFaceHeight, scale);
-    CDrawContext* const context = createPixmanContext(*picture);
-    FacePainter(*context, state).drawFace();
-    context->forget();
-    return picture;
-}
-
 Picture drawAbout(int scale) {
     auto picture = std::make_unique<PixmanSurface>(kFaceWidth, kFaceHeight, scale);
     CDrawContext* const context = createPixmanContext(*picture);
