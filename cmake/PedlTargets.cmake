@@ -8,6 +8,9 @@ set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
+# Where hosts look for VST 2.4 plug-ins, below the prefix.
+set(PEDL_PLUGIN_FOLDER lib/vst)
+
 # ccache where it is installed, unless the caller chose a launcher.
 find_program(PEDL_CCACHE ccache)
 if(PEDL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
