@@ -65,23 +65,28 @@ constexpr NamedState kStates[]{
 
 } // namespace
 
-int drawState(std::string_view name, const char* path) {
+/// @return false when there is no such state, or the file cannot be written
+bool drawState(std::string_view name, const char* path) {
     for (const NamedState& named : kStates) {
         if (named.name != name)
             continue;
         useEmbeddedSkin();
         FaceState state = defaultState();
         named.alter(state);
-        return writePng(*drawFace(state, kScale), path) ? 0 : 1;
+        return writePng(*drawFace(state, kScale), path);
     }
-    return 1;
+    return false;
 }
 
 } // namespace pedl::skin
 
 int main(int count, char** arguments) {
-    if (count == 3 && pedl::skin::drawState(arguments[1], arguments[2]) == 0)
+    if (count != 3) {
+        std::fprintf(stderr, "usage: manual-face STATE FILE\n");
+        return 2;
+    }
+    if (pedl::skin::drawState(arguments[1], arguments[2]))
         return 0;
-    std::fprintf(stderr, "usage: manual-face STATE FILE\n");
+    std::fprintf(stderr, "manual-face: cannot draw \"%s\" into %s\n", arguments[1], arguments[2]);
     return 1;
 }
