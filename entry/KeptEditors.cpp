@@ -13,9 +13,7 @@ namespace {
 
 constinit std::atomic<KeptEditor*> leftAlone{nullptr}; // the latest, and through it all
 
-/// Where the installed manual is, as seen from the folder of the library.
-constexpr const char* kManualFromLibrary = "/../../share/doc/zmt-pedlfilter/manual.html";
-
+/// Beside the library, wherever both were installed.
 std::string installedManual() {
     Dl_info library{};
     if (::dladdr(reinterpret_cast<const void*>(&installedManual), &library) == 0 ||
@@ -23,7 +21,7 @@ std::string installedManual() {
         return {};
     const std::string file = library.dli_fname;
     const std::size_t slash = file.rfind('/');
-    return (slash == std::string::npos ? "." : file.substr(0, slash)) + kManualFromLibrary;
+    return (slash == std::string::npos ? "." : file.substr(0, slash)) + "/" PEDL_MANUAL_FROM_PLUGIN;
 }
 
 /// Window pixels per pixel of the face: 2 where the user asks for it, else 1. The skin is drawn for
