@@ -40,6 +40,8 @@ CFrame::CFrame(const CRect& viewSize, void* systemWindow, VSTGUIEditorInterface*
     attached_ = true;
     if (systemWindow)
         platformFrame_ = IPlatformFrame::createPlatformFrame(this, size, systemWindow);
+    if (platformFrame_)
+        scaleFactor_ = platformFrame_->getScaleFactor();
 }
 
 CFrame::~CFrame() {

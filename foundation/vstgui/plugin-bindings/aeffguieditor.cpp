@@ -29,8 +29,16 @@ AEffGUIEditor::~AEffGUIEditor() {
 }
 
 bool AEffGUIEditor::getRect(ERect** outRect) {
-    *outRect = &rect;
+    const auto pixels = [scale = scaleFactor()](VstInt16 length) {
+        return static_cast<VstInt16>(length == 0 ? 0 : windowPixels(length, scale));
+    };
+    windowRect_ = {pixels(rect.top), pixels(rect.left), pixels(rect.bottom), pixels(rect.right)};
+    *outRect = &windowRect_;
     return true;
+}
+
+double AEffGUIEditor::scaleFactor() const {
+    return frame ? frame->getScaleFactor() : IPlatformFrame::startingScaleFactor();
 }
 
 bool AEffGUIEditor::open(void* window) {
@@ -131,8 +139,8 @@ bool AEffGUIEditor::beforeSizeChange(const CRect& newSize, const CRect& /*oldSiz
         return true;
     char question[] = "sizeWindow";
     return extended(effect)->canHostDo(question) > 0 &&
-           extended(effect)->sizeWindow(static_cast<VstInt32>(newSize.width()),
-                                        static_cast<VstInt32>(newSize.height()));
+           extended(effect)->sizeWindow(windowPixels(newSize.width(), scaleFactor()),
+                                        windowPixels(newSize.height(), scaleFactor()));
 }
 
 } // namespace VSTGUI

@@ -25,6 +25,7 @@ public:
         (void)value;
     }
 
+    /// In the window's pixels: `rect` at the frame's scale, or at that of the next one.
     bool getRect(ERect** rect) override;
     /// Stores the window; the result has no meaning.
     bool open(void* window) override;
@@ -46,13 +47,15 @@ public:
     EditorPump* getPump() const override { return pump_; }
 
 protected:
-    ERect rect;
+    ERect rect; // logical pixels
 
 private:
     void turn();
     IPlatformFrame* openPlatformFrame() const;
+    double scaleFactor() const;
 
     EditorPump* const pump_; // remembered
+    ERect windowRect_{};
     bool inTurn_ = false;
     bool inIdleStuff_ = false;
 };

@@ -37,6 +37,8 @@ public:
     /// By the registered factory, else a child of the system's window `parent`. Null when it fails.
     static IPlatformFrame* createPlatformFrame(IPlatformFrameCallback* frame, const CRect& size,
                                                void* parent);
+    /// The scale factor that a new frame's window has: the user's where the system makes it.
+    static double startingScaleFactor();
     /// Milliseconds since some moment, monotonic; tests set it with `setTickSource`.
     static uint32_t getTicks();
 
@@ -68,6 +70,9 @@ public:
     /// that is under way.
     virtual void frameClosed() {}
 };
+
+/// Whole window pixels for a logical length, at least one.
+uint16_t windowPixels(CCoord length, double pixelsPerUnit);
 
 /// Makes every frame's window from now on, in whatever thread; null stands for the system's. For
 /// tests and pictures.

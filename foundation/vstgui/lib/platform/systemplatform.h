@@ -10,7 +10,8 @@ namespace VSTGUI {
 /// The system's folder defines the one object. Nothing registers itself, so nothing runs when the
 /// library is loaded, and a program without a system does not link.
 struct SystemPlatform {
-    PlatformFrameFactory createFrame;
+    PlatformFrameFactory createFrame; // at `scaleFactor`
+    double (*scaleFactor)();
     FileDialogFactory createFileDialog;
 };
 

@@ -2,7 +2,9 @@
 
 #include <time.h>
 
+#include <algorithm>
 #include <atomic>
+#include <cmath>
 
 #include "vstgui/lib/platform/systemplatform.h"
 
@@ -40,6 +42,18 @@ IPlatformFrame* IPlatformFrame::createPlatformFrame(IPlatformFrameCallback* fram
     const PlatformFrameFactory factory = frameFactory.load(std::memory_order_relaxed);
     return factory ? factory(frame, size, parent)
                    : kSystemPlatform.createFrame(frame, size, parent);
+}
+
+double IPlatformFrame::startingScaleFactor() {
+    const bool isSystems = frameFactory.load(std::memory_order_relaxed) == nullptr;
+    return isSystems ? kSystemPlatform.scaleFactor() : 1.0;
+}
+
+uint16_t windowPixels(CCoord length, double pixelsPerUnit) {
+    constexpr double kRounding = 1e-6; // 10 at 1.1 is 11 pixels, whatever the product's last bit
+    constexpr double kLargest = 32000.0;
+    return static_cast<uint16_t>(
+        std::clamp(std::ceil(length * pixelsPerUnit - kRounding), 1.0, kLargest));
 }
 
 uint32_t IPlatformFrame::getTicks() {

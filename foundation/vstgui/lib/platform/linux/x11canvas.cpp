@@ -10,6 +10,7 @@
 #include <sys/shm.h>
 
 #include "vstgui/lib/platform/common/pixmansurface.h"
+#include "vstgui/lib/platform/iplatformframe.h"
 #include "vstgui/lib/platform/linux/x11window.h"
 
 namespace VSTGUI {

@@ -19,11 +19,16 @@ X11Frame* X11Frame::open(IPlatformFrameCallback* callback, const CRect& size, xc
     auto connection = X11Connection::open();
     if (!connection)
         return nullptr;
-    const X11Place place{0, 0, windowPixels(size.width(), 1.0), windowPixels(size.height(), 1.0)};
+    const double scale = startingScaleFactor();
+    const X11Place place{0, 0, windowPixels(size.width(), scale),
+                         windowPixels(size.height(), scale)};
     auto window = X11Window::child(*connection, parent, place);
     if (!window)
         return nullptr;
-    return new X11Frame(callback, size, std::move(connection), std::move(window), parent);
+    auto* const frame =
+        new X11Frame(callback, size, std::move(connection), std::move(window), parent);
+    frame->BufferedFrame::setScaleFactor(scale);
+    return frame;
 }
 
 X11Frame::X11Frame(IPlatformFrameCallback* callback, const CRect& size,

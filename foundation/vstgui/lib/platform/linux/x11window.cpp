@@ -1,8 +1,5 @@
 #include "vstgui/lib/platform/linux/x11window.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace VSTGUI {
 
 namespace {
@@ -31,13 +28,6 @@ bool hasFourBytesAPixel(const X11Connection& connection, uint8_t depth) {
 }
 
 } // namespace
-
-uint16_t windowPixels(CCoord length, double pixelsPerUnit) {
-    constexpr double kRounding = 1e-6; // 10 at 1.1 is 11 pixels, whatever the product's last bit
-    constexpr double kLargest = 32000.0;
-    return static_cast<uint16_t>(
-        std::clamp(std::ceil(length * pixelsPerUnit - kRounding), 1.0, kLargest));
-}
 
 X11Window::X11Window(X11Connection& connection, const xcb_screen_t& screen, uint8_t depth)
     : connection_(connection), screen_(screen), depth_(depth) {}

@@ -7,9 +7,6 @@
 
 namespace VSTGUI {
 
-/// Whole window pixels for a logical length, at least one.
-uint16_t windowPixels(CCoord length, double pixelsPerUnit);
-
 /// Where a window stands, in its parent's pixels.
 struct X11Place {
     int16_t x = 0;
