@@ -1,6 +1,7 @@
 #include "host/CommandLine.h"
 
 #include "convert/Conversion.h"
+#include "host/HelpTexts.h"
 #include "host/StoredFiles.h"
 
 #include <CLI/CLI.hpp>
@@ -36,50 +37,6 @@ std::vector<std::string> spreadLists(int count, char** words) {
     return spread;
 }
 
-constexpr const char* kExamples = R"(
-Examples:
-  $ zmt-pedlfilter render riff.wav out.wav --program "Manual HPF 24dB/oct"
-  $ zmt-pedlfilter render riff.wav out.flac --set "Filter Cutoff=1200" "Filter Slope=24 dB" 20=0.4
-  $ zmt-pedlfilter render pad.wav out.wav --automate "Filter Cutoff=sweep.csv" --block 64 --tail 2
-  $ zmt-pedlfilter render pad.wav out.wav --midi song.mid --link "Filter Cutoff=74" --set LFOsync=hostBPM
-  $ zmt-pedlfilter params --program 5 --json
-  $ zmt-pedlfilter convert bank.zmb bank.json
-  $ zmt-pedlfilter diff old.zmb bank.json
-
-`zmt-pedlfilter SUBCOMMAND --help` tells the rest. Without --plugin, ZMTpedlFilter.so is looked for
-beside the command, in ../plugin and ../lib/vst from there, and in /usr/local/lib/vst. It reads the
-user's defaults as it does in any host.
-
-Exit status:
-  0    all went well; for diff, there is no difference
-  1    a file, the plug-in or a value was wrong, with one line on standard error; for diff, there is
-       a difference
-  2    the command line was wrong; for diff, a file cannot be read or nothing can be compared
-  128  and the signal's number: interrupted)";
-
-constexpr const char* kRenderNotes = R"(
-PARAMETER is an index from `zmt-pedlfilter params`, or a name: upper and lower case are alike, and
-both the full name ("Filter Cutoff") and its unmistakable beginning will do. VALUE after a name is a
-text that the parameter shows ("1200", "24 dB", "off"; the unit may be left out); a number after an
-index is the normalised value, 0 to 1.
-
---bank, --program, --preset, --midi-settings, --set and --link take effect in this order, wherever they
-stand, then curves and MIDI. Files are for ZMT pedlFilter alone; `zmt-pedlfilter convert` makes them.
-
-A curve is a text file with lines "seconds,value", values 0 to 1, joined by straight lines; lines
-that begin with # and a first line of words are skipped. It is read at the start of every block, so
-a smaller --block follows it more closely.
-
-A MIDI file (format 0 or 1) begins with IN. All its channel messages reach the plug-in, each at its
-frame; the tempo, the time signature and the place in the song follow it. Blocks are cut where it
-has something due, so what MIDI does is independent of --block. Controllers move what they are linked
-to, by --link for one. Where the file has no tempo yet, --tempo is the tempo.
-
-IN is mono or stereo at 44100 to 192000 Hz, in any format that libsndfile reads. OUT is stereo: 32-bit
-float for .wav (and without an ending), .aiff, .caf, .w64 and .rf64, 24 bits for .flac, Vorbis for
-.ogg. OUT appears whole or not at all; an existing file is replaced only by a finished render. It is
-what the plug-in gives: a latency that `zmt-pedlfilter info` shows is not taken out.)";
-
 /// An option that takes one text or, with a list, may be given again and again.
 template <typename Target>
 void addTextOption(CLI::App& command, const char* name, Target& target, const char* type,
@@ -111,17 +68,15 @@ void addProgramOption(CLI::App& command, CommandLine& line) {
                   "Program to select first, by name or slot from 0");
 }
 
-CLI::App* addRender(CLI::App& app, CommandLine& line) {
-    CLI::App* const command = app.add_subcommand("render", "Process a sound file into another");
-    const auto add = [command](const char* name, auto& target, const char* type,
-                               const char* description) {
-        addTextOption(*command, name, target, type, description);
+/// What the plug-in is to hold, in the order in which it takes effect.
+void addStateOptions(CLI::App& command, CommandLine& line) {
+    const auto add = [&command](const char* name, auto& target, const char* type,
+                                const char* description) {
+        addTextOption(command, name, target, type, description);
     };
-    addFile(*command, "IN", line.in, "Sound file to read");
-    addFile(*command, "OUT", line.out, "Sound file to write; its ending names the format");
     add(storedFileOption(DocumentKind::Bank), line.bank, "FILE",
         "Bank to load: a bank file, a host chunk or the JSON of one");
-    addProgramOption(*command, line);
+    addProgramOption(command, line);
     add(storedFileOption(DocumentKind::Program), line.preset, "FILE",
         "Program to load into the slot: a program file or the JSON of one");
     add(storedFileOption(DocumentKind::MidiSettings), line.midiSettings, "FILE",
@@ -130,6 +85,17 @@ CLI::App* addRender(CLI::App& app, CommandLine& line) {
         "Values to set, in this order, after the program");
     add("--link", line.links, "PARAMETER=CONTROLLER",
         "MIDI controllers, 0 to 119, that move parameters of ZMT pedlFilter");
+}
+
+CLI::App* addRender(CLI::App& app, CommandLine& line) {
+    CLI::App* const command = app.add_subcommand("render", "Process a sound file into another");
+    const auto add = [command](const char* name, auto& target, const char* type,
+                               const char* description) {
+        addTextOption(*command, name, target, type, description);
+    };
+    addFile(*command, "IN", line.in, "Sound file to read");
+    addFile(*command, "OUT", line.out, "Sound file to write; its ending names the format");
+    addStateOptions(*command, line);
     add("--automate", line.automations, "PARAMETER=CURVE.csv", "Curves for parameters to follow");
     add("--midi", line.midi, "FILE.mid",
         "MIDI file whose messages, tempo and time signature the plug-in gets");
@@ -142,23 +108,6 @@ CLI::App* addRender(CLI::App& app, CommandLine& line) {
     command->footer(kRenderNotes);
     return command;
 }
-
-constexpr const char* kConvertStart = R"(
-What IN is shows in its contents, whatever it is called: a program, bank or MIDI-settings file, old
-ones and those of big-endian machines too, a host chunk, or the text form of one of them. The ending
-of OUT says what it becomes:
-
-)";
-
-constexpr const char* kConvertEnd = R"(
-MIDI settings hold no programs, so they become .zmm, .chunk or .json only. A bank file that is made
-of a host chunk leaves its MIDI links out, with a warning. With a bank or a host chunk as OUT,
---program makes that program the current one.
-
-In the text form a parameter is {"value": 0 to 1, "text": what the plug-in shows}. The value counts:
-a text that is not the value's is warned about. Without a value the text is looked up as --set does
-it. What is missing is the factory's. OUT is replaced whole or not at all and may be IN itself, which
-puts its texts right.)";
 
 const char* convertedInto(DocumentKind kind) {
     switch (kind) {
@@ -182,6 +131,23 @@ std::string endingLine(std::string_view ending, std::string_view form, const cha
     return line.append(form) + ": " + meaning + '\n';
 }
 
+CLI::App* addShow(CLI::App& app, CommandLine& line) {
+    CLI::App* const command =
+        app.add_subcommand("show", "Open a plug-in's editor in a window, or picture it");
+    addStateOptions(*command, line);
+    addTextOption(*command, "--play", line.play, "FILE",
+                  "Sound file that runs through the plug-in meanwhile, again and again");
+    addTextOption(*command, "--screenshot", line.screenshot, "FILE.png",
+                  "Picture of the editor to write; the window closes then");
+    addTextOption(*command, "--scale", line.scale, "N",
+                  "Pixels of the screen for one of the editor's, 0.5 to 4");
+    addTextOption(*command, "--seconds", line.seconds, "N",
+                  "Close after that time, or take the picture then");
+    addPluginOption(*command, line);
+    command->footer(kShowNotes);
+    return command;
+}
+
 std::string convertNotes() {
     std::string notes = kConvertStart;
     for (const DocumentKind kind : kDocumentKinds)
@@ -190,16 +156,6 @@ std::string convertNotes() {
                         "IN as it is, or its one program of --program; \"-\" is standard output");
     return notes + kConvertEnd;
 }
-
-constexpr const char* kDiffNotes = R"(
-A and B are anything that convert reads. A program is compared with the current one of a bank. Each
-line names slot, program and parameter, with both texts; values with the same text are given as
-numbers.
-
-Exit status:
-  0    there is no difference
-  1    there is one
-  2    a file cannot be read, nothing can be compared or the command line is wrong)";
 
 CLI::App* addConvert(CLI::App& app, CommandLine& line) {
     CLI::App* const command = app.add_subcommand(
@@ -231,6 +187,7 @@ struct SubCommand {
 std::vector<SubCommand> addSubCommands(CLI::App& app, CommandLine& line) {
     std::vector<SubCommand> all; // in the order of the help
     all.push_back({addRender(app, line), Action::Render});
+    all.push_back({addShow(app, line), Action::Show});
     all.push_back({addListing(app, "programs", "List the programs by slot and name", line),
                    Action::Programs});
     CLI::App* const parameters =
@@ -248,8 +205,8 @@ std::vector<SubCommand> addSubCommands(CLI::App& app, CommandLine& line) {
 
 std::variant<CommandLine, int> readCommandLine(int count, char** words) {
     CommandLine line;
-    CLI::App app("Plays sound files through ZMT pedlFilter, or another VST 2.4 effect, shows what "
-                 "the plug-in offers, converts and compares its files.",
+    CLI::App app("Plays sound files through ZMT pedlFilter, or another VST 2.4 effect, shows its "
+                 "editor and what it offers, converts and compares its files.",
                  "zmt-pedlfilter");
     app.set_version_flag("--version", "zmt-pedlfilter " PEDL_VERSION);
     app.require_subcommand(1);

@@ -7,7 +7,7 @@
 namespace pedl {
 
 /// The sub-commands of zmt-pedlfilter.
-enum class Action { Render, Programs, Parameters, Information, Convert, Diff };
+enum class Action { Render, Show, Programs, Parameters, Information, Convert, Diff };
 
 /// The status of a program that was used wrongly.
 constexpr int kWrongUse = 2;
@@ -16,7 +16,7 @@ constexpr int kWrongUse = 2;
 struct CommandLine {
     Action action = Action::Render;
     std::string in, out, plugin, program, bank, preset, midiSettings, midi,
-        tempo = "120", block = "512", tail = "0";
+        tempo = "120", block = "512", tail = "0", play, screenshot, scale, seconds;
     std::vector<std::string> settings, links, automations;
     bool isDouble = false;
     bool isJson = false;

@@ -23,6 +23,10 @@ constexpr std::array<std::string_view, 7> kAbilities{
     "receiveVstMidiEvent", "startStopProcess", "sizeWindow"};
 
 thread_local HostServices* active = nullptr;
+thread_local HostServices::Purpose activePurpose = HostServices::Purpose::Anything;
+
+/// What was told last, in each thread of its own: an editor asks while audio runs.
+thread_local VstTimeInfo toldTime{};
 
 VstIntPtr writeText(std::string_view text, void* buffer) {
     if (buffer == nullptr)
@@ -68,90 +72,121 @@ double Transport::barStartAt(double quarters) const {
            std::floor((quarters - fromBarQuarters) / quartersPerBar) * quartersPerBar;
 }
 
-VstIntPtr VSTCALLBACK HostServices::callback(AEffect* effect, VstInt32 opcode, VstInt32 /*index*/,
-                                             VstIntPtr /*value*/, void* ptr, float /*opt*/) {
+VstIntPtr VSTCALLBACK HostServices::callback(AEffect* effect, VstInt32 opcode, VstInt32 index,
+                                             VstIntPtr value, void* ptr, float /*opt*/) {
     // Inside a call of ours the record is not looked at: in the entry it may not be filled yet.
     HostServices* services = active;
     if (services == nullptr && effect != nullptr)
         services = reinterpret_cast<HostServices*>(effect->resvd1);
-    return services != nullptr ? services->answer(opcode, ptr) : answerAnyone(opcode, ptr);
+    return services != nullptr ? services->answer(opcode, index, value, ptr)
+                               : answerAnyone(opcode, ptr);
 }
 
-HostServices::Active::Active(HostServices& services) : outer_(active) {
+HostServices::Active::Active(HostServices& services, Purpose purpose)
+    : outer_(active), outerPurpose_(activePurpose) {
     active = &services;
+    activePurpose = purpose;
 }
 
 HostServices::Active::~Active() {
     active = outer_;
+    activePurpose = outerPurpose_;
 }
 
-VstIntPtr HostServices::answer(VstInt32 opcode, void* ptr) {
+VstIntPtr HostServices::answer(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr) {
     switch (opcode) {
     case audioMasterGetTime:
         return reinterpret_cast<VstIntPtr>(timeInfo());
     case audioMasterProcessEvents:
         return ptr != nullptr ? 1 : 0;
     case audioMasterSizeWindow:
-        return 1;
+        return noteWantedSize(index, value);
     case audioMasterGetSampleRate:
         return static_cast<VstIntPtr>(std::lround(sampleRateHz));
     case audioMasterGetBlockSize:
         return blockFrames;
     case audioMasterGetCurrentProcessLevel:
-        return processLevel;
+        return levelOfThisThread();
     case audioMasterUpdateDisplay:
     case audioMasterBeginEdit:
     case audioMasterEndEdit:
-        return 1; // nobody is there to see it
+        return 1; // there is nothing to record or to show anew
     default:
         return answerAnyone(opcode, ptr);
     }
 }
 
+/// Whoever shows the editor applies it, for the plug-in may ask in any thread.
+VstIntPtr HostServices::noteWantedSize(VstInt32 widthPixels, VstIntPtr heightPixels) {
+    constexpr VstInt32 kMostPixels = 32767; // that X can place
+    if (widthPixels <= 0 || widthPixels > kMostPixels || heightPixels <= 0 ||
+        heightPixels > kMostPixels)
+        return 0;
+    wantedSize_.set(static_cast<std::uint32_t>(widthPixels) << 16 |
+                    static_cast<std::uint32_t>(heightPixels));
+    return 1;
+}
+
+std::optional<HostServices::EditorSize> HostServices::takeWantedSize() {
+    const std::uint32_t wanted = wantedSize_.exchange(0);
+    if (wanted == 0)
+        return std::nullopt;
+    return EditorSize{static_cast<VstInt32>(wanted >> 16), static_cast<VstInt32>(wanted & 0xFFFF)};
+}
+
+/// While audio runs in real time, the other threads still belong to the user.
+VstInt32 HostServices::levelOfThisThread() const {
+    return processLevel == kVstProcessLevelRealtime && activePurpose != Purpose::Audio
+               ? VstInt32{kVstProcessLevelUser}
+               : processLevel;
+}
+
 void HostServices::advance(VstInt32 frames) {
-    positionFrames_ += frames;
-    hasJumped_ = false;
+    positionFrames_.set(positionFrames_.get() + frames);
+    hasJumped_.set(false);
 }
 
 void HostServices::jumpTo(std::int64_t frame) {
-    positionFrames_ = frame;
-    hasJumped_ = true;
+    positionFrames_.set(frame);
+    hasJumped_.set(true);
 }
 
-const VstTimeInfo* HostServices::timeInfo() {
+const VstTimeInfo* HostServices::timeInfo() const {
     constexpr double kClocksPerQuarter = 24.0; // MIDI clock
     constexpr double kSmpteFramesPerSecond = 25.0;
     constexpr double kSmpteSubframes = 80.0;
 
-    const double seconds = static_cast<double>(positionFrames_) / sampleRateHz;
+    const auto frame = static_cast<double>(positionFrames_.get());
+    const double seconds = frame / sampleRateHz;
     const double quarters = transport.quartersAt(seconds);
     const double framesPerClock = sampleRateHz * 60.0 / transport.tempoBpm / kClocksPerQuarter;
     const double clocks = quarters * kClocksPerQuarter;
 
     // Everything is filled, whatever the mask names: a plug-in never finds a stale field.
-    time_ = {};
-    time_.samplePos = static_cast<double>(positionFrames_);
-    time_.sampleRate = sampleRateHz;
-    time_.nanoSeconds = static_cast<double>(
+    VstTimeInfo& time = toldTime;
+    time = {};
+    time.samplePos = frame;
+    time.sampleRate = sampleRateHz;
+    time.nanoSeconds = static_cast<double>(
         std::chrono::nanoseconds(std::chrono::steady_clock::now().time_since_epoch()).count());
-    time_.ppqPos = quarters;
-    time_.tempo = transport.tempoBpm;
-    time_.barStartPos = transport.barStartAt(quarters);
-    time_.timeSigNumerator = transport.beatsPerBar;
-    time_.timeSigDenominator = transport.beatUnit;
-    time_.smpteFrameRate = kVstSmpte25fps;
+    time.ppqPos = quarters;
+    time.tempo = transport.tempoBpm;
+    time.barStartPos = transport.barStartAt(quarters);
+    time.timeSigNumerator = transport.beatsPerBar;
+    time.timeSigDenominator = transport.beatUnit;
+    time.smpteFrameRate = kVstSmpte25fps;
     // Wraps with the day, as SMPTE does, long before the integer would.
-    time_.smpteOffset = static_cast<VstInt32>(std::fmod(seconds, 24.0 * 60.0 * 60.0) *
-                                              kSmpteFramesPerSecond * kSmpteSubframes);
-    time_.samplesToNextClock =
+    time.smpteOffset = static_cast<VstInt32>(std::fmod(seconds, 24.0 * 60.0 * 60.0) *
+                                             kSmpteFramesPerSecond * kSmpteSubframes);
+    time.samplesToNextClock =
         static_cast<VstInt32>(std::lround((std::ceil(clocks) - clocks) * framesPerClock));
-    time_.flags = kVstNanosValid | kVstPpqPosValid | kVstTempoValid | kVstBarsValid |
-                  kVstTimeSigValid | kVstSmpteValid | kVstClockValid;
+    time.flags = kVstNanosValid | kVstPpqPosValid | kVstTempoValid | kVstBarsValid |
+                 kVstTimeSigValid | kVstSmpteValid | kVstClockValid;
     if (transport.isPlaying)
-        time_.flags |= kVstTransportPlaying;
-    if (hasJumped_)
-        time_.flags |= kVstTransportChanged;
-    return &time_;
+        time.flags |= kVstTransportPlaying;
+    if (hasJumped_.get())
+        time.flags |= kVstTransportChanged;
+    return &time;
 }
 
 } // namespace pedl

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "foundation/basics/Relaxed.h"
 #include "foundation/vst24/AEffect.h"
 #include "foundation/vst24/VstStructures.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace pedl {
 
@@ -31,8 +33,8 @@ struct Transport {
 /// ours and from threads of its own. `callback` finds the services that are meant: those of the
 /// call that is under way in this thread (`Active`), else those noted in the record.
 ///
-/// Thread: set before processing or between blocks by the thread that processes; `answer` any, but
-/// what time it is only one at a time. Real time: answering neither allocates nor locks.
+/// Thread: set before processing or between blocks by the thread that processes; `answer` any. Real
+/// time: answering neither allocates nor locks.
 class HostServices {
 public:
     static constexpr VstInt32 kVstVersion = 2400;
@@ -46,31 +48,43 @@ public:
     static VstIntPtr VSTCALLBACK callback(AEffect* effect, VstInt32 opcode, VstInt32 index,
                                           VstIntPtr value, void* ptr, float opt);
 
+    /// What this thread calls the plug-in for.
+    enum class Purpose { Anything, Audio };
+
     /// Marks, for its lifetime, these services as the ones of the plug-in that this thread calls.
     class Active {
     public:
-        explicit Active(HostServices& services);
+        explicit Active(HostServices& services, Purpose purpose = Purpose::Anything);
         ~Active();
         Active(const Active&) = delete;
         Active& operator=(const Active&) = delete;
 
     private:
         HostServices* outer_;
+        Purpose outerPurpose_;
     };
 
-    VstIntPtr answer(VstInt32 opcode, void* ptr);
+    struct EditorSize {
+        VstInt32 widthPixels;
+        VstInt32 heightPixels;
+    };
+    /// The size that the editor has asked its window to have since the last call, if it has.
+    [[nodiscard]] std::optional<EditorSize> takeWantedSize();
 
     /// Moves the song on. A change of place or state is reported to the plug-in for one block.
     void advance(VstInt32 frames);
     void jumpTo(std::int64_t frame);
-    [[nodiscard]] std::int64_t positionFrames() const { return positionFrames_; }
+    [[nodiscard]] std::int64_t positionFrames() const { return positionFrames_.get(); }
 
 private:
-    const VstTimeInfo* timeInfo();
+    VstIntPtr answer(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr);
+    VstIntPtr noteWantedSize(VstInt32 widthPixels, VstIntPtr heightPixels);
+    [[nodiscard]] VstInt32 levelOfThisThread() const;
+    const VstTimeInfo* timeInfo() const;
 
-    std::int64_t positionFrames_ = 0;
-    bool hasJumped_ = true;
-    VstTimeInfo time_{};
+    Relaxed<std::int64_t> positionFrames_;
+    Relaxed<bool> hasJumped_{true};
+    Relaxed<std::uint32_t> wantedSize_; // width above height, 16 bits each; 0: none
 };
 
 } // namespace pedl

@@ -15,6 +15,7 @@ namespace pedl {
 namespace {
 
 constexpr std::array kEndSignals{SIGINT, SIGTERM, SIGHUP};
+constexpr std::array kWriteSignals{SIGXFSZ, SIGPIPE};
 constexpr std::array kCrashSignals{SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT};
 
 // What the handlers read: signal handlers may touch nothing that needs a lock.
@@ -23,7 +24,7 @@ std::array<char, PATH_MAX> doomedFile{};
 std::atomic<bool> isDoomed{false};
 
 std::array<struct sigaction, kEndSignals.size()> formerEnd;
-struct sigaction formerSizeLimit {};
+std::array<struct sigaction, kWriteSignals.size()> formerWrite;
 
 void removeDoomedFile() {
     if (isDoomed.exchange(false))
@@ -71,12 +72,14 @@ Interrupt::Interrupt() {
     struct sigaction ignored {};
     ignored.sa_handler = SIG_IGN;
     sigemptyset(&ignored.sa_mask);
-    sigaction(SIGXFSZ, &ignored, &formerSizeLimit);
+    for (std::size_t i = 0; i < kWriteSignals.size(); ++i)
+        sigaction(kWriteSignals[i], &ignored, &formerWrite[i]);
 }
 
 Interrupt::~Interrupt() {
     removeAtEnd({});
-    sigaction(SIGXFSZ, &formerSizeLimit, nullptr);
+    for (std::size_t i = 0; i < kWriteSignals.size(); ++i)
+        sigaction(kWriteSignals[i], &formerWrite[i], nullptr);
     for (std::size_t i = 0; i < kEndSignals.size(); ++i)
         sigaction(kEndSignals[i], &formerEnd[i], nullptr);
     for (const int number : kCrashSignals) {

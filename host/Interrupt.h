@@ -9,7 +9,8 @@ namespace pedl {
 /// While an object lives, the first SIGINT, SIGTERM or SIGHUP only sets `signalNumber()`. The
 /// second one, and a crash (of a plug-in, mostly), remove the file named by `removeAtEnd` and end
 /// the process. A handler that somebody else installed for a crash is left alone. A file that hits
-/// the process's size limit is meanwhile an error of the write, not the end.
+/// the process's size limit, a pipe without a reader and an X server that has gone are meanwhile
+/// errors of the write, not the end.
 ///
 /// Thread: made and ended by one; the signals come in any thread of the process, the plug-in's too.
 /// One object at a time: handlers are the whole process's, and as they were when it has gone.

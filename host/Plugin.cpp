@@ -296,15 +296,22 @@ bool Plugin::processesDouble() const {
            effect_->processDoubleReplacing != nullptr;
 }
 
+Done Plugin::processesFiles() const {
+    if (effect_->numInputs > 0 && effect_->numOutputs > 0)
+        return done();
+    return Problem{std::string("has no audio ") + (effect_->numInputs == 0 ? "input" : "output") +
+                   ", so it cannot process a file"};
+}
+
 void Plugin::process(const float* const* inputs, float* const* outputs, VstInt32 frames) {
-    const HostServices::Active active(services_);
+    const HostServices::Active active(services_, HostServices::Purpose::Audio);
     effect_->processReplacing(effect_, const_cast<float**>(inputs), const_cast<float**>(outputs),
                               frames);
     services_.advance(frames);
 }
 
 void Plugin::process(const double* const* inputs, double* const* outputs, VstInt32 frames) {
-    const HostServices::Active active(services_);
+    const HostServices::Active active(services_, HostServices::Purpose::Audio);
     effect_->processDoubleReplacing(effect_, const_cast<double**>(inputs),
                                     const_cast<double**>(outputs), frames);
     services_.advance(frames);

@@ -99,6 +99,8 @@ public:
     void suspend();
     [[nodiscard]] bool isRunning() const { return isRunning_; }
     [[nodiscard]] bool processesDouble() const;
+    /// Whether audio of a file can go through it, or what it lacks for that.
+    [[nodiscard]] Done processesFiles() const;
 
     /// One block, and the song moves on by it.
     /// @param inputs, outputs  as many pointers as the record has pins, `frames` samples each

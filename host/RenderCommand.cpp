@@ -3,7 +3,6 @@
 #include "host/Interrupt.h"
 #include "host/ProgressBar.h"
 #include "host/Selection.h"
-#include "host/StoredFiles.h"
 
 #include <cmath>
 #include <system_error>
@@ -29,7 +28,8 @@ Done checkOutput(const RenderRequest& request) {
     for (const std::string& text : request.automations)
         if (isSameFile(text.substr(text.find('=') + 1), request.out))
             return Problem{out + ": is a curve that the render reads"};
-    for (const auto& file : {request.bank, request.preset, request.midiSettings, request.midi})
+    const StartingState& start = request.start;
+    for (const auto& file : {start.bank, start.preset, start.midiSettings, request.midi})
         if (file && isSameFile(*file, request.out))
             return Problem{out + ": is a file that the render reads"};
     return AudioWriter::checkName(request.out);
@@ -37,53 +37,10 @@ Done checkOutput(const RenderRequest& request) {
 
 Done checkPlugin(const Plugin& plugin, const RenderRequest& request) {
     const std::string name = request.plugin.string();
-    if (plugin.record().numInputs == 0 || plugin.record().numOutputs == 0)
-        return Problem{name + ": has no audio " +
-                       (plugin.record().numInputs == 0 ? "input" : "output") +
-                       ", so it cannot process a file"};
+    if (const Done able = plugin.processesFiles(); !able.ok())
+        return able.problem().of(name);
     if (request.precision == Precision::Double && !plugin.processesDouble())
         return Problem{name + ": processes 32-bit audio only; leave --double out"};
-    return done();
-}
-
-/// The file that is named for this kind, if any, into the plug-in.
-Done loadStored(Plugin& plugin, DocumentKind kind, const std::optional<std::filesystem::path>& path,
-                std::vector<std::string>& warnings) {
-    if (!path)
-        return done();
-    const Result<std::vector<std::string>> loaded = loadStoredFile(plugin, kind, *path);
-    if (!loaded.ok())
-        return loaded.problem().of(storedFileOption(kind));
-    warnings.insert(warnings.end(), loaded.value().begin(), loaded.value().end());
-    return done();
-}
-
-/// Bank, program and links, from files and by name.
-Result<std::vector<std::string>> applyFiles(Plugin& plugin, const RenderRequest& request) {
-    std::vector<std::string> warnings;
-    Done loaded = loadStored(plugin, DocumentKind::Bank, request.bank, warnings);
-    if (loaded.ok() && request.program)
-        if (const Done selected = selectProgram(plugin, *request.program); !selected.ok())
-            loaded = selected.problem().of("--program");
-    if (loaded.ok())
-        loaded = loadStored(plugin, DocumentKind::Program, request.preset, warnings);
-    if (loaded.ok())
-        loaded = loadStored(plugin, DocumentKind::MidiSettings, request.midiSettings, warnings);
-    if (!loaded.ok())
-        return loaded.problem();
-    return warnings;
-}
-
-Done applySettings(Plugin& plugin, const RenderRequest& request) {
-    for (const std::string& text : request.settings) {
-        const Result<Setting> setting = findSetting(plugin, text);
-        if (!setting.ok())
-            return setting.problem().of("--set");
-        plugin.setParameter(setting.value().index, setting.value().normalised);
-    }
-    for (const std::string& text : request.links)
-        if (const Done linked = linkController(plugin, text); !linked.ok())
-            return linked.problem().of("--link");
     return done();
 }
 
@@ -134,11 +91,9 @@ Result<RenderReport> render(const RenderRequest& request) {
     plugin.call(effSetProcessPrecision, 0,
                 request.precision == Precision::Double ? kVstProcessPrecision64
                                                        : kVstProcessPrecision32);
-    Result<std::vector<std::string>> warnings = applyFiles(plugin, request);
+    Result<std::vector<std::string>> warnings = applyStartingState(plugin, request.start);
     if (!warnings.ok())
         return warnings.problem();
-    if (const Done applied = applySettings(plugin, request); !applied.ok())
-        return applied.problem();
     Result<std::vector<Automation>> curves = loadCurves(plugin, request);
     if (!curves.ok())
         return curves.problem();

@@ -2,6 +2,7 @@
 
 #include "foundation/text/Result.h"
 #include "host/Renderer.h"
+#include "host/StartingState.h"
 
 #include <filesystem>
 #include <optional>
@@ -15,12 +16,7 @@ struct RenderRequest {
     std::filesystem::path in;
     std::filesystem::path out;
     std::filesystem::path plugin;
-    std::optional<std::filesystem::path> bank;
-    std::optional<std::string> program; // name or slot
-    std::optional<std::filesystem::path> preset;
-    std::optional<std::filesystem::path> midiSettings;
-    std::vector<std::string> settings;    // "parameter=value"
-    std::vector<std::string> links;       // "parameter=controller"
+    StartingState start;
     std::vector<std::string> automations; // "parameter=curve.csv"
     std::optional<std::filesystem::path> midi;
     double tempoBpm = 120.0; // until the MIDI file's first tempo
@@ -31,8 +27,7 @@ struct RenderRequest {
 
 /// Renders one file. Everything that can be found wrong beforehand is, before OUT is touched.
 ///
-/// The plug-in gets the bank, the choice of a program, the program and the MIDI links of files,
-/// then the settings and the links in their order, then the audio with curves and MIDI.
+/// The plug-in gets its starting state, then the audio with curves and MIDI.
 Result<RenderReport> render(const RenderRequest& request);
 
 } // namespace pedl

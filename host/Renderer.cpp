@@ -1,5 +1,6 @@
 #include "host/Renderer.h"
 
+#include "host/Channels.h"
 #include "host/Interrupt.h"
 
 #include <algorithm>
@@ -8,65 +9,12 @@
 
 namespace pedl {
 
-/// The buffers of one block, one channel after the other, and the pointers plug-ins take.
-template <typename Sample> class Channels {
-public:
-    Channels(int count, VstInt32 frames)
-        : samples_(static_cast<std::size_t>(count) * static_cast<std::size_t>(frames)) {
-        for (int channel = 0; channel < count; ++channel)
-            pointers_.push_back(samples_.data() + static_cast<std::ptrdiff_t>(channel) * frames);
-        pointers_.push_back(nullptr); // never an empty list, even without channels
-        shifted_ = pointers_;
-    }
-
-    /// To the samples of all channels from `frame` on; good until the next call.
-    Sample* const* from(VstInt32 frame) const {
-        for (int channel = 0; channel < count(); ++channel)
-            shifted_[static_cast<std::size_t>(channel)] = (*this)[channel] + frame;
-        return shifted_.data();
-    }
-    Sample* operator[](int channel) const { return pointers_[static_cast<std::size_t>(channel)]; }
-    int count() const { return static_cast<int>(pointers_.size()) - 1; }
-
-private:
-    std::vector<Sample> samples_;
-    std::vector<Sample*> pointers_;
-    mutable std::vector<Sample*> shifted_;
-};
-
 namespace {
 
 using SteadyClock = std::chrono::steady_clock;
 
 double secondsSince(SteadyClock::time_point start) {
     return std::chrono::duration<double>(SteadyClock::now() - start).count();
-}
-
-/// Spreads interleaved frames over the plug-in's inputs; further inputs keep their silence.
-template <typename Sample>
-void fillInputs(const std::vector<Sample>& interleaved, int channels, VstInt32 frames,
-                const Channels<Sample>& inputs) {
-    for (VstInt32 frame = 0; frame < frames; ++frame) {
-        const Sample* const in = interleaved.data() + static_cast<std::ptrdiff_t>(frame) * channels;
-        const Sample left = in[0];
-        const Sample right = in[channels - 1];
-        if (inputs.count() == 1) {
-            inputs[0][frame] = (left + right) / 2;
-        } else {
-            inputs[0][frame] = left;
-            inputs[1][frame] = right;
-        }
-    }
-}
-
-template <typename Sample>
-void interleave(const Channels<Sample>& outputs, VstInt32 frames, std::vector<Sample>& stereo) {
-    const Sample* const left = outputs[0];
-    const Sample* const right = outputs[outputs.count() > 1 ? 1 : 0];
-    for (VstInt32 frame = 0; frame < frames; ++frame) {
-        stereo[2 * static_cast<std::size_t>(frame)] = left[frame];
-        stereo[2 * static_cast<std::size_t>(frame) + 1] = right[frame];
-    }
 }
 
 template <typename Sample>
@@ -132,11 +80,11 @@ template <typename Sample> Result<RenderReport> Renderer::runAs() {
         if (frames == 0)
             break;
 
-        fillInputs(fromFile, channels, frames, inputs);
+        fillInputs<Sample>(fromFile.data(), channels, frames, inputs);
         const SteadyClock::time_point entered = SteadyClock::now();
         process(inputs, outputs, frames);
         report.pluginSeconds += secondsSince(entered);
-        interleave(outputs, frames, toFile);
+        interleave(outputs, frames, toFile.data());
 
         measure(toFile, frames, writer_.cutsAtFullScale(), report);
         if (const Done written = writer_.write(toFile.data(), frames); !written.ok())

@@ -1,16 +1,13 @@
 // The command: reads what the user wants, calls the host library, writes what came of it.
 
-#include "host/CommandLine.h"
+#include "host/CommandRequests.h"
 #include "host/FileCommands.h"
 #include "host/Interrupt.h"
 #include "host/Listings.h"
 #include "host/Messages.h"
-#include "host/PluginLocator.h"
-#include "host/RenderCommand.h"
 #include "host/Selection.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <string>
@@ -23,36 +20,9 @@ using namespace pedl;
 
 constexpr int kFailed = 1;
 
-struct Range {
-    double lowest;
-    double highest;
-    const char* meaning;
-};
-constexpr Range kTempoRange{1.0, 999.0, "beats per minute"};
-constexpr Range kBlockRange{1.0, 65536.0, "whole frames"};
-constexpr Range kTailRange{0.0, 3600.0, "seconds"};
-
 int fail(const std::string& text, int status = kFailed) {
     std::fprintf(messages(), "zmt-pedlfilter: %s\n", text.c_str());
     return status;
-}
-
-Result<double> numberWithin(const std::string& option, const std::string& text, Range range) {
-    double number = 0.0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    const bool isNumber = error == std::errc{} && end == text.data() + text.size();
-    if (isNumber && number >= range.lowest && number <= range.highest)
-        return number;
-    std::array<char, 128> expected{};
-    std::snprintf(expected.data(), expected.size(), "from %g to %.0f %s", range.lowest,
-                  range.highest, range.meaning);
-    return Problem{option + ": \"" + text + "\" is not a number " + expected.data()};
-}
-
-Result<std::filesystem::path> pluginFor(const CommandLine& line) {
-    if (!line.plugin.empty())
-        return std::filesystem::path(line.plugin);
-    return findPlugin();
 }
 
 /// Writes to standard output; a full disk or a closed pipe there is a failure too.
@@ -96,48 +66,41 @@ int report(const CommandLine& line, const RenderReport& done) {
     return print(line.out + figures.data());
 }
 
+/// With the signal's status where one ended the command.
+int failOf(const Problem& problem) {
+    const int signal = Interrupt::signalNumber();
+    return fail(problem.text, signal != 0 ? 128 + signal : kFailed);
+}
+
 int runRender(const CommandLine& line) {
-    RenderRequest request;
-    request.in = line.in;
-    request.out = line.out;
-    request.settings = line.settings;
-    request.links = line.links;
-    request.automations = line.automations;
-    request.precision = line.isDouble ? Precision::Double : Precision::Float;
-    const auto give = [](const std::string& text, auto& wanted) {
-        if (!text.empty())
-            wanted = text;
-    };
-    give(line.bank, request.bank);
-    give(line.program, request.program);
-    give(line.preset, request.preset);
-    give(line.midiSettings, request.midiSettings);
-    give(line.midi, request.midi);
-
-    const Result<double> tempo = numberWithin("--tempo", line.tempo, kTempoRange);
-    const Result<double> tail = numberWithin("--tail", line.tail, kTailRange);
-    Result<double> block = numberWithin("--block", line.block, kBlockRange);
-    if (block.ok() && block.value() != std::floor(block.value()))
-        block = Problem{"--block: \"" + line.block + "\" is not a whole number of frames"};
-    for (const Result<double>* number : {&tempo, &tail, static_cast<const Result<double>*>(&block)})
-        if (!number->ok())
-            return fail(number->problem().text, kWrongUse);
-    request.tempoBpm = tempo.value();
-    request.tailSeconds = tail.value();
-    request.blockFrames = static_cast<VstInt32>(block.value());
-
+    Result<RenderRequest> request = renderRequest(line);
+    if (!request.ok())
+        return fail(request.problem().text, kWrongUse);
     const Result<std::filesystem::path> plugin = pluginFor(line);
     if (!plugin.ok())
         return fail(plugin.problem().text);
-    request.plugin = plugin.value();
-
+    request.value().plugin = plugin.value();
     const PluginSilence silence(line.isVerbose);
-    const Result<RenderReport> rendered = render(request);
-    if (!rendered.ok()) {
-        const int signal = Interrupt::signalNumber();
-        return fail(rendered.problem().text, signal != 0 ? 128 + signal : kFailed);
-    }
-    return report(line, rendered.value());
+    const Result<RenderReport> rendered = render(request.value());
+    return rendered.ok() ? report(line, rendered.value()) : failOf(rendered.problem());
+}
+
+int runShow(const CommandLine& line) {
+    Result<ShowRequest> request = showRequest(line);
+    if (!request.ok())
+        return fail(request.problem().text, kWrongUse);
+    const Result<std::filesystem::path> plugin = pluginFor(line);
+    if (!plugin.ok())
+        return fail(plugin.problem().text);
+    request.value().plugin = plugin.value();
+    const PluginSilence silence(line.isVerbose);
+    const Result<ShowReport> shown = show(request.value());
+    if (!shown.ok())
+        return failOf(shown.problem());
+    if (line.screenshot.empty())
+        return 0;
+    return print(line.screenshot + ": " + std::to_string(shown.value().widthPixels) + " x " +
+                 std::to_string(shown.value().heightPixels) + " pixels\n");
 }
 
 constexpr std::size_t kMostWarnings = 20;
@@ -214,6 +177,8 @@ int run(const CommandLine& line) {
     switch (line.action) {
     case Action::Render:
         return runRender(line);
+    case Action::Show:
+        return runShow(line);
     case Action::Convert:
         return runConvert(line);
     case Action::Diff:

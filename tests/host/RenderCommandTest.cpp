@@ -31,7 +31,7 @@ protected:
     }
 
     Samples rendered(std::vector<std::string> settings = {}) {
-        request.settings = std::move(settings);
+        request.start.settings = std::move(settings);
         report = valueOf(render(request));
         return readSound(request.out).samples;
     }
@@ -158,7 +158,7 @@ protected:
         chunk.links.linkValue[kFilterReso] = linkValueOf(74);
         for (const DocumentKind kind : kDocumentKinds)
             writeText(folder / kindEnding(kind), textOf(storedForm(as(kind, chunk))));
-        request.program = "0";
+        request.start.program = "0";
     }
 
     const std::string cutoff = std::to_string(kFilterCutoffFreq) + "=0.3";
@@ -166,7 +166,7 @@ protected:
 };
 
 TEST_F(RenderOfOurs, AControllerMovesItsLinkAtItsFrameWhateverTheBlockSize) {
-    request.links = {"Filter Cutoff=74"};
+    request.start.links = {"Filter Cutoff=74"};
     useMidi(480,
             tempo(0, 480000) + controller(50, 74, 100) + controller(20, 74, 3)); // 48 frames a tick
     request.blockFrames = 1;
@@ -175,7 +175,7 @@ TEST_F(RenderOfOurs, AControllerMovesItsLinkAtItsFrameWhateverTheBlockSize) {
         request.blockFrames = block;
         EXPECT_EQ(rendered(), moved) << block;
     }
-    request.links.clear();
+    request.start.links.clear();
     const Samples unmoved = rendered();
     const auto first = std::ranges::mismatch(moved, unmoved).in1 - moved.begin();
     EXPECT_GE(first, 2 * 50 * 48);
@@ -187,22 +187,22 @@ TEST_F(RenderOfOurs, AFileSoundsLikeItsValuesAndItsLinksSetByHand) {
     const Samples plain = rendered();
     const Samples byHand = rendered({cutoff});
     const Samples both = rendered({cutoff, resonance});
-    request.links = {std::to_string(kFilterReso) + "=74"};
+    request.start.links = {std::to_string(kFilterReso) + "=74"};
     const Samples moved = rendered();
     ASSERT_TRUE(byHand != plain && moved != plain);
-    request.links.clear();
-    request.midiSettings = folder / ".zmm";
+    request.start.links.clear();
+    request.start.midiSettings = folder / ".zmm";
     EXPECT_EQ(rendered(), moved);
-    request.midiSettings.reset();
-    request.bank = folder / ".chunk";
+    request.start.midiSettings.reset();
+    request.start.bank = folder / ".chunk";
     EXPECT_EQ(rendered(), moved) << "a chunk brings its links";
-    request.bank = folder / ".zmb";
+    request.start.bank = folder / ".zmb";
     EXPECT_EQ(rendered(), plain);
-    request.preset = folder / ".zmt";
+    request.start.preset = folder / ".zmt";
     EXPECT_EQ(rendered(), byHand) << "the program comes after its slot";
     EXPECT_EQ(rendered({resonance}), both);
-    request.preset.reset();
-    request.program.reset();
+    request.start.preset.reset();
+    request.start.program.reset();
     EXPECT_EQ(rendered(), byHand) << "the bank's own current program";
 }
 

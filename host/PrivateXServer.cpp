@@ -1,4 +1,4 @@
-#include "tests/foundation/vstgui/x11/XServer.h"
+#include "host/PrivateXServer.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -6,14 +6,15 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace VSTGUI {
+namespace pedl {
 
 namespace {
 
 constexpr int kDisplayDescriptor = 3;
 
 [[noreturn]] void becomeXvfb(int displayPipe, const std::vector<std::string>& options) {
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
+    setpgid(0, 0); // Ctrl-C ends the program alone, which has windows to close first
     dup2(displayPipe, kDisplayDescriptor);
     std::vector<std::string> words{"Xvfb",      "-displayfd", std::to_string(kDisplayDescriptor),
                                    "-screen",   "0",          "1280x800x24",
@@ -40,7 +41,7 @@ std::string readLine(int descriptor) {
 
 } // namespace
 
-std::unique_ptr<XServer> XServer::start(const std::vector<std::string>& options) {
+std::unique_ptr<PrivateXServer> PrivateXServer::start(const std::vector<std::string>& options) {
     int ends[2];
     if (pipe(ends) != 0)
         return nullptr;
@@ -50,27 +51,29 @@ std::unique_ptr<XServer> XServer::start(const std::vector<std::string>& options)
     close(ends[1]);
     const std::string number = readLine(ends[0]);
     close(ends[0]);
-    std::unique_ptr<XServer> server(new XServer(process, ":" + number));
+    std::unique_ptr<PrivateXServer> server(new PrivateXServer(process, ":" + number));
     return number.empty() ? nullptr : std::move(server);
 }
 
-void XServer::use() const {
+void PrivateXServer::use() const {
     setenv("DISPLAY", display_.c_str(), 1);
 }
 
-void XServer::kill() {
+void PrivateXServer::kill() {
+    end(SIGKILL);
+}
+
+/// A server that ends by itself takes its lock and its socket along.
+PrivateXServer::~PrivateXServer() {
+    end(SIGTERM);
+}
+
+void PrivateXServer::end(int signal) {
     if (process_ <= 0)
         return;
-    ::kill(process_, SIGKILL);
+    ::kill(process_, signal);
     waitpid(process_, nullptr, 0);
     process_ = -1;
 }
 
-XServer* sharedXServer() {
-    static const std::unique_ptr<XServer> server = XServer::start();
-    if (server)
-        server->use();
-    return server.get();
-}
-
-} // namespace VSTGUI
+} // namespace pedl
