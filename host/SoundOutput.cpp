@@ -3,7 +3,7 @@
 #include <RtAudio.h>
 
 #include <array>
-#include <chrono>
+#include <utility>
 #include <vector>
 
 namespace pedl {
@@ -17,13 +17,6 @@ struct Api {
 constexpr std::array<Api, 3> kApis{{{RtAudio::UNIX_JACK, "JACK"},
                                     {RtAudio::LINUX_PULSE, "PulseAudio"},
                                     {RtAudio::LINUX_ALSA, "ALSA"}}};
-
-int onFramesWanted(void* stereo, void* /*recorded*/, unsigned int frames, double /*seconds*/,
-                   RtAudioStreamStatus /*status*/, void* source) {
-    (*static_cast<SoundOutput::Source*>(source))(static_cast<float*>(stereo),
-                                                 static_cast<VstInt32>(frames));
-    return 0;
-}
 
 } // namespace
 
@@ -42,6 +35,15 @@ SoundOutput::SoundOutput(int sampleRateHz, VstInt32 blockFrames, Source source)
 SoundOutput::~SoundOutput() = default; // where the device's class is known
 
 bool SoundOutput::openDevice(int api) {
+    constexpr unsigned int kBuffers = 4; // PulseAudio would take two seconds in advance
+    const RtAudioCallback onFramesWanted = [](void* stereo, void* /*recorded*/, unsigned int frames,
+                                              double /*seconds*/, RtAudioStreamStatus /*status*/,
+                                              void* self) {
+        auto& output = *static_cast<SoundOutput*>(self);
+        output.source_(static_cast<float*>(stereo), static_cast<VstInt32>(frames));
+        output.askedFrames_.set(output.askedFrames_.get() + frames);
+        return 0;
+    };
     try {
         auto device = std::make_unique<RtAudio>(static_cast<RtAudio::Api>(api));
         if (device->getCurrentApi() != api || device->getDeviceCount() == 0)
@@ -52,14 +54,16 @@ bool SoundOutput::openDevice(int api) {
         stereo.nChannels = 2;
         RtAudio::StreamOptions options;
         options.streamName = "zmt-pedlfilter";
+        options.numberOfBuffers = kBuffers;
         auto frames = static_cast<unsigned int>(blockFrames_);
         device->openStream(&stereo, nullptr, RTAUDIO_FLOAT32,
-                           static_cast<unsigned int>(sampleRateHz_), &frames, onFramesWanted,
-                           &source_, &options);
+                           static_cast<unsigned int>(sampleRateHz_), &frames, onFramesWanted, this,
+                           &options);
         // ALSA may give a rate nearby, which would be another pitch.
         if (device->getStreamSampleRate() != static_cast<unsigned int>(sampleRateHz_))
             return false;
         device->startStream();
+        seenAt_ = Clock::now();
         device_ = std::move(device);
         return true;
     } catch (const RtAudioError&) {
@@ -68,7 +72,7 @@ bool SoundOutput::openDevice(int api) {
 }
 
 bool SoundOutput::survive() {
-    if (!device_ || device_->isStreamRunning())
+    if (!device_ || (device_->isStreamRunning() && !hasLostPace()))
         return false;
     device_.reset();
     description_ = "silently: the sound device has gone";
@@ -76,10 +80,23 @@ bool SoundOutput::survive() {
     return true;
 }
 
+/// Some backends do not notice: they ask for nothing more, or as fast as they can.
+bool SoundOutput::hasLostPace() {
+    constexpr std::chrono::seconds kWhile{2};
+    constexpr double kMostTimesRealTime = 4.0;
+    const Clock::duration gone = Clock::now() - seenAt_;
+    if (gone < kWhile)
+        return false;
+    const std::int64_t frames = askedFrames_.get() - std::exchange(seenFrames_, askedFrames_.get());
+    seenAt_ += gone;
+    const double due = std::chrono::duration<double>(gone).count() * sampleRateHz_;
+    return frames == 0 || static_cast<double>(frames) > kMostTimesRealTime * due;
+}
+
 void SoundOutput::beSilent() {
     clock_ = std::jthread([this](const std::stop_token& end) {
         std::vector<float> unheard(2 * static_cast<std::size_t>(blockFrames_));
-        const auto start = std::chrono::steady_clock::now();
+        const auto start = Clock::now();
         // Reckoned from the start, so that no rounding makes it drift.
         for (std::int64_t frames = 0; !end.stop_requested(); frames += blockFrames_) {
             source_(unheard.data(), blockFrames_);
