@@ -37,7 +37,8 @@ protected:
     }
 
     /// With our own plug-in, which the command finds by itself; $STUB is another one.
-    Outcome run(const std::string& arguments, const std::string& before = "ulimit -c 0") {
+    Outcome run(const std::string& arguments,
+                const std::string& before = "ulimit -c 0 && unset DISPLAY") {
         return runInShell(folder_, "STUB='" PEDL_STUB_PLUGIN "' && " + before +
                                        " && exec '" PEDL_COMMAND "' " + arguments);
     }
@@ -103,6 +104,11 @@ TEST_F(CommandTest, WhatCannotBeDoneIsOneClearLineAndLeavesEverythingAsItWas) {
         Row{1, "convert a.zmb gone/x.zmb", "gone/x.zmb: cannot be written: No such file"},
         Row{1, "convert a.zmb kept.zmb --program 140", "there is no program 140"},
         Row{1, "convert a.zmt kept.zmb --program 0", "a.zmt: holds a program: only banks"},
+        Row{1, "show", "DISPLAY is not set"},
+        Row{1, "show --screenshot gone/x.png --plugin gone.so", "gone.so: no such plug-in file"},
+        Row{1, "show --play words", "--play: words: is not audio"},
+        Row{2, "show --scale 5", "--scale: \"5\" is not a number from 0.5 to 4"},
+        Row{2, "show --seconds=-1", "--seconds: \"-1\""},
         Row{2, "diff a.zmb gone.zmb", "gone.zmb: No such file"},
         Row{2, "diff a.zmb a.zmm", "nothing to compare"},
     }) {
@@ -148,7 +154,7 @@ TEST_F(CommandTest, WhatThePlugInTellsIsShown) {
     EXPECT_TRUE(
         rendered.out.starts_with("out.wav: 0.10 s at 48000 Hz, peak -12.0 dBFS, rendered in"))
         << rendered.out << rendered.error;
-    EXPECT_EQ(run("info --plugin $STUB --verbose").error, "stub: made\n");
+    EXPECT_EQ(run("info --plugin $STUB --verbose").error, "stub: made\nstub: gone\n");
     EXPECT_EQ(run("programs --plugin $STUB").out, "slot  name\n   0  Soft\n   1  Loud\n");
     EXPECT_NE(run("params --program Loud --plugin $STUB")
                   .out.find("\n    0  Gain               1.0000  100.0 %\n"),

@@ -1,6 +1,8 @@
 // A small plug-in whose every output can be worked out by hand; built as a library for the tests.
-// The variable STUB_FAULT makes it none.
+// The variable STUB_FAULT makes it none. With STUB_EDITOR it has an editor, which raises the signal
+// of that number after a while, if it is one.
 
+#include "foundation/vst24/AEffEditor.h"
 #include "foundation/vst24/AudioEffectX.h"
 
 #include <cmath>
@@ -15,6 +17,48 @@ namespace {
 
 enum Parameter : VstInt32 { kGain, kSignal, kOutput, kNumParameters };
 
+/// How the effect was processed so far.
+struct Processed {
+    int frames = 0, starts = 0;
+    VstInt32 level = 0;
+};
+
+/// Draws nothing; asks for another size once it is open and tells in the end what it has seen.
+class StubEditor : public AEffEditor {
+public:
+    StubEditor(AudioEffectX* owner, const Processed& processed, int signal)
+        : AEffEditor(owner), processed_(processed), signal_(signal) {}
+
+    bool getRect(ERect** rect) override {
+        *rect = &rect_;
+        return true;
+    }
+    bool open(void* parent) override {
+        AEffEditor::open(parent);
+        return true;
+    }
+    void idle() override {
+        if (++turns_ == 3)
+            static_cast<AudioEffectX*>(effect)->sizeWindow(300, 200);
+        if (turns_ == 10 && signal_ != 0)
+            std::raise(signal_);
+    }
+    void close() override {
+        std::fprintf(stderr, "editor: %d turns at level %d, %d frames at level %d in %d loops\n",
+                     turns_, static_cast<int>(level()), processed_.frames,
+                     static_cast<int>(processed_.level), processed_.starts);
+        AEffEditor::close();
+    }
+
+private:
+    VstInt32 level() { return static_cast<AudioEffectX*>(effect)->getCurrentProcessLevel(); }
+
+    const Processed& processed_;
+    const int signal_;
+    ERect rect_{0, 0, 100, 200};
+    int turns_ = 0;
+};
+
 class StubEffect : public AudioEffectX {
 public:
     explicit StubEffect(audioMasterCallback host) : AudioEffectX(host, 2, kNumParameters) {
@@ -23,7 +67,10 @@ public:
         setUniqueID(CCONST('S', 't', 'u', 'b'));
         canDoubleReplacing();
         askFromTheEntry();
+        if (const char* const signal = std::getenv("STUB_EDITOR"))
+            setEditor(new StubEditor(this, processed_, std::atoi(signal)));
     }
+    ~StubEffect() override { std::fputs("stub: gone\n", stderr); }
 
     void setParameter(VstInt32 index, float value) override { at(index) = value; }
     float getParameter(VstInt32 index) override { return at(index); }
@@ -80,6 +127,9 @@ private:
         if (++blocks_ == 3 && at(kSignal) > 0.0F)
             std::raise(static_cast<int>(std::lround(at(kSignal) * 64.0F)));
         const VstTimeInfo& time = *getTimeInfo(kVstTempoValid);
+        processed_.frames += frames;
+        processed_.starts += (time.flags & kVstTransportChanged) != 0 ? 1 : 0;
+        processed_.level = getCurrentProcessLevel();
         for (VstInt32 frame = 0; frame < frames; ++frame) {
             out[0][frame] = in[0][frame] * static_cast<Sample>(at(kGain));
             out[1][frame] = in[1][frame] * static_cast<Sample>(at(kGain));
@@ -95,6 +145,7 @@ private:
     float values_[kNumParameters]{0.5F};
     char entryAnswers_[24]{};
     int blocks_ = 0;
+    Processed processed_;
 };
 
 } // namespace
