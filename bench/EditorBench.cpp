@@ -41,8 +41,7 @@ double residentMegabytes() {
 /// An effect and its editor.
 class Instance {
 public:
-    explicit Instance(int64_t scale)
-        : editor_(&effect_, {nullptr, "", static_cast<double>(scale)}) {
+    explicit Instance(int64_t scale) : scale_(static_cast<double>(scale)) {
         effect_.setSampleRate(48000.0F);
         effect_.resume();
         effect_.setParameter(kDryDefeat, 1.0F);
@@ -51,9 +50,11 @@ public:
 
     /// To the first complete picture.
     bool open(void* window) {
-        const bool isOpen = editor_.open(window);
+        if (!editor_.open(window))
+            return false;
+        frame().setScaleFactor(scale_);
         editor_.idle();
-        return isOpen;
+        return true;
     }
     void close() { editor_.close(); }
     void idle() { editor_.idle(); }
@@ -74,7 +75,8 @@ private:
     NoDiagnostics diagnostics_;
     NoSettings settings_;
     ZMTpedlFilterEffect effect_{answerHost, {time_, diagnostics_, settings_}};
-    ZMTpedlFilterEditor editor_;
+    ZMTpedlFilterEditor editor_{&effect_};
+    const double scale_;
     std::array<std::array<float, kBlockFrames>, 2> samples_{};
     double blocks_ = 0;
 };

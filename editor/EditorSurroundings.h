@@ -12,8 +12,6 @@ struct EditorSurroundings {
     DocumentOpener* opener = nullptr;
     /// Where the operation manual is when the user has named no other; empty where there is none.
     std::string installedManual;
-    /// Window pixels per pixel of the face.
-    double scale = 1.0;
 };
 
 } // namespace pedl

@@ -4,7 +4,7 @@
 #include "resources/SkinResources.h"
 #include "vstgui/lib/platform/iplatformframe.h"
 
-#include <cmath>
+#include <utility>
 
 namespace pedl {
 
@@ -20,18 +20,14 @@ Counted<CBitmap> loadFace() {
     return counted;
 }
 
-VstInt16 windowPixels(double faceLength, double scale) {
-    return static_cast<VstInt16>(std::lround(faceLength * scale));
-}
-
 } // namespace
 
 ZMTpedlFilterEditor::ZMTpedlFilterEditor(ZMTpedlFilterEffect* owner,
                                          EditorSurroundings surroundings)
     : CPresetSystemEditor(owner, std::move(surroundings)),
       background_(loadFace()), panel_{owner, nullptr, {}} {
-    rect.right = windowPixels(background_->getWidth(), this->surroundings().scale);
-    rect.bottom = windowPixels(background_->getHeight(), this->surroundings().scale);
+    rect.right = static_cast<VstInt16>(background_->getWidth());
+    rect.bottom = static_cast<VstInt16>(background_->getHeight());
 }
 
 ZMTpedlFilterEditor::~ZMTpedlFilterEditor() {
@@ -62,8 +58,6 @@ bool ZMTpedlFilterEditor::open(void* parentWindow) {
 
 bool ZMTpedlFilterEditor::build() {
     panel_.frame = frame;
-    if (surroundings().scale != 1.0)
-        frame->setScaleFactor(surroundings().scale);
     frame->setBackground(background_);
     setKnobMode(kLinearMode);
     const ControlMakings makings{this,        panel_.effect, background_,

@@ -1,10 +1,8 @@
 #include "entry/KeptEditors.h"
 
 #include <atomic>
-#include <cstdlib>
 #include <dlfcn.h>
 #include <string>
-#include <string_view>
 #include <utility>
 
 namespace pedl {
@@ -24,17 +22,10 @@ std::string installedManual() {
     return (slash == std::string::npos ? "." : file.substr(0, slash)) + "/" PEDL_MANUAL_FROM_PLUGIN;
 }
 
-/// Window pixels per pixel of the face: 2 where the user asks for it, else 1. The skin is drawn for
-/// these two.
-double userScale() {
-    const char* const asked = std::getenv("ZMT_PEDLFILTER_SCALE");
-    return asked && std::string_view(asked) == "2" ? 2.0 : 1.0;
-}
-
 } // namespace
 
 KeptEditor::KeptEditor(ZMTpedlFilterEffect& effect)
-    : editor_(&effect, {&opener_, installedManual(), userScale()}) {}
+    : editor_(&effect, {&opener_, installedManual()}) {}
 
 KeptEditor* KeptEditor::make(ZMTpedlFilterEffect& effect) {
     reclaim();

@@ -37,10 +37,11 @@ VstIntPtr VSTCALLBACK answerHost(AEffect* /*effect*/, VstInt32 opcode, VstInt32 
 /// An effect, its open window, and a hand for the mouse.
 class Session {
 public:
-    explicit Session(double scale) : editor_(&effect_, {nullptr, "", scale}) {
+    explicit Session(double scale) {
         effect_.setSampleRate(static_cast<float>(kSampleRateHz));
         effect_.resume();
         editor_.open(this);
+        editor_.getFrame()->setScaleFactor(scale);
         idle(3);
     }
 
@@ -78,7 +79,7 @@ private:
     NoDiagnostics diagnostics_;
     NoSettings settings_;
     ZMTpedlFilterEffect effect_{answerHost, {time_, diagnostics_, settings_}};
-    ZMTpedlFilterEditor editor_;
+    ZMTpedlFilterEditor editor_{&effect_};
     long frame_ = 0;
 };
 
