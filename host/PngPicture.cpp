@@ -1,12 +1,10 @@
 #include "host/PngPicture.h"
 
-#include "host/OutputFile.h"
-
 #include <png.h>
 
 namespace pedl {
 
-Done savePng(const WindowPicture& picture, const std::filesystem::path& path) {
+Done writePng(const WindowPicture& picture, OutputFile& file) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(picture.size.widthPixels);
@@ -16,12 +14,9 @@ Done savePng(const WindowPicture& picture, const std::filesystem::path& path) {
     std::vector<std::uint8_t> encoded(bytes);
     if (png_image_write_to_memory(&image, encoded.data(), &bytes, 0, picture.bytes.data(), 0,
                                   nullptr) == 0)
-        return Problem{path.string() + ": the picture cannot be made: " + image.message};
-    Result<std::unique_ptr<OutputFile>> file = OutputFile::create(path);
-    if (!file.ok())
-        return file.problem();
-    file.value()->write(encoded.data(), bytes);
-    return file.value()->commit();
+        return Problem{std::string("the picture cannot be made: ") + image.message};
+    file.write(encoded.data(), bytes);
+    return file.state();
 }
 
 } // namespace pedl

@@ -2,12 +2,11 @@
 
 #include "foundation/text/Result.h"
 #include "host/EditorWindow.h"
-
-#include <filesystem>
+#include "host/OutputFile.h"
 
 namespace pedl {
 
-/// Saves a picture as PNG: the file is whole or as it was.
-Done savePng(const WindowPicture& picture, const std::filesystem::path& path);
+/// Writes a picture as PNG, the file's whole content.
+Done writePng(const WindowPicture& picture, OutputFile& file);
 
 } // namespace pedl

@@ -1,37 +1,31 @@
 #include "host/RenderCommand.h"
 
 #include "host/Interrupt.h"
+#include "host/OutputCheck.h"
 #include "host/ProgressBar.h"
 #include "host/Selection.h"
 
 #include <cmath>
-#include <system_error>
 
 namespace pedl {
 
 namespace {
 
-/// Whether both names lead to one file, be it through links.
-bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
-    std::error_code error;
-    return std::filesystem::equivalent(a, b, error) && !error;
-}
-
 /// OUT must not be a file that the render reads.
 Done checkOutput(const RenderRequest& request) {
-    const std::string out = request.out.string();
-    if (isSameFile(request.in, request.out))
-        return Problem{out + ": is the same file as " + request.in.string() +
-                       "; a render cannot replace what it reads"};
-    if (isSameFile(request.plugin, request.out))
-        return Problem{out + ": is the plug-in itself"};
-    for (const std::string& text : request.automations)
-        if (isSameFile(text.substr(text.find('=') + 1), request.out))
-            return Problem{out + ": is a curve that the render reads"};
     const StartingState& start = request.start;
-    for (const auto& file : {start.bank, start.preset, start.midiSettings, request.midi})
-        if (file && isSameFile(*file, request.out))
-            return Problem{out + ": is a file that the render reads"};
+    const std::string same =
+        "is the same file as " + request.in.string() + "; a render cannot replace what it reads";
+    std::vector<InputFile> inputs{{request.in, same.c_str()},
+                                  {request.plugin, "is the plug-in itself"},
+                                  {start.bank},
+                                  {start.preset},
+                                  {start.midiSettings},
+                                  {request.midi}};
+    for (const std::string& text : request.automations)
+        inputs.push_back({text.substr(text.find('=') + 1), "is a curve that the render reads"});
+    if (const Done checked = checkIsNone(request.out, inputs); !checked.ok())
+        return checked;
     return AudioWriter::checkName(request.out);
 }
 

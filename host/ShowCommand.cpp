@@ -3,6 +3,7 @@
 #include "host/Interrupt.h"
 #include "host/LivePlayback.h"
 #include "host/Messages.h"
+#include "host/OutputCheck.h"
 #include "host/PngPicture.h"
 #include "host/PrivateXServer.h"
 #include "host/ShownEditor.h"
@@ -144,6 +145,36 @@ Result<std::unique_ptr<Plugin>> loadPlugin(const ShowRequest& request,
     return plugin;
 }
 
+/// Opens the editor, with the sound running where there is one, and shows it until the end.
+Result<std::optional<WindowPicture>> showEditor(Plugin& plugin, std::optional<LoopedSound> sound,
+                                                const ShowRequest& request) {
+    const Result<std::unique_ptr<ShownEditor>> editor = ShownEditor::open(plugin);
+    if (!editor.ok())
+        return editor.problem().of(request.plugin.string());
+    std::unique_ptr<LivePlayback> playback;
+    if (sound) {
+        playback = std::make_unique<LivePlayback>(plugin, std::move(*sound), kBlockFrames);
+        tell("playing " + request.play->string() + " " + playback->description());
+    }
+    return showUntilTheEnd(*editor.value(), playback.get(), request);
+}
+
+/// The file of the picture, which is none of those that are read.
+Result<std::unique_ptr<OutputFile>> pictureFile(const ShowRequest& request) {
+    if (!request.screenshot)
+        return std::unique_ptr<OutputFile>();
+    const StartingState& start = request.start;
+    if (const Done checked =
+            checkIsNone(*request.screenshot, {{request.plugin, "is the plug-in itself"},
+                                              {request.play},
+                                              {start.bank},
+                                              {start.preset},
+                                              {start.midiSettings}});
+        !checked.ok())
+        return checked.problem();
+    return OutputFile::create(*request.screenshot);
+}
+
 } // namespace
 
 Result<ShowReport> show(const ShowRequest& request) {
@@ -157,6 +188,9 @@ Result<ShowReport> show(const ShowRequest& request) {
         sound = std::move(loaded.value());
     }
     const Interrupt interrupt;
+    const Result<std::unique_ptr<OutputFile>> file = pictureFile(request);
+    if (!file.ok())
+        return file.problem();
     // Before the plug-in is loaded, for it may look for the display then.
     const Result<std::unique_ptr<PrivateXServer>> display =
         findDisplay(request.screenshot.has_value());
@@ -165,28 +199,17 @@ Result<ShowReport> show(const ShowRequest& request) {
     const Result<std::unique_ptr<Plugin>> plugin = loadPlugin(request, sound);
     if (!plugin.ok())
         return plugin.problem();
-    std::optional<WindowPicture> picture;
-    {
-        const Result<std::unique_ptr<ShownEditor>> editor = ShownEditor::open(*plugin.value());
-        if (!editor.ok())
-            return editor.problem().of(request.plugin.string());
-        std::unique_ptr<LivePlayback> playback;
-        if (sound) {
-            playback =
-                std::make_unique<LivePlayback>(*plugin.value(), std::move(*sound), kBlockFrames);
-            tell("playing " + request.play->string() + " " + playback->description());
-        }
-        Result<std::optional<WindowPicture>> shown =
-            showUntilTheEnd(*editor.value(), playback.get(), request);
-        if (!shown.ok())
-            return shown.problem();
-        picture = std::move(shown.value());
-    }
-    if (!picture)
+    const Result<std::optional<WindowPicture>> shown =
+        showEditor(*plugin.value(), std::move(sound), request);
+    if (!shown.ok())
+        return shown.problem();
+    if (!shown.value())
         return ShowReport{};
-    if (const Done saved = savePng(*picture, *request.screenshot); !saved.ok())
-        return saved.problem();
-    return ShowReport{picture->size.widthPixels, picture->size.heightPixels};
+    if (const Done written = writePng(*shown.value(), *file.value()); !written.ok())
+        return written.problem();
+    if (const Done committed = file.value()->commit(); !committed.ok())
+        return committed.problem();
+    return ShowReport{shown.value()->size.widthPixels, shown.value()->size.heightPixels};
 }
 
 } // namespace pedl
