@@ -21,8 +21,8 @@ user's defaults as it does in any host.
 
 Exit status:
   0    all went well; for diff, there is no difference
-  1    a file, the plug-in or a value was wrong, with one line on standard error; for diff, there is
-       a difference
+  1    a file, the plug-in, the display or a value was wrong, with one line on standard error; for
+       diff, there is a difference
   2    the command line was wrong; for diff, a file cannot be read or nothing can be compared
   128  and the signal's number: interrupted)";
 

@@ -24,7 +24,7 @@ Done checkOutput(const RenderRequest& request) {
                                   {request.midi}};
     for (const std::string& text : request.automations)
         inputs.push_back({text.substr(text.find('=') + 1), "is a curve that the render reads"});
-    if (const Done checked = checkIsNone(request.out, inputs); !checked.ok())
+    if (Done checked = checkIsNone(request.out, inputs); !checked.ok())
         return checked;
     return AudioWriter::checkName(request.out);
 }
