@@ -4,7 +4,7 @@
 #include "controls/CAnimKnobWithLabel.h"
 #include "controls/ZMTIndicatorLED.h"
 #include "controls/ZMTPedlNotDotCounter.h"
-#include "tests/support/gallery/NumberedStrips.h"
+#include "bench/NumberedStrips.h"
 #include "vstgui/lib/platform/offscreen/offscreenframe.h"
 
 #include <benchmark/benchmark.h>
@@ -13,7 +13,6 @@ namespace pedl::bench {
 namespace {
 
 using namespace VSTGUI;
-using test::numberedStrip;
 
 /// A frame with one control, which is redrawn with a new value.
 class Window : public VSTGUIEditorInterface {

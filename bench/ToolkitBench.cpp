@@ -2,7 +2,7 @@
 // first two without views and through the views of a window. What an idle costs.
 
 #include "bench/HostWindow.h"
-#include "tests/support/gallery/NumberedStrips.h"
+#include "bench/NumberedStrips.h"
 #include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/controls/cknob.h"
@@ -19,7 +19,6 @@
 namespace pedl::bench {
 
 using namespace VSTGUI;
-using test::numberedStrip;
 
 namespace {
 

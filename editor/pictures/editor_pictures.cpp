@@ -4,9 +4,7 @@
 //   FOLDER   gets NAME.png and NAME-2x.png for each state, NAME being editor, editor-busy, ...
 
 #include "editor/ZMTpedlFilterEditor.h"
-#include "foundation/platform/NoDiagnostics.h"
-#include "foundation/platform/NoSettings.h"
-#include "foundation/platform/StandingClock.h"
+#include "editor/pictures/PictureSurroundings.h"
 #include "vstgui/lib/platform/common/pixmansurface.h"
 #include "vstgui/lib/platform/offscreen/manualclock.h"
 #include "vstgui/lib/platform/offscreen/offscreenframe.h"
@@ -24,15 +22,9 @@ namespace {
 using namespace pedl;
 using namespace VSTGUI;
 
-constexpr VstInt32 kVstVersion = 2400;
 constexpr double kSampleRateHz = 48000.0;
 constexpr std::size_t kBlockFrames = 512;
 constexpr TickMs kIdleMs = 20;
-
-VstIntPtr VSTCALLBACK answerHost(AEffect* /*effect*/, VstInt32 opcode, VstInt32 /*index*/,
-                                 VstIntPtr /*value*/, void* /*ptr*/, float /*opt*/) {
-    return opcode == audioMasterVersion ? kVstVersion : 0;
-}
 
 /// An effect, its open window, and a hand for the mouse.
 class Session {
@@ -75,10 +67,8 @@ public:
 
 private:
     ManualClock clock_;
-    StandingClock time_;
-    NoDiagnostics diagnostics_;
-    NoSettings settings_;
-    ZMTpedlFilterEffect effect_{answerHost, {time_, diagnostics_, settings_}};
+    PictureSurroundings surroundings_;
+    ZMTpedlFilterEffect& effect_ = surroundings_.effect;
     ZMTpedlFilterEditor editor_{&effect_};
     long frame_ = 0;
 };

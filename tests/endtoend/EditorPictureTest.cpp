@@ -26,7 +26,7 @@ struct Picture {
 Picture pictured(const std::string& scale) {
     const TemporaryFolder folder;
     const std::string command = "unset DISPLAY && '" PEDL_COMMAND "' show --screenshot it.png"
-                                " --plugin '" PEDL_TOOLKIT_PROBE_PATH "' --scale ";
+                                " --plugin '" PEDL_PLUGIN_PATH "' --scale ";
     const Outcome shown = runInShell(folder, command + scale);
     EXPECT_EQ(shown.status, 0) << shown.error;
     png_image image{};

@@ -141,8 +141,8 @@ protected:
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(
-    , Unload, testing::Values(Guest{PEDL_PLUGIN_PATH, false}, Guest{PEDL_TOOLKIT_PROBE_PATH, true}),
-    [](const auto& guest) { return guest.param.isShown ? "toolkit" : "plugin"; });
+    , Unload, testing::Values(Guest{PEDL_PLUGIN_PATH, false}, Guest{PEDL_PLUGIN_PATH, true}),
+    [](const auto& guest) { return guest.param.isShown ? "shown" : "hidden"; });
 
 TEST_P(Unload, LeavesTheProcessAsItWas) {
     const std::vector<std::string> before = processState();

@@ -1,4 +1,4 @@
-#include "tests/support/gallery/NumberedStrips.h"
+#include "bench/NumberedStrips.h"
 
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/plainmutex.h"
@@ -9,7 +9,7 @@
 #include <memory>
 #include <string>
 
-namespace pedl::test {
+namespace pedl::bench {
 
 using namespace VSTGUI;
 
@@ -66,4 +66,4 @@ CBitmap* numberedStrip(int32_t frames, int32_t width, int32_t frameHeight) {
     return bitmap.get();
 }
 
-} // namespace pedl::test
+} // namespace pedl::bench
