@@ -1,10 +1,10 @@
 // What a control of the editor costs when it is redrawn through the views of a window: the new
 // value, the dirty area, the drawing, without a display.
 
+#include "bench/NumberedStrips.h"
 #include "controls/CAnimKnobWithLabel.h"
 #include "controls/ZMTIndicatorLED.h"
 #include "controls/ZMTPedlNotDotCounter.h"
-#include "bench/NumberedStrips.h"
 #include "vstgui/lib/platform/offscreen/offscreenframe.h"
 
 #include <benchmark/benchmark.h>
