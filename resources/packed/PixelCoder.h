@@ -127,12 +127,15 @@ private:
         return std::clamp(left + up - upLeft, std::min(left, up), std::max(left, up));
     }
 
-    [[nodiscard]] Planes foretell(const Planes& left, const Planes& up,
-                                  const Planes& upLeft) const {
+    /// @param half  what a half is rounded up by, 0 or 1: by turns, or all greys would drift
+    /// towards
+    ///              purple or green as far as their tolerance lets them
+    [[nodiscard]] Planes foretell(const Planes& left, const Planes& up, const Planes& upLeft,
+                                  int half) const {
         const auto continuedAt = [&](Plane plane) {
             return continued(left[plane], up[plane], upLeft[plane]);
         };
-        const auto meanAt = [&](Plane plane) { return (left[plane] + up[plane] + 1) >> 1; };
+        const auto meanAt = [&](Plane plane) { return (left[plane] + up[plane] + half) >> 1; };
         Planes planes;
         planes[kGreen] = continuedAt(kGreen);
         planes[kBlue] = meanAt(kBlue);
@@ -161,7 +164,7 @@ private:
             if constexpr (kHasBasis) {
                 foretold = planesOf(basisRow[x]);
             } else {
-                foretold = foretell(left.planes, up.planes, above_[place - 1].planes);
+                foretold = foretell(left.planes, up.planes, above_[place - 1].planes, (x + y) & 1);
             }
             codePixel(coder, row[x], foretold, left, up, above_[place + 1], current_[place]);
         }

@@ -27,16 +27,19 @@ public:
     Patch(double width, double height, int scale, double centreX, double centreY)
         : perPixel_(scale == 1 ? 4 : 3), pixelsWide_(static_cast<int>(std::lround(width * scale))),
           pixelsHigh_(static_cast<int>(std::lround(height * scale))), density_(scale * perPixel_),
-          centreX_(static_cast<float>(centreX)), centreY_(static_cast<float>(centreY)) {}
+          centreX_(static_cast<float>(centreX * density_)),
+          centreY_(static_cast<float>(centreY * density_)),
+          firstColumn_(static_cast<int>(std::lround(centreX * scale))),
+          firstRow_(static_cast<int>(std::lround(centreY * scale))) {}
 
     /// Samples per logical pixel.
     [[nodiscard]] float density() const { return static_cast<float>(density_); }
 
     [[nodiscard]] float x(int column) const {
-        return (static_cast<float>(column) + 0.5F) / density() - centreX_;
+        return (static_cast<float>(column) + 0.5F - centreX_) / density();
     }
     [[nodiscard]] float y(int row) const {
-        return (static_cast<float>(row) + 0.5F) / density() - centreY_;
+        return (static_cast<float>(row) + 0.5F - centreY_) / density();
     }
 
     /// How much of a sample lies inside, from its distance to the outline (negative inside).
@@ -103,7 +106,7 @@ private:
             return 0;
         const float share = 1.0F / static_cast<float>(perPixel_ * perPixel_);
         return toWord(sum.red * share, sum.green * share, sum.blue * share, alpha * share,
-                      evenNoise(kDither, column, row) - 0.5F);
+                      evenNoise(kDither, column - firstColumn_, row - firstRow_) - 0.5F);
     }
 
     static constexpr std::uint64_t kDither = 7;
@@ -111,8 +114,11 @@ private:
     int pixelsWide_;
     int pixelsHigh_;
     int density_;
-    float centreX_;
+    float centreX_; // in samples
     float centreY_;
+    // The dither counts from the centre: the same part in frames of two sizes is the same picture.
+    int firstColumn_;
+    int firstRow_;
 };
 
 /// Distance to a rectangle round (0, 0) with rounded corners; negative inside.

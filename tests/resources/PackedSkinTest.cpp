@@ -113,6 +113,25 @@ TEST(PackedSkin, ColoursStayWithinTheirToleranceAndTransparencyIsKept) {
         }
 }
 
+TEST(PackedSkin, TolerancesTintNoMetal) {
+    DrawnStrip steel{{1}, 1, 64, 64, 1, {1, 2}, {}};
+    std::minstd_rand grain(3);
+    for (unsigned i = 0; i < 64 * 64; ++i) {
+        const auto green = static_cast<std::uint32_t>(100 + i % 64 + grain() % 3);
+        const auto warmth = static_cast<std::uint32_t>(3 + grain() % 2);
+        steel.pixels.push_back(0xFF000000 | (green + warmth) << 16 | green << 8 | (green - warmth));
+    }
+    const std::vector<std::uint8_t> block = packSkin({steel}, 1);
+    const auto pixels = unpacked(PackedSkin(std::as_bytes(std::span(block))), 1, 1);
+    for (const int shift : {0, 8, 16}) {
+        double sum = 0;
+        for (std::size_t i = 0; i < pixels.size(); ++i)
+            sum += static_cast<int>(pixels[i] >> shift & 0xFF) -
+                   static_cast<int>(steel.pixels[i] >> shift & 0xFF);
+        EXPECT_NEAR(sum / static_cast<double>(pixels.size()), 0, 0.2) << "of the bits " << shift;
+    }
+}
+
 TEST(PackedSkin, WhatLooksTheSameIsStoredOnceWhereverItStands) {
     DrawnStrip moved = knob(2);
     moved.height += 3;
