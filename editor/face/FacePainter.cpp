@@ -203,8 +203,11 @@ void FacePainter::drawDigits(const ControlRow& row) {
         const CPoint corner(row.place.left + kDigitCell * static_cast<double>(cell), row.place.top);
         strip.draw(&context_, CRect(corner, CPoint(kDigitCell, height)), CPoint(0, glyph * height));
     };
+    if (row.kind == ControlKind::DotCounter) // its digits stand on blank cells, but for the last
+        for (std::size_t cell = 0; cell + 1 < glyphs.size(); ++cell)
+            drawGlyph(cell, kBlank);
     for (std::size_t cell = 0; cell < glyphs.size(); ++cell)
-        if (!(row.kind == ControlKind::SyncDisplay && glyphs[cell] == kBlank))
+        if (glyphs[cell] != kBlank)
             drawGlyph(cell, glyphs[cell]);
     if (pointCell >= 0)
         drawGlyph(glyphs.size() - 1 - static_cast<std::size_t>(pointCell), kPoint);

@@ -115,56 +115,70 @@ void drawLit(Canvas& canvas, const Path& path, const GlassLight& light, double h
                 radial({13.5, 16}, 22, {{0, light.hot, hotInside}, {1, light.hot, hotOutside}}));
 }
 
-/// What a strip does to the words under the digits. The face has them on its glass, "Hz" lit and
-/// the others not; a frame leaves that open or covers it.
+/// The words that a strip lights.
 struct Words {
-    const DisplayWord* withPoint = nullptr; // lit by that frame
+    const DisplayWord* withPoint = nullptr;
     const DisplayWord* withSlash = nullptr;
-    bool showHertz = false; // leave it open under the digits
 
     [[nodiscard]] const DisplayWord* litBy(int frame) const {
         return frame == kPoint ? withPoint : frame == kSlash ? withSlash : nullptr;
     }
-
-    /// What the frame's own glass covers.
-    [[nodiscard]] Path cover(int frame) const {
-        const Path digits = rectangle({0, 0, kCellWidth, kWordsFrom});
-        const double height = kDisplay.height - kWordsFrom;
-        const Path words = rectangle({0, kWordsFrom, kCellWidth, height});
-        if (frame == kPoint) // over a digit; the host's word stands where another one would be
-            return withPoint == &kWordHost ? words : Path([](cairo_t*) {});
-        if (frame == kSlash || (frame == kBlank && showHertz))
-            return join({digits, words});
-        return showHertz ? digits : join({digits, rectangle({0, kWordsFrom, kHertzEnd, height})});
-    }
 };
+
+/// What the frame's own glass covers.
+Path ground(int frame, const DisplayWord* lit) {
+    const Path digits = rectangle({0, 0, kCellWidth, kWordsFrom});
+    const Path words = rectangle({0, kWordsFrom, kCellWidth, kDisplay.height - kWordsFrom});
+    if (frame == kSlash) // stands alone, its cell has nothing below it
+        return join({digits, words});
+    if (frame == kPoint) // over a digit; the host's word stands where another one is printed
+        return lit == &kWordHost ? words : Path([](cairo_t*) {});
+    return digits; // the words of the face show below them
+}
 
 Picture digit(const SkinBitmap& size, int frame, int scale, const GlassLight& light,
               const Words& words) {
     Canvas canvas(size.width, size.frameHeight, scale);
     const Rectangle cell{0, 0, kCellWidth, kDisplay.height};
-    canvas.clipped(words.cover(frame), [&] { fillGlass(canvas, cell); });
+    const DisplayWord* const lit = words.litBy(frame);
+    canvas.clipped(ground(frame, lit), [&] { fillGlass(canvas, cell); });
     if (frame <= kBlank)
         drawUnlitCell(canvas, 0, 0);
     if (frame < kBlank)
         drawLit(canvas, segments(kDigits[frame]), light, 0.85, 0.15);
+    if (frame == kBlank)
+        dimWord(canvas, 0, 0, kWordHertz);
     if (frame == kPoint)
         drawLit(canvas, pointPath(), light, 0.6, 0.6);
-    if (frame == kSlash)
+    if (frame == kSlash) {
         drawLit(canvas, slashPath(), light, 0.45, 0.45);
-    if (frame == kSlash && words.withSlash == nullptr)
         drawUnlitWord(canvas, 0, 0, kWordNote);
-    if (const DisplayWord* const word = words.litBy(frame))
-        drawLitWord(canvas, 0, 0, *word, light);
+        drawUnlitWord(canvas, 0, 0, kWordHertz);
+    }
+    if (lit != nullptr)
+        drawLitWord(canvas, 0, 0, *lit, light);
     return canvas.picture();
 }
 
 } // namespace
 
+namespace {
+
+Paint glass(Rectangle box, double alpha) {
+    return vertical(box, {{0, palette::kGlassTop, alpha},
+                          {0.5, palette::kGlass, alpha},
+                          {1, palette::kGlassBottom, alpha}});
+}
+
+Path partOf(double x, double y, const DisplayWord& word) {
+    return rectangle({x + word.partBegin, y + kWordsFrom, word.partEnd - word.partBegin,
+                      kDisplay.height - kWordsFrom});
+}
+
+} // namespace
+
 void fillGlass(Canvas& canvas, Rectangle box) {
-    canvas.fill(rectangle(box), vertical(box, {{0, palette::kGlassTop},
-                                               {0.5, palette::kGlass},
-                                               {1, palette::kGlassBottom}}));
+    canvas.fill(rectangle(box), glass(box, 1));
 }
 
 void drawUnlitCell(Canvas& canvas, double x, double y) {
@@ -172,22 +186,29 @@ void drawUnlitCell(Canvas& canvas, double x, double y) {
     canvas.fill(moved(x, y, pointPath()), palette::kAmberGhost);
 }
 
-void drawUnlitWord(Canvas& canvas, double x, double y, const DisplayWord& word) {
-    write(canvas, word.text, {x + word.left, y + kWordBaseline}, kWordType, palette::kAmberGhost,
-          Align::Left);
-}
-
 void drawLitWord(Canvas& canvas, double x, double y, const DisplayWord& word,
                  const GlassLight& light) {
     const Path letters = lettering(word.text, {x + word.left, y + kWordBaseline}, kWordType,
                                    Align::Left, canvas.scale());
-    canvas.soft(letters, {light.glow, 0.45, 1.2});
-    canvas.fill(letters, mix(light.colour, light.hot, 0.45F));
+    canvas.clipped(partOf(x, y, word), [&] {
+        canvas.soft(letters, {light.glow, 0.6, 1.2});
+        canvas.fill(letters, mix(light.colour, light.hot, 0.75F));
+    });
 }
 
-/// The cut-off shows no point that could light its word: its digits leave the face's own open.
+void dimWord(Canvas& canvas, double x, double y, const DisplayWord& word) {
+    canvas.fill(partOf(x, y, word),
+                glass({x, y, kCellWidth, kDisplay.height}, 1 - unlitWord(canvas.scale())));
+}
+
+void drawUnlitWord(Canvas& canvas, double x, double y, const DisplayWord& word) {
+    drawLitWord(canvas, x, y, word, kAmberLight);
+    dimWord(canvas, x, y, word);
+}
+
+/// The cut-off shows no point that could light its word: it is lit on the face.
 Picture paintCutoffDigits(const SkinBitmap& size, int frame, int scale) {
-    return digit(size, frame, scale, kAmberLight, {nullptr, nullptr, true});
+    return digit(size, frame, scale, kAmberLight, {});
 }
 
 Picture paintRateDigits(const SkinBitmap& size, int frame, int scale) {

@@ -19,10 +19,6 @@ float reflection(float x, float y) {
                      0.03F * smoothStep(8.0F, 0.0F, std::fabs(74.0F - slope)));
 }
 
-/// The unlit "Hz" is on the glass, over whatever lies below: digits that cover the lit one cover an
-/// unlit one as well. A lit one outshines it.
-constexpr double kUnlitWord = 0.085;
-
 Canvas displayGlass(int scale) {
     Canvas canvas(kDisplay.width, kDisplay.height, scale);
     const Patch patch(kDisplay.width, kDisplay.height, scale, 0, 0);
@@ -31,8 +27,6 @@ Canvas displayGlass(int scale) {
         return {softbox, reflection(patch.x(column), patch.y(row))};
     }),
                0, 0);
-    write(canvas, kWordHertz.text, {kWordHertz.cell * kCellWidth + kWordHertz.left, kWordBaseline},
-          kWordType, solid(palette::kAmber, kUnlitWord), Align::Left);
     return canvas;
 }
 

@@ -95,18 +95,15 @@ void drawWindow(Canvas& canvas, Rectangle box, double radius, Draw&& inGlass) {
                                  {1, palette::kLipLight, 0.42}}));
 }
 
-/// What no control draws must look unlit. "Hz" is lit for the cut-off: all others cover it.
+/// What no control draws must look unlit, but for "Hz": see DisplayWords.h.
 void drawDisplayGlass(Canvas& canvas) {
     fillGlass(canvas, kDisplay);
+    const auto cellLeft = [](int cell) { return kDisplay.x + kCellWidth * cell; };
     for (int cell = 0; cell < kCells; ++cell)
-        drawUnlitCell(canvas, kDisplay.x + kCellWidth * cell, kDisplay.y);
-    const auto left = [](const DisplayWord& word) { return kDisplay.x + kCellWidth * word.cell; };
-    // Its bloom ends where other strips' frames can cover it.
-    canvas.clipped(rectangle({left(kWordHertz), kDisplay.y, kHertzEnd, kDisplay.height}), [&] {
-        drawLitWord(canvas, left(kWordHertz), kDisplay.y, kWordHertz, kAmberLight);
-    });
+        drawUnlitCell(canvas, cellLeft(cell), kDisplay.y);
+    drawLitWord(canvas, cellLeft(kWordHertz.cell), kDisplay.y, kWordHertz, kAmberLight);
     for (const DisplayWord* word : {&kWordNote, &kWordTempo})
-        drawUnlitWord(canvas, left(*word), kDisplay.y, *word);
+        drawUnlitWord(canvas, cellLeft(word->cell), kDisplay.y, *word);
 }
 
 void drawDialGlass(Canvas& canvas) {

@@ -54,6 +54,16 @@ private:
     std::vector<std::uint32_t> pixels_;
 };
 
+/// A premultiplied pixel over an opaque one.
+inline std::uint32_t over(std::uint32_t upper, std::uint32_t lower) {
+    std::uint32_t result = 0xFF000000;
+    for (int shift = 0; shift < 24; shift += 8)
+        result |=
+            ((upper >> shift & 0xFFU) + (lower >> shift & 0xFFU) * (255 - (upper >> 24)) / 255)
+            << shift;
+    return result;
+}
+
 /// Relative luminance of a pixel on black, 0..1, as contrasts are defined on it.
 inline double luminance(std::uint32_t pixel) {
     const auto linear = [pixel](int shift) {

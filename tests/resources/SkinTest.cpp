@@ -90,12 +90,15 @@ constexpr Legend kLegends[]{
     {"PRESET/BANK", 440, 410, 5}, {"FREEZE", 132, 429, 7},       {"BYPASS", 463, 429, 7},
     {"ROUTING", 292.5, 429, 6},   {"STEREO", 217.5, 470, 5},     {"MULTIMODE", 205, 479, 5},
     {"LEARN", 339, 516, 5},       {"FORGET", 373, 516, 5},       {"RESET", 407, 516, 5},
-    {"MIDI IN", 465, 520, 5},     {"MANUAL", 479, 538, 5},
+    {"MIDI IN", 465, 520, 5},     {"MANUAL", 479, 538, 5},      {"deg", 79, 253, 6},
+    {"ms", 324, 253, 6},{"dB", 80, 330, 6},
+    {"LIM+SAT", 295, 487, 5},     {"MIX", 384, 483, 5},         {"NOTE", 255, 98, 5},
+    {"BPM", 282, 98, 5},
 };
 // clang-format on
 
 TEST(Skin, LegendsStandOutFromTheirGround) {
-    constexpr double kLeastAtScale1 = 3.0; // where strokes are thinner than a pixel
+    constexpr double kLeast = 4.5;
     for (const int scale : {1, 2}) {
         const EmbeddedPicture face(kFaceBitmap, scale);
         for (const Legend& legend : kLegends) {
@@ -114,8 +117,7 @@ TEST(Skin, LegendsStandOutFromTheirGround) {
             const auto at = [&](double part) {
                 return seen[static_cast<std::size_t>(part * static_cast<double>(seen.size() - 1))];
             };
-            EXPECT_GE(std::max(contrast(at(0.01), at(0.8)), contrast(at(0.99), at(0.2))),
-                      scale == 2 ? 4.5 : kLeastAtScale1)
+            EXPECT_GE(std::max(contrast(at(0.01), at(0.8)), contrast(at(0.99), at(0.2))), kLeast)
                 << legend.text << " at scale " << scale;
         }
     }
@@ -179,6 +181,40 @@ TEST(Skin, LitAndUnlitDifferInBrightness) {
             const double on = meanLuminance(EmbeddedPicture(pair.on, scale), pair.onFrame);
             EXPECT_GE(contrast(on, off), pair.ratio) << pair.on << " at scale " << scale;
         }
+}
+
+TEST(Skin, TheDisplayLightsTheWordForWhatItShows) {
+    struct Shown {
+        std::int32_t strip;
+        std::vector<int> frames; // one over the other in the middle cell, where both words are
+        bool hertz, note;
+    };
+    const Shown all[]{{12153, {8}, true, false},      {12153, {10}, false, false},
+                      {12152, {12}, false, true},     {12152, {10, 8, 11}, true, false},
+                      {12151, {10, 8}, false, false}, {12148, {10, 8}, false, false}};
+    for (const int scale : {1, 2}) {
+        const EmbeddedPicture face(kFaceBitmap, scale);
+        for (const Shown& shown : all) {
+            const EmbeddedPicture strip(shown.strip, scale);
+            const auto brightest = [&](int from, int to) {
+                double most = 0;
+                for (int y = 35 * scale; y < 40 * scale; ++y)
+                    for (int x = from * scale; x < to * scale; ++x) {
+                        std::uint32_t pixel = face.pixel(0, x + 247 * scale, y + 58 * scale);
+                        for (const int frame : shown.frames)
+                            pixel = over(strip.pixel(frame, x, y), pixel);
+                        most = std::max(most, luminance(pixel));
+                    }
+                return most;
+            };
+            const double note = brightest(0, 17), hertz = brightest(17, 27);
+            EXPECT_EQ(shown.hertz, hertz > 0.5) << shown.strip << ' ' << scale << ' ' << hertz;
+            EXPECT_EQ(shown.note, note > 0.5) << shown.strip << ' ' << scale << ' ' << note;
+            EXPECT_TRUE(shown.hertz == shown.note ? contrast(note, hertz) < 1.3
+                                                  : contrast(note, hertz) > 2)
+                << shown.strip << ' ' << scale << ' ' << note << ' ' << hertz;
+        }
+    }
 }
 
 TEST(Skin, APressedFootSwitchIsSeenFromAfar) {
