@@ -55,7 +55,7 @@ void drawBar(Canvas& canvas) {
     drawTextWindow(canvas, {85, 511, 35, 14});     // MIDI channel
     drawTextWindow(canvas, {175, 529, 147, 13.5}); // preset's name and menu
     canvas.fill(rectangle({309.5, 530, 0.6, 12}), palette::kCreamLine);
-    canvas.fill(polygon({{313, 534}, {319.4, 534}, {316.2, 538.6}}), palette::kCreamSign);
+    canvas.fill(arrowHead({{316.5, 538.5}, {0, 1}, 4.5, 3.3}, canvas.scale()), palette::kCreamSign);
     for (const Point& groove : kGrooves) {
         canvas.fill(rectangle({groove.x, groove.y, 1, 13}), solid(palette::kBlack, 0.75));
         canvas.fill(rectangle({groove.x + 1, groove.y, canvas.scale() == 1 ? 1.0 : 0.5, 13}),

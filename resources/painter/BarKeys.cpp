@@ -36,18 +36,23 @@ Canvas barKey(const SkinBitmap& size, int scale, KeyState state) {
     return canvas;
 }
 
-/// An open tray and an arrow that leaves or enters it.
+/// An open tray and an arrow that leaves or enters it. At scale 1 all is on whole pixels.
 Picture fileKey(const SkinBitmap& size, int frame, int scale, bool save) {
     const KeyState state = stateOf(frame);
     Canvas canvas = barKey(size, scale, state);
-    const double sunk = state == KeyState::Pressed ? 0.5 : 0;
-    const Path shaft = save ? rectangle({5.5, 3, 1, 3}) : rectangle({5.5, 5.5, 1, 3});
-    const double tip = save ? 8.6 : 2.6;
-    canvas.fill(moved(0, sunk,
-                      join({rectangle({2.5, 10, 7, 1}), rectangle({2.5, 8, 1, 2}),
-                            rectangle({8.5, 8, 1, 2}), shaft})),
-                signOf(state));
-    canvas.fill(moved(0, sunk, polygon({{6, tip}, {3.4, 5.6}, {8.6, 5.6}})), signOf(state));
+    const bool coarse = scale == 1;
+    const double sunk = state != KeyState::Pressed ? 0 : coarse ? 1 : 0.5;
+    const double tray = coarse ? 4 : 3.5; // half its width
+    const double shaft = coarse ? 1 : 0.5;
+    constexpr double kMiddle = 6; // across and down: where shaft and head meet
+    const ArrowHead head{{kMiddle, save ? 9.0 : 3.0}, {0, save ? 1.0 : -1.0}, 3, 2.6};
+    canvas.fill(
+        moved(0, sunk,
+              join({rectangle({kMiddle - tray, 10, 2 * tray, 1}),
+                    rectangle({kMiddle - tray, 8, 1, 2}), rectangle({kMiddle + tray - 1, 8, 1, 2}),
+                    rectangle({kMiddle - shaft, save ? 3.0 : kMiddle, 2 * shaft, 3}),
+                    arrowHead(head, scale)})),
+        signOf(state));
     return canvas.picture();
 }
 
@@ -102,11 +107,9 @@ Picture paintRocker(const SkinBitmap& size, int frame, int scale) {
                                                    : KeyState::Idle;
         const double left = side == 0 ? 0 : 15;
         canvas.put(barKeyCap(16, 14, scale, state), left, 0);
-        const double middle = left + 8;
         const double out = side == 0 ? -1 : 1;
-        canvas.fill(
-            polygon({{middle + out * 2.6, 7}, {middle - out * 2, 3.6}, {middle - out * 2, 10.4}}),
-            signOf(state));
+        canvas.fill(arrowHead({{left + 8 + out * 2.6, 7}, {out, 0}, 4.6, 3.6}, scale),
+                    signOf(state));
     }
     return canvas.picture();
 }
@@ -142,7 +145,8 @@ Picture paintManualKey(const SkinBitmap& size, int frame, int scale) {
             cairo_curve_to(to, 8 + side * 3.5, 9.6, 8 + side * 1.5, 9.8, 8, 11);
         };
     };
-    canvas.stroke(join({page(-1), page(1), polyline({{8, 4.5}, {8, 11}})}), 1,
+    const double crisp = scale == 1 ? -0.5 : 0; // upright lines fill whole pixels
+    canvas.stroke(moved(crisp, 0, join({page(-1), page(1), polyline({{8, 4.5}, {8, 11}})})), 1,
                   solid(signOf(state)));
     return canvas.picture();
 }

@@ -35,6 +35,16 @@ Path roundRect(Rectangle box, double radius);
 Path circle(double x, double y, double radius);
 Path polygon(std::initializer_list<Point> corners);
 Path polyline(std::initializer_list<Point> points);
+
+/// The head of an arrow. At scale 1 it is built of whole pixels: smoothed, it would be a blot.
+struct ArrowHead {
+    Point tip;
+    Point direction; // a unit vector along one of the axes
+    double length;
+    double half; // of its base
+};
+Path arrowHead(const ArrowHead& head, int scale);
+
 /// All of them.
 Path join(std::initializer_list<Path> paths);
 Path moved(double dx, double dy, Path path);

@@ -45,8 +45,8 @@ Picture wayKey(const SkinBitmap& size, int scale, bool lit, std::string_view fro
     const double arrow = left + textWidth(from, style);
     write(canvas, from, {left, 10}, style, keyText(lit), Align::Left);
     write(canvas, to, {arrow + kArrow, 10}, style, keyText(lit), Align::Left);
-    const double tail = std::round(arrow + 2);
-    canvas.fill(polygon({{tail, 4.5}, {tail + 5, 7}, {tail, 9.5}}), keyText(lit));
+    const double tip = std::round(arrow + 2) + (scale == 1 ? 4 : 5);
+    canvas.fill(arrowHead({{tip, 7}, {1, 0}, 5, 2.5}, scale), keyText(lit));
     return canvas.picture();
 }
 

@@ -74,19 +74,21 @@ constexpr std::array kLegends{
 struct UnitLegend {
     std::string_view text, unit;
     Point anchor;
+    const TypeStyle& style = kTypeU;
 };
+constexpr TypeStyle kPercent{kTypeU.capHeight, Weight::Bold, 0}; // a sign of thin lines
 constexpr std::array kUnitLegends{
     UnitLegend{"SPREAD", "deg", {62.5, 253}}, UnitLegend{"ATTACK", "ms", {306, 253}},
-    UnitLegend{"RELEASE", "ms", {405, 253}}, UnitLegend{"RANGE", "%", {459, 253}},
+    UnitLegend{"RELEASE", "ms", {405, 253}}, UnitLegend{"RANGE", "%", {459, 253}, kPercent},
     UnitLegend{"GAIN", "dB", {62, 330}}};
 
 void drawUnitLegend(Canvas& canvas, const UnitLegend& legend) {
     constexpr double kGap = 3;
     const double text = textWidth(legend.text, kTypeL) + kGap;
-    const double left = legend.anchor.x - (text + textWidth(legend.unit, kTypeU)) / 2;
+    const double left = legend.anchor.x - (text + textWidth(legend.unit, legend.style)) / 2;
     const double baseline = legend.anchor.y;
     write(canvas, legend.text, {left, baseline}, kTypeL, palette::kInk, kL);
-    write(canvas, legend.unit, {left + text, baseline}, kTypeU, palette::kInkDim, kL);
+    write(canvas, legend.unit, {left + text, baseline}, legend.style, palette::kInkDim, kL);
 }
 
 /// Engraved: at scale 2 there is room for the edge that catches the light.

@@ -119,6 +119,9 @@ Picture powderCoat(int width, int height, int scale, const PowderCoat& coat) {
     });
 }
 
+/// Part of a cheek's width that it goes on below the plate: the plate's corners are round.
+constexpr float kUnderPlate = 0.3F;
+
 Picture walnutCheeks(int width, int height, int cheek, int scale) {
     const int columns = width * scale;
     const int rows = height * scale;
@@ -134,9 +137,10 @@ Picture walnutCheeks(int width, int height, int cheek, int scale) {
     return opaque(columns, rows, [&](int column, int row) -> Colour {
         const float x = (static_cast<float>(column) + 0.5F) / static_cast<float>(scale);
         const float y = (static_cast<float>(row) + 0.5F) / static_cast<float>(scale);
-        const float left = x < static_cast<float>(cheek) ? 0.0F : static_cast<float>(width - cheek);
+        const bool isLeft = 2 * column < columns;
+        const float left = isLeft ? 0.0F : static_cast<float>(width - cheek);
         const float u = (x - left) / static_cast<float>(cheek);
-        if (u < 0.0F || u > 1.0F)
+        if (u < -kUnderPlate || u > 1.0F + kUnderPlate)
             return palette::kBlack;
         const float place = y / static_cast<float>(height);
         const float along = x + 2.2F * warp(place) + 0.012F * y;

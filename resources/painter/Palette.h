@@ -31,7 +31,7 @@ inline constexpr Colour kBrassBright = hex(0xF0D79C);
 inline constexpr Colour kBrass = hex(0xC39A55);
 inline constexpr Colour kBrassDark = hex(0x8E6A34);
 inline constexpr Colour kBrassEdge = hex(0xCFAE70);
-inline constexpr Colour kBrassPrint = hex(0xC9A564);
+inline constexpr Colour kBrassPrint = hex(0xD6B272);
 inline constexpr Colour kBrassLetters = hex(0xE2C58A); // about picture
 
 // Amber glass and lamps
@@ -68,14 +68,14 @@ inline constexpr Colour kWarmWhite{1.0F, 0.9F, 0.7F}; // what a key under the mo
 
 // Print
 inline constexpr Colour kInk = hex(0x323232);
-inline constexpr Colour kInkDim = hex(0x5C564A); // units, key hints
+inline constexpr Colour kInkDim = hex(0x403B32); // units, key hints
 inline constexpr Colour kInkLfo = hex(0x0E4A54); // everything that the LFO sends
 inline constexpr Colour kInkFollower = hex(0x7C2418);
 inline constexpr Colour kInkName = hex(0x241C14);
 inline constexpr Colour kInkMaker = hex(0x3B2F22);
 inline constexpr Colour kPrint = hex(0xDAD5C7); // on petrol and bar
 inline constexpr Colour kPrintDim = hex(0xABA698);
-inline constexpr Colour kDotDark = mix(kPrintDim, kPetrol, 0.5F); // position not chosen
+inline constexpr Colour kDotDark = mix(kPrintDim, kPetrol, 0.35F); // position not chosen
 inline constexpr Colour kLockText = hex(0xF2E6CC);
 
 // Text windows of the bar

@@ -1,5 +1,6 @@
 #include "resources/painter/Canvas.h"
 
+#include <cmath>
 #include <numbers>
 #include <utility>
 #include <vector>
@@ -44,6 +45,37 @@ Path polygon(std::initializer_list<Point> corners) {
         line(to);
         cairo_close_path(to);
     };
+}
+
+namespace {
+
+/// Two pixels narrower from column to column, the base's edges on whole pixels.
+Path steppedHead(const ArrowHead& head) {
+    return [head](cairo_t* to) {
+        const bool isLevel = head.direction.x != 0;
+        const double sign = head.direction.x + head.direction.y;
+        const double tip = isLevel ? head.tip.x : head.tip.y;
+        const double middle = isLevel ? head.tip.y : head.tip.x;
+        const double narrowest = middle == std::floor(middle) ? 1 : 0.5;
+        double column = (sign > 0 ? std::floor(tip) : std::ceil(tip)) - sign * 0.5;
+        for (double half = narrowest; half <= head.half + 0.5; half += 1, column -= sign)
+            if (isLevel)
+                cairo_rectangle(to, column - 0.5, middle - half, 1, 2 * half);
+            else
+                cairo_rectangle(to, middle - half, column - 0.5, 2 * half, 1);
+    };
+}
+
+} // namespace
+
+Path arrowHead(const ArrowHead& head, int scale) {
+    if (scale == 1)
+        return steppedHead(head);
+    const auto [tip, direction, length, half] = head;
+    const Point base{tip.x - direction.x * length, tip.y - direction.y * length};
+    return polygon({tip,
+                    {base.x - direction.y * half, base.y - direction.x * half},
+                    {base.x + direction.y * half, base.y + direction.x * half}});
 }
 
 Path join(std::initializer_list<Path> paths) {

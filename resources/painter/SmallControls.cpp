@@ -37,8 +37,8 @@ Picture paintMixKey(const SkinBitmap& size, int frame, int scale) {
     canvas.put(roundKeyCap({27, 22, 12, 9.4, 4.5, state.key(), state.active}, scale), 0, 0);
     constexpr double kAxis = 7.5;
     canvas.fill(
-        join({polygon({{4, kAxis}, {8, kAxis - 3}, {8, kAxis + 3}}),
-              polygon({{23, kAxis}, {19, kAxis - 3}, {19, kAxis + 3}}), rectangle({8, 7, 11, 1})}),
+        join({arrowHead({{4, kAxis}, {-1, 0}, 4, 2.8}, scale),
+              arrowHead({{23, kAxis}, {1, 0}, 4, 2.8}, scale), rectangle({8, kAxis - 0.5, 11, 1})}),
         state.sign());
     canvas.fill(circle(13.5, kAxis, 2), state.sign());
     write(canvas, "MIX", {13.5, 17}, kTypeSB.tracked(0.5), state.sign());
@@ -50,20 +50,21 @@ Picture paintLinkKey(const SkinBitmap& size, int frame, int scale) {
     const RelativeState state(frame);
     Canvas canvas(size.width, size.frameHeight, scale);
     canvas.put(roundKeyCap({11, 20, 4.4, 8.8, 4.4, state.key(), state.active}, scale), 0, 0);
-    const auto arrow = [&](double x, double tip, double base) {
-        canvas.fill(rectangle({x - 0.5, 6.5, 1, 7}), state.sign());
-        canvas.fill(polygon({{x, tip}, {x - 1.6, base}, {x + 1.6, base}}), state.sign());
+    const auto arrow = [&](double x, double tip, double direction) {
+        canvas.fill(rectangle({x - 0.5, 6, 1, 8}), state.sign());
+        canvas.fill(arrowHead({{x, tip}, {0, direction}, 3.2, 1.6}, scale), state.sign());
     };
-    arrow(3.9, 4.2, 7.4);
-    arrow(7.1, 15.8, 12.6);
+    arrow(3.5, 4, -1);
+    arrow(7.5, 16, 1);
     return canvas.picture();
 }
 
 /// Above the knob of the threshold: where the level has to be for the follower to work.
 Picture paintThresholdMode(const SkinBitmap& size, int frame, int scale) {
     constexpr std::array kWords{"ABOVE", "BELOW", "AROUND"};
-    constexpr std::array kRanges{Rectangle{4, 11, 9, 3.5}, Rectangle{4, 15.5, 9, 3.5},
-                                 Rectangle{4, 13, 9, 4}};
+    const double middle = scale == 1 ? 15.5 : 15; // of pictogram and word, on whole pixels
+    const std::array ranges{Rectangle{4, middle - 4.5, 9, 4}, Rectangle{4, middle + 0.5, 9, 4},
+                            Rectangle{4, middle - 2.5, 9, 5}};
     const auto mode = static_cast<std::size_t>(frame);
     const Colour lit = mix(palette::kAmber, palette::kAmberHot, 0.25F);
     Canvas canvas(size.width, size.frameHeight, scale);
@@ -74,12 +75,11 @@ Picture paintThresholdMode(const SkinBitmap& size, int frame, int scale) {
     canvas.softInside(roundRect(window, 1.6), {palette::kBlack, 0.8, 1.0, 0.4, 0.8});
     canvas.stroke(roundRect(window.inset(0.25), 1.6), 0.5,
                   vertical(window, {{0, palette::kBlack, 0.8}, {1, palette::kLitEdge, 0.35}}));
-    canvas.fill(rectangle({4, 11, 9, 8}), hex(0x5A4020));
-    canvas.fill(rectangle(kRanges[mode]), lit);
-    canvas.fill(rectangle({4, 14.5, 9, 1}), hex(0x1A1008));
-    canvas.fill(rectangle({3, 14.5, 11, 1}), palette::kNeedle);
-    // Half a pixel lower is the middle of the pictogram, where there are half pixels.
-    write(canvas, kWords[mode], {30.5, scale == 1 ? 17 : 17.5}, kTypeSB.tracked(0.15), lit);
+    canvas.fill(rectangle({4, middle - 4.5, 9, 9}), hex(0x5A4020));
+    canvas.fill(rectangle(ranges[mode]), lit);
+    canvas.fill(rectangle({4, middle - 0.5, 9, 1}), hex(0x1A1008));
+    canvas.fill(rectangle({3, middle - 0.5, 11, 1}), palette::kNeedle);
+    write(canvas, kWords[mode], {30.5, middle + 2.5}, kTypeSB.tracked(0.15), lit);
     return canvas.picture();
 }
 

@@ -22,7 +22,7 @@ inline constexpr TypeStyle kTypeXL{8, Weight::Bold, 0.8};   // names of the enco
 inline constexpr TypeStyle kTypeT{7, Weight::Bold, 1.1};    // titles of sections
 inline constexpr TypeStyle kTypeL{6, Weight::Medium, 0.45}; // legends on the plate
 inline constexpr TypeStyle kTypeLB{6, Weight::Bold, 0.45};  // on keys
-inline constexpr TypeStyle kTypeU{6, Weight::Regular, 0.2}; // units
+inline constexpr TypeStyle kTypeU{6, Weight::Medium, 0.2};  // units
 inline constexpr TypeStyle kTypeS{5, Weight::Medium, 0.4};  // small legends
 inline constexpr TypeStyle kTypeSB{5, Weight::Bold, 0.4};   // on small keys
 

@@ -45,14 +45,7 @@ public:
 
 private:
     void head(double x, double y, double dx, double dy) {
-        constexpr double kLength = 4;
-        constexpr double kHalf = 2.5;
-        const double baseX = x - dx * kLength;
-        const double baseY = y - dy * kLength;
-        canvas_.fill(polygon({{x, y},
-                              {baseX - dy * kHalf, baseY - dx * kHalf},
-                              {baseX + dy * kHalf, baseY + dx * kHalf}}),
-                     ink_);
+        canvas_.fill(arrowHead({{x, y}, {dx, dy}, 4, 2.5}, canvas_.scale()), ink_);
     }
 
     Canvas& canvas_;
@@ -64,7 +57,7 @@ void drawFollowerToLfo(Canvas& canvas) {
     Pen pen(canvas, palette::kInkFollower);
     pen.word("EF", 139, 235, 0.4);
     const double end = pen.word("LFO", 155, 235, 0.4);
-    canvas.fill(polygon({{149, 230}, {153, 232.5}, {149, 235}}), palette::kInkFollower);
+    pen.headRight(153, 232.5);
     pen.across(std::round(end + 3), 386, 232);
     pen.across(130, 136, 232);
     for (const double x : {130.0, 184.0}) {
@@ -125,14 +118,17 @@ void drawSignalPath(Canvas& canvas) {
     lfo.headUp(303.5, kTips);
 }
 
-/// Where limiter and saturator stand for each position of the routing: before the wet level, after
-/// it, after the mix. The dots are these places.
+/// Where limiter and saturator, the dots, stand for each position of the routing: before the wet
+/// level, after it, after the mix. From left to right, as the slide's positions are.
 void drawRouting(Canvas& canvas) {
-    constexpr double kWet = 478; // lines of the signals
-    constexpr double kMix = 482;
-    constexpr double kDry = 486;
+    constexpr double kWet = 476; // lines of the signals
+    constexpr double kMix = 480;
+    constexpr double kDry = 484;
+    constexpr double kDot = 2.5;
     Pen print(canvas, palette::kPrint);
     Pen place(canvas, palette::kAmber);
+    place.dot(275.5, kDry + 0.5, kDot);
+    print.word("LIM+SAT", 281, kDry + 3, 0.2);
     print.across(326, 338, kWet);
     print.word("WET", 341, kWet + 3, 0.2);
     print.across(357, 371, kWet);
@@ -144,7 +140,7 @@ void drawRouting(Canvas& canvas) {
     print.across(392, 405, kMix);
     print.headRight(408.5, kMix + 0.5);
     for (const Point& dot : {Point{331.5, kWet}, Point{363.5, kWet}, Point{398.5, kMix}})
-        place.dot(dot.x, dot.y + 0.5, 2.5);
+        place.dot(dot.x, dot.y + 0.5, kDot);
 }
 
 } // namespace
