@@ -28,7 +28,7 @@ inline constexpr double kHertzBegin = 17;
 inline constexpr DisplayWord kWordNote{"NOTE", 2, 0.4, 0, kHertzBegin};
 inline constexpr DisplayWord kWordHertz{"Hz", 2, 18.6, kHertzBegin, kCellWidth};
 inline constexpr DisplayWord kWordTempo{"BPM", 3, 1.8, 0, kHertzBegin};
-inline constexpr DisplayWord kWordHost{"HOST", 3, 1, 0, kHertzBegin};
+inline constexpr DisplayWord kWordHost{"HOST", 3, 1.4, 0, kHertzBegin};
 
 inline constexpr TypeStyle kWordType{5, Weight::Bold, 0};
 inline constexpr double kWordBaseline = 40; // in the cell

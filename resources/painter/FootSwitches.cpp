@@ -21,6 +21,11 @@ constexpr float kNutCorner = 22.6F;
 constexpr float kRingOuter = 17.4F; // a ring of glass round the plunger
 constexpr float kRingInner = 14.9F;
 
+/// What the eye, dazzled by the lit ring, still sees of the metal beside it: the whole switch is
+/// darker then, so that its state does not hang on a hue.
+constexpr float kBesideRing = 0.45F;
+constexpr float kInsideRing = 0.72F; // and of the plunger, which is dark already
+
 /// What is between nut and plunger.
 enum class Collar { Gap, DarkRing, LitRing };
 
@@ -137,7 +142,7 @@ Picture footSwitch(const SkinBitmap& size, int scale, const Plunger& kind, Colla
         light *= 1.0F - hidden.row(row)[column];
         light *= 1.0F - 0.5F * cover(std::fabs(nutDistance(x, y)) - 0.35F);
         if (lit)
-            light = light * 0.8F + ringGlow(place);
+            light = light * kBesideRing + ringGlow(place);
         if (collar == Collar::Gap)
             light *= 1.0F - 0.8F * cover(place.radius - hole);
         else
@@ -145,7 +150,7 @@ Picture footSwitch(const SkinBitmap& size, int scale, const Plunger& kind, Colla
         light = mix(light, grey(0.01F), cover(place.radius - kRingInner));
         Light top = plunger(patch, dome, column, row, x, y, kind);
         if (lit)
-            top += ringGlow(place) * 0.5F;
+            top = top * kInsideRing + ringGlow(place) * 0.5F;
         light = mix(light, top, cover(place.radius - kind.radius));
         return {light, whole};
     });

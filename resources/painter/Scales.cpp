@@ -62,8 +62,8 @@ void drawEncoderScale(Canvas& canvas, const KnobPlace& place) {
         const double degrees = 9.0 * i;
         if (place.y - 39 * std::cos(degrees * std::numbers::pi / 180) > kPanelEdge)
             continue;
-        drawTick(canvas, place, degrees, {36.2, i % 10 == 0 ? 39.2 : 38.2, 0.7, palette::kInk},
-                 0.55);
+        const bool isLong = i % 10 == 0 && i > 0; // the name stands over the first
+        drawTick(canvas, place, degrees, {36.2, isLong ? 39.2 : 38.2, 0.7, palette::kInk}, 0.55);
     }
 }
 

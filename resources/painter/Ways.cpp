@@ -57,7 +57,7 @@ void drawFollowerToLfo(Canvas& canvas) {
     Pen pen(canvas, palette::kInkFollower);
     pen.word("EF", 139, 235, 0.4);
     const double end = pen.word("LFO", 155, 235, 0.4);
-    pen.headRight(153, 232.5);
+    pen.headRight(152.5, 232.5);
     pen.across(std::round(end + 3), 386, 232);
     pen.across(130, 136, 232);
     for (const double x : {130.0, 184.0}) {
