@@ -25,6 +25,7 @@ constexpr int kMostFrames = 13;
 constexpr int kFewFrames = 6; // of a strip that has more than those
 const CColor kPaper(232, 230, 224, 255);
 const CColor kInk(50, 50, 50, 255);
+const CColor kDark(28, 22, 18, 255); // below what has no place on the face
 
 /// A picture, the numbers that it has, and where it lies on the face.
 struct Entry {
@@ -113,9 +114,13 @@ void draw(CDrawContext& context, const Entry& entry, CBitmap& face) {
     CBitmap strip(CResourceDescription(static_cast<std::int32_t>(entry.picture->id)));
     CRect cell = entry.cell;
     for (int index = 0; index < entry.shownFrames(); ++index) {
-        if (entry.place)
+        if (entry.place) {
             face.draw(&context, cell,
                       CPoint(entry.place->left - kMargin, entry.place->top - kMargin));
+        } else {
+            context.setFillColor(kDark);
+            context.drawRect(cell, kDrawFilled);
+        }
         CRect picture = cell;
         picture.inset(kMargin, kMargin);
         strip.draw(&context, picture, CPoint(0, entry.frameAt(index) * entry.picture->height));

@@ -127,9 +127,10 @@ Picture paintLearnKey(const SkinBitmap& size, int frame, int scale) {
 Picture paintResetKey(const SkinBitmap& size, int frame, int scale) {
     const KeyState state = stateOf(frame);
     Canvas canvas = lowKey(size, scale, state);
-    canvas.fill(circle(11, 11.5, 1.3), state == KeyState::Pressed ? palette::kAmberHot
-                                       : state == KeyState::Hover ? palette::kAmber
-                                                                  : palette::kKeySignDim);
+    canvas.fill(scale == 1 ? rectangle({10, 11, 2, 1}) : circle(11, 11.5, 1.3),
+                state == KeyState::Pressed ? palette::kAmberHot
+                : state == KeyState::Hover ? palette::kAmber
+                                           : palette::kKeySignDim);
     return canvas.picture();
 }
 

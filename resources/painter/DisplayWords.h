@@ -33,8 +33,8 @@ inline constexpr DisplayWord kWordHost{"HOST", 3, 1.4, 0, kHertzBegin};
 inline constexpr TypeStyle kWordType{5, Weight::Bold, 0};
 inline constexpr double kWordBaseline = 40; // in the cell
 inline constexpr double kWordsFrom = 34;    // rows of the cell from here on are the words'
-/// What an unlit word has of a lit one's brightness: print on glass, to be read from near. At scale 1
-/// strokes thinner than a pixel are dimmer already.
+/// What an unlit word has of a lit one's brightness: print on glass, to be read from near. At scale
+/// 1 strokes thinner than a pixel are dimmer already.
 constexpr double unlitWord(int scale) {
     return scale == 1 ? 0.67 : 0.60;
 }

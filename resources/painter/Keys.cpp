@@ -107,7 +107,7 @@ Picture paintRandomKey(const SkinBitmap& size, int frame, int scale) {
 }
 
 Picture paintMixScopeKey(const SkinBitmap& size, int frame, int scale) {
-    return wordKey(size, scale, frame == 1, frame == 1 ? "B" : "P", kTypeLB, 11);
+    return wordKey(size, scale, frame == 1, frame == 1 ? "B" : "P", kTypeLB, kBaseline);
 }
 
 /// The value says "locked": frame 0 is modulation at work.

@@ -8,7 +8,8 @@ namespace pedl::skin {
 struct KnobPlace {
     double x, y; // its middle
     bool bipolar = false;
-    bool signs = false; // a minus and a plus at the ends of the scale
+    bool signs = false;        // a minus and a plus at the ends of the scale
+    bool isTopCovered = false; // a window hides the upmost tick
 };
 
 inline constexpr std::array kEncoderPlaces{KnobPlace{92, 75}, KnobPlace{428, 75}};
@@ -26,7 +27,7 @@ inline constexpr std::array kLargePlaces{KnobPlace{62, 361.5, true},
 inline constexpr std::array kMediumPlaces{KnobPlace{62.5, 276.5, true},
                                           KnobPlace{130, 277.5, true, true},
                                           KnobPlace{184, 277.5, true, true},
-                                          KnobPlace{251.5, 277},
+                                          KnobPlace{251.5, 277, false, false, true},
                                           KnobPlace{306, 276},
                                           KnobPlace{405, 276},
                                           KnobPlace{459, 276}};

@@ -11,6 +11,7 @@ namespace {
 
 constexpr float kJewelRadius = 4.05F;
 constexpr float kBezelRadius = 5.6F;
+constexpr double kLampSize = 12; // that these radii are for; smaller ones shrink
 
 const RoundWave kFacets(8, 0.0F);
 
@@ -55,13 +56,15 @@ Light litJewel(const Polar& place, float x, float y, const Glow& glow) {
 
 Picture lamp(int scale, const Glow* glow, double size) {
     const Patch patch(size, size, scale, size / 2, size / 2);
-    const Field relief =
-        patch.relief(0.15, [](float x, float y) { return bezelProfile()(Polar(x, y).radius); });
+    const auto shrink = static_cast<float>(size / kLampSize);
+    const Field relief = patch.relief(0.15, [shrink](float x, float y) {
+        return shrink * bezelProfile()(Polar(x, y).radius / shrink);
+    });
     return patch.light([&](int column, int row) -> Sample {
-        const float x = patch.x(column);
-        const float y = patch.y(row);
+        const float x = patch.x(column) / shrink;
+        const float y = patch.y(row) / shrink;
         const Polar place(x, y);
-        const float cover = patch.cover(place.radius - kBezelRadius);
+        const float cover = patch.cover((place.radius - kBezelRadius) * shrink);
         if (cover <= 0.0F)
             return {};
         Light light = metal(patch.facet(relief, column, row), linear(palette::kAluminium) * 0.9F);
@@ -97,7 +100,7 @@ Picture paintLampIce(const SkinBitmap& size, int, int scale) {
     return lamp(scale, &kIceGlow, size.width);
 }
 
-/// The lamp of the preset bar: the same, a pixel smaller than its bezel's outer fall.
+/// The lamp of the preset bar.
 Picture paintMidiLamp(const SkinBitmap& size, int frame, int scale) {
     return lamp(scale, frame == 0 ? nullptr : &kAmberGlow, size.width);
 }

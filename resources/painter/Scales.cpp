@@ -3,6 +3,7 @@
 #include "resources/painter/KnobPlaces.h"
 #include "resources/painter/Palette.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -27,13 +28,17 @@ void drawTick(Canvas& canvas, const KnobPlace& place, double degrees, const Scal
     const auto at = [&](double radius) {
         return Point{place.x + radius * std::sin(angle), place.y - radius * std::cos(angle)};
     };
-    canvas.stroke(polyline({at(scale.from), at(scale.to)}), scale.width, solid(scale.ink, alpha));
+    // At scale 1 thinner ones would fade.
+    const double width = canvas.scale() == 1 ? std::max(scale.width, 0.9) : scale.width;
+    canvas.stroke(polyline({at(scale.from), at(scale.to)}), width, solid(scale.ink, alpha));
 }
 
 /// Eleven ticks; the ends, and the middle of a scale that has one, are heavier.
 void drawScale(Canvas& canvas, const KnobPlace& place, const Scale& scale) {
     constexpr int kLast = 10;
     for (int i = 0; i <= kLast; ++i) {
+        if (place.isTopCovered && 2 * i == kLast)
+            continue;
         const bool major = i == 0 || i == kLast || (place.bipolar && 2 * i == kLast);
         Scale tick = scale;
         if (major) {

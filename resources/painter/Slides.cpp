@@ -5,6 +5,7 @@
 #include "resources/painter/Patch.h"
 #include "resources/painter/Type.h"
 
+#include <cmath>
 #include <string_view>
 
 namespace pedl::skin {
@@ -72,10 +73,13 @@ Picture slideBody(double height, int position, double down, int scale) {
 Picture slide(const SkinBitmap& size, int frame, int scale, double down, std::string_view legend) {
     Canvas canvas(size.width, size.frameHeight, scale);
     canvas.put(slideBody(size.frameHeight, frame, down, scale), 0, 0);
-    for (int position = 0; position < 3; ++position)
-        canvas.fill(
-            circle(kMiddle + static_cast<double>(kDetent) * (position - 1), down - kDotRise, 0.9),
-            position == frame ? palette::kAmber : palette::kDotDark);
+    for (int position = 0; position < 3; ++position) {
+        const double x = kMiddle + static_cast<double>(kDetent) * (position - 1);
+        const double y = down - kDotRise;
+        // At scale 1 a dot is four pixels, so that all look the same.
+        canvas.fill(scale == 1 ? circle(std::round(x), std::round(y), 1.1) : circle(x, y, 0.9),
+                    position == frame ? palette::kAmber : palette::kDotDark);
+    }
     if (!legend.empty())
         write(canvas, legend, {kMiddle, 6}, kTypeL, palette::kPrint);
     return canvas.picture();
