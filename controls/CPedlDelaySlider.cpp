@@ -82,15 +82,18 @@ double CPedlDelaySlider::handlePlace() const {
     return std::clamp(start, minTmp, std::max(minTmp, maxTmp - handleLength()));
 }
 
+CRect CPedlDelaySlider::handleRect() const {
+    const double place = handlePlace();
+    const CPoint corner = size.getTopLeft() + (isHorizontal() ? CPoint(place, offsetHandle.y)
+                                                              : CPoint(offsetHandle.x, place));
+    return {corner, handle ? CPoint(handle->getWidth(), handle->getHeight()) : CPoint()};
+}
+
 void CPedlDelaySlider::draw(CDrawContext* context) {
     if (CBitmap* const background = getBackground())
         background->draw(context, size, offset);
-    if (handle) {
-        const double place = handlePlace();
-        const CPoint corner = size.getTopLeft() + (isHorizontal() ? CPoint(place, offsetHandle.y)
-                                                                  : CPoint(offsetHandle.x, place));
-        handle->draw(context, CRect(corner, CPoint(handle->getWidth(), handle->getHeight())));
-    }
+    if (handle)
+        handle->draw(context, handleRect());
     if (CBitmap* const above = shownOverlay())
         above->draw(context, size, offset);
     setDirty(false);
@@ -103,7 +106,6 @@ CMouseEventResult CPedlDelaySlider::goToDefault() {
         beginEdit();
     value = getDefaultValue();
     valueChanged();
-    invalid();
     if (hasEdits())
         endEdit();
     return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
@@ -117,13 +119,13 @@ CMouseEventResult CPedlDelaySlider::onMouseDown(CPoint& where, const CButtonStat
     if (!buttons.isLeftButton())
         return kMouseEventNotHandled;
     active = true;
-    const double handleStart = along(size.getTopLeft()) + handlePlace();
     if (freeClick || (buttons & kAlt)) {
         jumped = true;
         delta = handleLength() / 2 - 1; // its middle comes under the mouse
     } else {
-        delta = along(where) - handleStart;
-        if (delta < 0.0 || delta >= handleLength()) {
+        const CRect grip = handleRect();
+        delta = along(where) - along(grip.getTopLeft());
+        if (!grip.pointInside(where)) {
             active = false;
             return hasEdits() ? kMouseDownEventHandledButDontNeedMovedOrUpEvents
                               : kMouseEventNotHandled;
@@ -186,7 +188,6 @@ void CPedlDelaySlider::moveInOneEdit(float normalised) {
     valueChanged();
     if (hasEdits())
         endEdit();
-    invalid();
 }
 
 CMouseEventResult CPedlDelaySlider::onMouseUp(CPoint& /*where*/, const CButtonState& /*buttons*/) {

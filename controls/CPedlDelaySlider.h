@@ -90,13 +90,15 @@ protected:
     [[nodiscard]] bool isHorizontal() const { return (style & VSTGUI::kHorizontal) != 0; }
     /// The value that an arrow key goes to.
     [[nodiscard]] virtual float valueAfterKey(bool isUpwards, bool isFine) const;
-    /// Moves to a normalised value and tells it where something moved, as an edit of its own.
+    /// Moves to a normalised value and tells it where something moved, as an edit of its own. The
+    /// control stays dirty until the next idle.
     void moveInOneEdit(float normalised);
 
 private:
     [[nodiscard]] double along(const VSTGUI::CPoint& point) const;
     [[nodiscard]] double handleLength() const;
     [[nodiscard]] double handlePlace() const;
+    [[nodiscard]] VSTGUI::CRect handleRect() const;
     [[nodiscard]] bool stepsBackwards() const;
     VSTGUI::CMouseEventResult goToDefault();
     void moveTo(float normalised);

@@ -359,12 +359,13 @@ TEST_F(Gesture, DigitsCarryAndBorrowWithinTheRange) {
 
 TEST_F(Gesture, TheCutOffSliderIsHeldWhereItIsGrabbed) {
     auto* const slider = put(new CpedlFilterRadioSlider(CRect(0, 0, 147, 18), this, 1, 7, 107,
-                                                        strip(1, 17, 18).get(), nullptr, kOrigin));
+                                                        strip(1, 17, 12).get(), nullptr, kOrigin));
     slider->setFreeClick(false);
     slider->setDefaultValue(0.25F);
     slider->setValue(0.5F);
     click(30, 9);
-    EXPECT_EQ(log.take(), "") << "beside the handle";
+    click(60, 15);
+    EXPECT_EQ(log.take(), "") << "beside and below the handle";
     window().mouseDown(60, 9);
     window().mouseMove(60, 9, kLButton);
     EXPECT_FLOAT_EQ(slider->getValue(), 0.5F) << "nothing snaps";
