@@ -4,6 +4,8 @@
 #include "vstgui/lib/cframe.h"
 #include "vstgui/lib/controls/ccontrol.h"
 
+#include <utility>
+
 namespace pedl {
 
 /// A control (`Base`) whose edits always end, so that a host never waits for the end of a gesture.
@@ -51,7 +53,7 @@ public:
 protected:
     /// For an event that tells of a release which was never seen.
     void endOpenEdits() {
-        int32_t early = 0;
+        int32_t early = std::exchange(endsGivenEarly_, 0); // of a removal before this one
         for (; openEdits_ > 0; ++early)
             endEdit();
         endsGivenEarly_ = early;

@@ -172,7 +172,7 @@ TEST_F(Gesture, SwitchesAndButtonsTellTheirPositions) {
 }
 
 TEST_F(Gesture, ARockerTellsOnceAndItsTimerTakesItBack) {
-    put(new CZMRockerSwitch(kPlace, this, 1, 8, nullptr));
+    auto* const rocker = put(new CZMRockerSwitch(kPlace, this, 1, 8, nullptr));
     click(40, 40);
     EXPECT_EQ(takeTold(), Values{1.0F}) << "the centre line belongs to the right";
     window().wheel(40, 40, -1.0F);
@@ -187,7 +187,16 @@ TEST_F(Gesture, ARockerTellsOnceAndItsTimerTakesItBack) {
     EXPECT_EQ(takeTold(), Values{0.0F});
     EXPECT_EQ(log.take(), "begin, host begins 1, value, host ends 1, end, "
                           "begin, host begins 1, value, value, host ends 1, end");
+    click(40, 40);
+    for (int times = 0; times < 2; ++times) {
+        theFrame().removeView(rocker, false);
+        put(rocker);
+    }
+    clock.advance(101);
+    window().turn();
+    EXPECT_EQ(log.take(), kOneEdit) << "ended when it left the frame, and only then";
     theFrame().removeAll();
+    takeTold();
 
     auto* const channel = put(new CZMParamDisplay(kPlace));
     channel->setListener(this);
