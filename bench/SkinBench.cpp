@@ -1,8 +1,10 @@
-// What the skin costs: the first picture of the whole face, for which its frames are unpacked; the
-// next one, for which they are there; one further frame of a knob. What memory is held.
+// What the skin costs: one frame of a knob that nobody has seen, and the memory that is held when
+// every frame of every strip was. `EditorBench` has what a whole face costs.
 
-#include "editor/face/FacePainter.h"
+#include "editor/ControlLayout.h"
 #include "resources/SkinResources.h"
+#include "vstgui/lib/cbitmap.h"
+#include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/platform/common/pixmansurface.h"
 
 #include <benchmark/benchmark.h>
@@ -36,8 +38,6 @@ public:
     Window(const Window&) = delete;
     Window& operator=(const Window&) = delete;
 
-    void drawFace() { skin::FacePainter(*context_, state_).drawFace(); }
-
     void drawFrame(std::int32_t id, int frame, double height) {
         CBitmap strip{CResourceDescription(id)};
         strip.draw(context_, CRect(0, 0, strip.getWidth(), height), CPoint(0, frame * height));
@@ -53,7 +53,6 @@ public:
 private:
     PixmanSurface surface_;
     CDrawContext* context_;
-    const skin::FaceState state_ = skin::defaultState();
 };
 
 /// Four windows hold what one does, but for their own pictures. The first benchmark, while the heap
@@ -67,9 +66,7 @@ void memoryHeld(benchmark::State& state) {
         const double before = residentMegabytes();
         for (int i = 0; i < 4; ++i) {
             windows.push_back(std::make_unique<Window>(scale));
-            windows.back()->drawFace();
         }
-        state.counters["faceMB"] = residentMegabytes() - before - 4 * windowMegabytes;
         windows.front()->drawEverything();
         state.counters["everyFrameMB"] = residentMegabytes() - before - 4 * windowMegabytes;
     }
@@ -80,20 +77,6 @@ BENCHMARK(memoryHeld)
     ->Arg(2)
     ->Iterations(1)
     ->Unit(benchmark::kMillisecond);
-
-void firstFace(benchmark::State& state) {
-    for (auto _ : state)
-        Window(state.range(0)).drawFace();
-}
-BENCHMARK(firstFace)->ArgName("scale")->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
-
-void nextFace(benchmark::State& state) {
-    Window window(state.range(0));
-    window.drawFace();
-    for (auto _ : state)
-        window.drawFace();
-}
-BENCHMARK(nextFace)->ArgName("scale")->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 
 /// A knob's picture that nobody has seen, with those that it builds on.
 void oneKnobFrame(benchmark::State& state) {

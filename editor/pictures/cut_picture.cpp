@@ -4,7 +4,7 @@
 //   LEFT ... BOTTOM      logical pixels of the face; right and bottom are outside
 
 #include "editor/ControlLayout.h"
-#include "editor/face/PngReader.h"
+#include "editor/pictures/PngReader.h"
 #include "vstgui/lib/platform/offscreen/pngwriter.h"
 
 #include <array>

@@ -1,7 +1,7 @@
-// Pictures of the editor in the states that the documents show, taken from the editor itself in a
-// window without a display.
-// Usage: editor-pictures FOLDER
-//   FOLDER   gets NAME.png and NAME-2x.png for each state, NAME being editor, editor-busy, ...
+// Takes a picture of the editor in a state that the documents show, in a window without a display.
+// Usage: editor-picture STATE SCALE FILE
+//   STATE   default, busy, locked, held, notes, rate, note, tempo, host, waves, about, learn or
+//   menu SCALE   1 or 2 FILE    the PNG file
 
 #include "editor/ZMTpedlFilterEditor.h"
 #include "editor/pictures/PictureSurroundings.h"
@@ -14,8 +14,9 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
-#include <vector>
+#include <string_view>
 
 namespace {
 
@@ -38,7 +39,7 @@ public:
     }
 
     void set(std::int32_t parameter, float value) { effect_.setParameter(parameter, value); }
-    void select(std::int32_t slot) { effect_.selectProgram(slot); }
+    ZMTpedlFilterEffect& effect() { return effect_; }
 
     void idle(int times) {
         for (; times > 0; --times) {
@@ -75,16 +76,16 @@ private:
 
 // Places of the face, in the middle of a control
 constexpr CCoord kLfoEncoderX = 92, kLfoEncoderY = 75;
-constexpr CCoord kWaveX = 92, kWaveY = 140;
+constexpr CCoord kWaveX = 92, kWaveY = 140, kWaveHeight = 28;
 constexpr CCoord kNameX = 254, kNameY = 30;
 constexpr CCoord kMenuX = 316, kMenuY = 535;
 constexpr CCoord kLearnX = 339, kLearnY = 520;
-constexpr CCoord kGainX = 62, kGainY = 361;
+constexpr CCoord kSliderX = 200, kSliderY = 210;
+constexpr CCoord kLockX = 230, kLockY = 325;
 
-void showDefault(Session& session) {
-    session.play(-12);
-    session.idle(2); // lamps are lit by one and drawn by the next
-}
+constexpr float kOwnTempo = 0.5F, kHostTempo = 1.0F;
+
+void show(Session& /*session*/) {}
 
 void showBusy(Session& session) {
     for (const std::int32_t modulation :
@@ -95,84 +96,89 @@ void showBusy(Session& session) {
     session.set(kGainByLFO, 0.28F);
     session.set(kRateLFOByEnv, 0.7F);
     session.set(kDepthLFOByEnv, 0.3F);
-    session.set(kLFOSyncMode, 0.5F);
+    session.set(kLFOSyncMode, kOwnTempo);
     session.set(kLFOType, 5.0F / 6.0F);
     session.set(kFilterCutoffFreq, 0.75F);
     session.set(kGain, 0.62F);
     session.play(-3);
-    session.idle(2);
 }
 
 void showLocked(Session& session) {
     session.set(kModulationOnOff, 1.0F);
     session.set(kPower, 1.0F);
-    session.window().mouseMove(230, 325);
-    session.idle(2);
+    session.window().mouseMove(kLockX, kLockY);
 }
 
-void showLfoRate(Session& session) {
+void showHeld(Session& session) {
+    session.set(kFreez, 1.0F);
+}
+
+void showNotes(Session& session) {
+    session.set(kFreqNoteScaleSwitch, 1.0F);
+}
+
+/// Over the encoder of the LFO, first without the key and then with it.
+void pointAtLfo(Session& session, std::int32_t modifiers) {
     session.window().mouseMove(kLfoEncoderX, kLfoEncoderY);
     session.idle(2);
+    session.window().mouseMove(kLfoEncoderX, kLfoEncoderY, modifiers);
+    session.idle(3);
 }
 
-void showNoteDivision(Session& session) {
-    session.set(kLFOSyncMode, 0.5F);
-    showLfoRate(session);
+void synchronise(Session& session, float mode) {
+    session.set(kLFOSyncMode, mode);
+    session.set(kLFOSynchroRate, 10.5F / 31); // a dotted quarter
+}
+
+void showRate(Session& session) {
+    pointAtLfo(session, 0);
+}
+
+void showNote(Session& session) {
+    synchronise(session, kOwnTempo);
+    pointAtLfo(session, 0);
 }
 
 void showTempo(Session& session) {
-    session.set(kLFOSyncMode, 0.5F);
-    session.window().mouseMove(kLfoEncoderX, kLfoEncoderY, kAlt);
-    session.idle(3);
+    synchronise(session, kOwnTempo);
+    pointAtLfo(session, kAlt);
 }
 
 void showHostTempo(Session& session) {
-    session.set(kLFOSyncMode, 1.0F);
-    session.window().mouseMove(kLfoEncoderX, kLfoEncoderY);
-    session.idle(2);
-    session.window().mouseMove(kLfoEncoderX, kLfoEncoderY, kAlt);
-    session.idle(3);
+    synchronise(session, kHostTempo);
+    session.play(-12); // the host's time is asked for with the sound
+    pointAtLfo(session, kAlt);
 }
 
 void showWaves(Session& session) {
     session.click(kWaveX, kWaveY, kRButton);
-    session.window().mouseMove(kWaveX, kWaveY + 4 * 28);
-    session.idle(2);
+    session.window().mouseMove(kWaveX, kWaveY + 3 * kWaveHeight);
 }
 
 void showAbout(Session& session) {
     session.click(kNameX, kNameY);
-    session.idle(2);
 }
 
 void showLearn(Session& session) {
+    session.effect().midiMap().link(kFilterCutoffFreq, 74);
     session.click(kLearnX, kLearnY);
-    session.window().mouseMove(kGainX, kGainY);
-    session.idle(2);
+    session.window().mouseMove(kSliderX, kSliderY);
 }
 
 void showMenu(Session& session) {
     session.click(kMenuX, kMenuY);
-    session.idle(2);
 }
 
 struct State {
-    const char* name;
+    std::string_view name;
     void (*show)(Session&);
 };
 
 constexpr State kStates[]{
-    {"editor", showDefault},
-    {"editor-busy", showBusy},
-    {"editor-locked", showLocked},
-    {"editor-rate", showLfoRate},
-    {"editor-note", showNoteDivision},
-    {"editor-tempo", showTempo},
-    {"editor-host-tempo", showHostTempo},
-    {"editor-waves", showWaves},
-    {"editor-about", showAbout},
-    {"editor-learn", showLearn},
-    {"editor-menu", showMenu},
+    {"default", show},       {"busy", showBusy},   {"locked", showLocked}, {"held", showHeld},
+    {"notes", showNotes},    {"rate", showRate},   {"note", showNote},     {"tempo", showTempo},
+    {"host", showHostTempo}, {"waves", showWaves}, {"about", showAbout},   {"learn", showLearn},
+    {"menu", showMenu},
 };
 
 /// The window, and over it the open menu, which may reach beyond it.
@@ -197,26 +203,30 @@ bool savePicture(Session& session, int scale, const std::string& path) {
     return writePng(whole, path);
 }
 
-bool takePicture(const State& state, int scale, const std::string& folder) {
-    Session session(scale);
-    state.show(session);
-    const std::string ending = scale == 2 ? "-2x.png" : ".png";
-    return savePicture(session, scale, folder + "/" + state.name + ending);
+bool takePicture(std::string_view name, int scale, const std::string& path) {
+    for (const State& state : kStates) {
+        if (state.name != name)
+            continue;
+        setPlatformFrameFactory(OffscreenFrame::create);
+        Session session(scale);
+        session.play(-12);
+        state.show(session);
+        session.idle(2); // lamps are lit by one and drawn by the next
+        return savePicture(session, scale, path);
+    }
+    return false;
 }
 
 } // namespace
 
 int main(int count, char** arguments) {
-    if (count != 2) {
-        std::fprintf(stderr, "usage: editor-pictures FOLDER\n");
+    const int scale = count == 4 ? std::atoi(arguments[2]) : 0;
+    if (scale != 1 && scale != 2) {
+        std::fprintf(stderr, "usage: editor-picture STATE SCALE FILE\n");
         return 2;
     }
-    setPlatformFrameFactory(OffscreenFrame::create);
-    for (const State& state : kStates)
-        for (const int scale : {1, 2})
-            if (!takePicture(state, scale, arguments[1])) {
-                std::fprintf(stderr, "editor-pictures: cannot make %s\n", state.name);
-                return 1;
-            }
-    return 0;
+    if (takePicture(arguments[1], scale, arguments[3]))
+        return 0;
+    std::fprintf(stderr, "editor-picture: cannot make %s of \"%s\"\n", arguments[3], arguments[1]);
+    return 1;
 }

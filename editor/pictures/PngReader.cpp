@@ -1,4 +1,4 @@
-#include "editor/face/PngReader.h"
+#include "editor/pictures/PngReader.h"
 
 #include <algorithm>
 #include <png.h>

@@ -1,4 +1,4 @@
-#include "editor/face/ContactSheet.h"
+#include "editor/pictures/ContactSheet.h"
 
 #include "editor/ControlLayout.h"
 #include "resources/SkinResources.h"
