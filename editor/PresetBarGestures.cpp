@@ -126,8 +126,12 @@ void CPresetSystemEditor::select(std::int32_t slot, const std::string& name) {
 }
 
 void CPresetSystemEditor::showName() {
+    const std::string name = slotName(*effect_, effect_->currentSlot());
     if (auto* const edit = bar_.find<CZMTTextEdit>(kPresetNameEdit))
-        edit->setText(slotName(*effect_, effect_->currentSlot()).c_str());
+        edit->setText(name.c_str());
+    if (auto* const menu = bar_.find<COptionMenu>(kPresetMenu))
+        if (CMenuItem* const entry = menu->getEntry(effect_->currentSlot()))
+            entry->setTitle(name.c_str());
 }
 
 void CPresetSystemEditor::showMenu() {

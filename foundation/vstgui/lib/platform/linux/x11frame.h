@@ -83,6 +83,8 @@ private:
     void focusChanged(const xcb_focus_in_event_t& change, bool hasFocus);
     void embeddingSays(const xcb_client_message_event_t& message);
     void activate(bool state);
+    void believeFocusLeft();
+    bool hasKeyboard() const { return hasFocus_ && !isFocusLeaving_; }
     void takeFocus();
     void exposed(const xcb_expose_event_t& expose);
     void destroyed();
@@ -111,6 +113,8 @@ private:
     CButtonState lastButtons_;
     int32_t held_ = 0;           // buttons that were pressed here and not let go yet
     std::vector<CRect> exposed_; // logical pixels
+    bool isFocusLeaving_ = false; // gone, and not believed yet
+    uint64_t focusLeftMs_ = 0;
     bool hasFocus_ = false;
     bool isDestroyed_ = false; // by the host
 };

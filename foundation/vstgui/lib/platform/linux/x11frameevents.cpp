@@ -15,6 +15,10 @@ namespace {
 /// they are worked off.
 constexpr uint64_t kLongestPumpMs = 20;
 
+/// Window managers give the focus to the host's window at each press and then let the press through,
+/// with which it comes back here. Only a loss that lasts longer closes fields and lists.
+constexpr uint64_t kFocusPauseMs = 100;
+
 /// The server knows of these whether they are held.
 constexpr int32_t kAskedButtons = kLButton | kMButton | kRButton;
 
@@ -29,6 +33,8 @@ void X11Frame::pumpEvents() {
     clipboard_.dropLateRequest();
     if (first || menu_)
         pumpAll(std::move(first));
+    if (isFocusLeaving_ && currentTickMs() - focusLeftMs_ > kFocusPauseMs)
+        believeFocusLeft();
     if (window_ && !connection_->isAlive()) {
         cancelMenu();
         releaseLost({});
@@ -216,7 +222,7 @@ void X11Frame::takeFocus() {
 void X11Frame::keyPressed(const xcb_key_press_event_t& press) {
     // Without the focus, keys come only because the mouse is over the window: they are the host's.
     // An open field or menu has them all the same: some hosts keep the focus to themselves.
-    if (!hasFocus_ && !overlay() && !isSent(press.response_type)) {
+    if (!hasKeyboard() && !overlay() && !isSent(press.response_type)) {
         handOn(press);
         return;
     }
@@ -234,7 +240,7 @@ void X11Frame::keyPressed(const xcb_key_press_event_t& press) {
 void X11Frame::keyReleased(const xcb_key_release_event_t& release) {
     const bool wasUsed = keysUsed_[release.detail];
     keysUsed_[release.detail] = false;
-    if (!hasFocus_ && !isSent(release.response_type) && !wasUsed) {
+    if (!hasKeyboard() && !isSent(release.response_type) && !wasUsed) {
         handOn(release);
         return;
     }
@@ -283,8 +289,17 @@ void X11Frame::focusChanged(const xcb_focus_in_event_t& change, bool hasFocus) {
     const bool isOfPointer = change.detail == XCB_NOTIFY_DETAIL_POINTER ||
                              change.detail == XCB_NOTIFY_DETAIL_POINTER_ROOT ||
                              change.detail == XCB_NOTIFY_DETAIL_NONE;
-    if (!isByGrab && !isOfPointer && change.detail != XCB_NOTIFY_DETAIL_INFERIOR)
-        activate(hasFocus);
+    if (isByGrab || isOfPointer || change.detail == XCB_NOTIFY_DETAIL_INFERIOR)
+        return;
+    isFocusLeaving_ = !hasFocus;
+    focusLeftMs_ = currentTickMs();
+    if (hasFocus)
+        activate(true);
+}
+
+void X11Frame::believeFocusLeft() {
+    isFocusLeaving_ = false;
+    activate(false);
 }
 
 void X11Frame::embeddingSays(const xcb_client_message_event_t& message) {
