@@ -28,10 +28,11 @@ Picture paintAbout(const SkinBitmap& size, int, int scale) {
     canvas.put(powderCoat(kFaceWidth, kFaceHeight, scale, kCoat), 0, 0);
     canvas.softInside(rectangle(whole), {palette::kBlack, 0.8, 5});
     const auto inlay = [&](double inset, double width) {
-        canvas.stroke(
-            roundRect(whole.inset(inset), 6), width,
-            linear({0, 0}, {whole.width, whole.height},
-                   {{0, palette::kBrassBright}, {0.5, hex(0xA67F43)}, {1, palette::kBrassEdge}}));
+        canvas.stroke(roundRect(whole.inset(inset), 6), width,
+                      linear({0, 0}, {whole.width, whole.height},
+                             {{0, palette::kBrassBright},
+                              {0.5, palette::kBrassInlay},
+                              {1, palette::kBrassEdge}}));
     };
     inlay(22, 1.2);
     inlay(26, 0.6);

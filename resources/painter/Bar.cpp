@@ -37,7 +37,7 @@ void drawTextWindow(Canvas& canvas, Rectangle box) {
     canvas.fill(
         window,
         vertical(box, {{0, palette::kCreamLow}, {0.35, palette::kCream}, {1, palette::kCream}}));
-    canvas.softInside(window, {{0.2F, 0.12F, 0.0F}, 0.55, 1.2, 0.6, 1.2});
+    canvas.softInside(window, {palette::kCreamShade, 0.55, 1.2, 0.6, 1.2});
 }
 
 // Where a groove parts the groups of keys

@@ -106,22 +106,23 @@ Picture paintDialGroove(const SkinBitmap& size, int, int scale) {
     Canvas canvas(size.width, size.frameHeight, scale);
     const Rectangle groove{7, 10.5, 446, 3};
     canvas.fill(roundRect(groove, 1.5),
-                vertical(groove, {{0, palette::kBlack, 0.9}, {1, hex(0x3A2816), 0.9}}));
-    canvas.fill(
-        rectangle({9, 11.6, 442, 0.8}),
-        linear({0, 0}, {461, 0},
-               {{0, hex(0x7A5A2C), 0.8}, {0.3, hex(0xD6AE68), 0.9}, {1, hex(0x6A4C22), 0.8}}));
+                vertical(groove, {{0, palette::kBlack, 0.9}, {1, palette::kDialGroove, 0.9}}));
+    canvas.fill(rectangle({9, 11.6, 442, 0.8}), linear({0, 0}, {461, 0},
+                                                       {{0, palette::kWireLeft, 0.8},
+                                                        {0.3, palette::kWire, 0.9},
+                                                        {1, palette::kWireRight, 0.8}}));
     return canvas.picture();
 }
 
 /// A glowing needle on a small carriage. Its line, x from 8 to 9, is where the value stands.
 Picture paintDialNeedle(const SkinBitmap& size, int, int scale) {
     Canvas canvas(size.width, size.frameHeight, scale);
-    canvas.soft(rectangle({7.2, 1, 2.6, 16}), {hex(0xFF6A1A), 0.75, 2.0});
+    canvas.soft(rectangle({7.2, 1, 2.6, 16}), {palette::kNeedleGlow, 0.75, 2.0});
     canvas.soft(rectangle({7.6, 0.5, 1.8, 17}), {palette::kAmber, 0.6, 0.8});
     const Rectangle carriage{3.5, 9.5, 10, 5};
-    canvas.fill(roundRect(carriage, 1.3),
-                vertical(carriage, {{0, hex(0x6B5436)}, {0.5, hex(0x3A2A18)}, {1, hex(0x1A1109)}}));
+    canvas.fill(roundRect(carriage, 1.3), vertical(carriage, {{0, palette::kCarriageTop},
+                                                              {0.5, palette::kCarriage},
+                                                              {1, palette::kCarriageBottom}}));
     canvas.stroke(roundRect(carriage, 1.3), 0.5, solid(palette::kBlack, 0.7));
     canvas.stroke(polyline({{4.4, 10}, {12.6, 10}}), 0.5, solid(palette::kWarmWhite, 0.55));
     canvas.fill(rectangle({8, 0, 1, 18}), palette::kNeedle);

@@ -31,7 +31,7 @@ void drawEmblem(Canvas& canvas, Point centre, double factor) {
         canvas.strokeRound(emblemPath(-0.5 * edge, -0.6 * edge), wide,
                            solid(palette::kBlack, 0.55));
         canvas.strokeRound(emblemPath(0.5 * edge, 0.6 * edge), wide,
-                           solid({0.45F, 0.60F, 0.62F}, 0.35));
+                           solid(palette::kPetrolEdge, 0.35));
         canvas.strokeRound(emblemPath(0, 0), kLine,
                            linear({-12, -14}, {12, 14},
                                   {{0, palette::kBrassBright},

@@ -106,7 +106,7 @@ Light ring(const Polar& place, bool lit) {
                grey(0.10F * std::max(0.0F, towardsLight) *
                     std::exp(-(across + 0.1F) * (across + 0.1F) / 0.10F));
     }
-    const Light hot = linear(mix(palette::kLampRuby, Colour{1.0F, 0.93F, 0.86F}, 0.62F));
+    const Light hot = linear(mix(palette::kLampRuby, palette::kRingHot, 0.62F));
     return mix(linear(palette::kLampRuby) * 1.15F, hot * 1.25F, std::exp(-across * across / 0.30F));
 }
 

@@ -28,10 +28,9 @@ void drawPlate(Canvas& canvas) {
         canvas.fill(rectangle({kPlate.x, 0, 2, kPlate.height}),
                     linear({kPlate.x, 0}, {kPlate.x + 2, 0},
                            {{0, palette::kLitEdge, 0.75}, {1, palette::kLitEdge, 0}}));
-        constexpr Colour kShade{0.30F, 0.24F, 0.16F};
         canvas.fill(rectangle({kPlate.right() - 2, 0, 2, kPlate.height}),
                     linear({kPlate.right() - 2, 0}, {kPlate.right(), 0},
-                           {{0, kShade, 0}, {1, kShade, 0.55}}));
+                           {{0, palette::kIvoryShade, 0}, {1, palette::kIvoryShade, 0.55}}));
     });
 }
 
@@ -42,8 +41,8 @@ void drawPanel(Canvas& canvas, const Picture& coat, Rectangle box, double radius
     canvas.softInside(panel, {palette::kBlack, 0.75, 2.2, 1.6, 2.2});
     canvas.stroke(roundRect(box.inset(-0.5), radius + 0.5), 1,
                   linear({box.x, box.y}, {box.x + box.width * 0.12, box.bottom()},
-                         {{0, {0.22F, 0.17F, 0.11F}, 0.75},
-                          {0.5, {0.5F, 0.45F, 0.36F}, 0.5},
+                         {{0, palette::kRimDark, 0.75},
+                          {0.5, palette::kRim, 0.5},
                           {1, palette::kLitEdge, 0.75}}));
 }
 
@@ -81,7 +80,7 @@ Picture bezelFrame(Rectangle box, double radius, int scale) {
 /// Bronze frame and dark glass; `inGlass` draws what lies behind it.
 template <class Draw>
 void drawWindow(Canvas& canvas, Rectangle box, double radius, Draw&& inGlass) {
-    canvas.soft(roundRect(box, radius), {{0.1F, 0.06F, 0.0F}, 0.45, 2.0, 1.2, 1.8});
+    canvas.soft(roundRect(box, radius), {palette::kSoftShadow, 0.45, 2.0, 1.2, 1.8});
     canvas.put(bezelFrame(box, radius, canvas.scale()), box.x, box.y);
     const Path glass = roundRect(box.inset(kBezel), std::max(radius - kBezel, 1.0));
     canvas.clipped(glass, [&] { fillGlass(canvas, box.inset(kBezel)); });
@@ -128,7 +127,7 @@ void drawWaveSeat(Canvas& canvas) {
 
 void drawNamePlate(Canvas& canvas) {
     const Rectangle plate{172, 16, 177, 28};
-    canvas.soft(roundRect(plate, 3), {{0.12F, 0.08F, 0.02F}, 0.5, 1.6, 1, 1.6});
+    canvas.soft(roundRect(plate, 3), {palette::kPlateShadow, 0.5, 1.6, 1, 1.6});
     canvas.clipped(roundRect(plate, 3), [&] {
         canvas.put(brushed(177, 28, canvas.scale(), palette::kChampagne, 5), plate.x, plate.y);
     });
@@ -136,13 +135,13 @@ void drawNamePlate(Canvas& canvas) {
                   linear({plate.x, plate.y}, {plate.x + 20, plate.bottom()},
                          {{0, palette::kLitEdge, 0.95},
                           {0.5, palette::kLitEdge, 0.2},
-                          {1, {0.25F, 0.18F, 0.1F}, 0.7}}));
+                          {1, palette::kPlateEdge, 0.7}}));
     for (const double x : {178.0, 343.0}) { // rivets
-        canvas.soft(circle(x, 30, 1.7), {{0.15F, 0.10F, 0.03F}, 0.7, 0.6, 0.4, 0.6});
-        canvas.fill(circle(x, 30, 1.6), radial({x - 0.5, 29.4}, 2.2,
-                                               {{0, palette::kLitEdge},
-                                                {0.5, palette::kChampagne},
-                                                {1, {0.42F, 0.36F, 0.27F}}}));
+        canvas.soft(circle(x, 30, 1.7), {palette::kRivetShadow, 0.7, 0.6, 0.4, 0.6});
+        canvas.fill(
+            circle(x, 30, 1.6),
+            radial({x - 0.5, 29.4}, 2.2,
+                   {{0, palette::kLitEdge}, {0.5, palette::kChampagne}, {1, palette::kRivetDark}}));
     }
 }
 

@@ -41,13 +41,13 @@ Facet jewelFacet(const Polar& place) {
 
 /// Lit through from the side that is turned away from the light.
 Light darkJewel(const Facet& facet) {
-    static const Vector kThrough = unit({0.48F, 0.62F, 0.70F});
+    static const Vector kThrough = unit({-kKeyLight.x, -kKeyLight.y, kKeyLight.z});
     const float through = std::max(0.0F, dot(facet.normal, kThrough));
     return linear(palette::kLampDark) * (0.35F + 0.9F * through * through);
 }
 
 Light litJewel(const Polar& place, float x, float y, const Glow& glow) {
-    const Light hot = linear(mix(glow.colour, Colour{1.0F, 0.97F, 0.92F}, 0.78F));
+    const Light hot = linear(mix(glow.colour, palette::kLampHot, 0.78F));
     const float core =
         std::exp(-((x + 0.2F) * (x + 0.2F) + (y + 0.2F) * (y + 0.2F)) / glow.coreSize);
     const float middle = std::max(0.0F, 1.0F - place.radius / 4.1F);

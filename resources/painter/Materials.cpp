@@ -97,7 +97,7 @@ Picture powderCoat(int width, int height, int scale, const PowderCoat& coat) {
             const float slopeX = row[std::min(x + 1, columns - 1)] - row[std::max(x - 1, 0)];
             const float slopeY =
                 fine.row(std::min(y + 1, rows - 1))[x] - fine.row(std::max(y - 1, 0))[x];
-            relief.row(y)[x] = -0.48F * slopeX - 0.62F * slopeY; // towards the key light
+            relief.row(y)[x] = kKeyLight.x * slopeX + kKeyLight.y * slopeY;
         }
     normalise(relief);
     const float strength = coat.grain * (scale == 1 ? 0.7F : 1.0F); // fewer pixels, fewer grains

@@ -15,7 +15,12 @@ inline constexpr Colour kWalnutHigh = hex(0x85603E);
 inline constexpr Colour kBarTop = hex(0x2C2621);
 inline constexpr Colour kBar = hex(0x26201B);
 inline constexpr Colour kBarBottom = hex(0x1A1613);
+inline constexpr Colour kIvoryShade{0.30F, 0.24F, 0.16F}; // the plate's edge away from the light
+inline constexpr Colour kRim{0.50F, 0.45F, 0.36F};        // round a recessed panel
+inline constexpr Colour kRimDark{0.22F, 0.17F, 0.11F};
 inline constexpr Colour kChampagne{0.80F, 0.745F, 0.63F}; // name plate
+inline constexpr Colour kPlateEdge{0.25F, 0.18F, 0.10F};
+inline constexpr Colour kRivetDark{0.42F, 0.36F, 0.27F};
 
 // Materials of solid parts
 inline constexpr Colour kAluminium{0.86F, 0.85F, 0.825F};
@@ -31,6 +36,9 @@ inline constexpr Colour kBrassBright = hex(0xF0D79C);
 inline constexpr Colour kBrass = hex(0xC39A55);
 inline constexpr Colour kBrassDark = hex(0x8E6A34);
 inline constexpr Colour kBrassEdge = hex(0xCFAE70);
+inline constexpr Colour kBrassInlay = hex(0xA67F43); // middle of the about picture's frame
+inline constexpr Colour kPetrolEdge{0.45F, 0.60F,
+                                    0.62F}; // round an inlay, where it faces the light
 inline constexpr Colour kBrassPrint = hex(0xD6B272);
 inline constexpr Colour kBrassLetters = hex(0xE2C58A); // about picture
 
@@ -47,11 +55,24 @@ inline constexpr Colour kHostHot = hex(0xE8CFA4);
 inline constexpr Colour kHostGlow = hex(0x9A5A1E);
 inline constexpr Colour kNeedle = hex(0xFFF0CC);
 inline constexpr Colour kNeedleEdge = hex(0xFF9A3C);
+inline constexpr Colour kNeedleGlow = hex(0xFF6A1A);
+inline constexpr Colour kCarriageTop =
+    hex(0x6B5436); // bronze: the needle's, hairlines of the waves
+inline constexpr Colour kCarriage = hex(0x3A2A18);
+inline constexpr Colour kCarriageBottom = hex(0x1A1109);
+inline constexpr Colour kDialGroove = hex(0x3A2816);
+inline constexpr Colour kWire = hex(0xD6AE68); // in the groove, where the light meets it
+inline constexpr Colour kWireLeft = hex(0x7A5A2C);
+inline constexpr Colour kWireRight = hex(0x6A4C22);
+inline constexpr Colour kRangeDark = hex(0x5A4020); // levels at which the follower rests
+inline constexpr Colour kRangeLine = hex(0x1A1008);
 inline constexpr Colour kDialLamp = hex(0xFF9A30);
 inline constexpr Colour kLipLight = hex(0xFFB45A);
 inline constexpr Colour kLampAmber = hex(0xFF9A1C);
 inline constexpr Colour kLampRuby = hex(0xFF3A22);
 inline constexpr Colour kLampIce = hex(0x9FDCFF);
+inline constexpr Colour kLampHot{1.0F, 0.97F, 0.92F}; // a lit jewel's middle
+inline constexpr Colour kRingHot{1.0F, 0.93F, 0.86F};
 inline constexpr Colour kRingDark{0.20F, 0.07F, 0.06F}; // ring of the bypass, unlit
 inline constexpr Colour kLampDark{0.20F, 0.15F, 0.12F};
 
@@ -64,6 +85,8 @@ inline constexpr Colour kKeyLitCore = hex(0xFFE7A0);
 inline constexpr Colour kKeyLitText = hex(0x2A1804);
 inline constexpr Colour kKeyGlow = hex(0xFF9A2A);
 inline constexpr Colour kKeySignDim = hex(0x8A6A3A);
+inline constexpr Colour kLockTop = hex(0x3B332B); // the overlay's smoked glass
+inline constexpr Colour kLockBottom = hex(0x221C17);
 inline constexpr Colour kWarmWhite{1.0F, 0.9F, 0.7F}; // what a key under the mouse is lit with
 
 // Print
@@ -81,13 +104,20 @@ inline constexpr Colour kLockText = hex(0xF2E6CC);
 // Text windows of the bar
 inline constexpr Colour kCreamLow = hex(0xCDBF9A);
 inline constexpr Colour kCream = hex(0xE7DCBD);
+inline constexpr Colour kCreamShade{0.20F, 0.12F, 0.0F};
 inline constexpr Colour kCreamLine = hex(0x8F8360);
 inline constexpr Colour kCreamSign = hex(0x3A3020);
 
 inline constexpr Colour kBlack{0.0F, 0.0F, 0.0F};
 inline constexpr Colour kWhite{1.0F, 1.0F, 1.0F};
-inline constexpr Colour kSoftbox{1.0F, 0.97F, 0.90F};    // its reflection in glass
-inline constexpr Colour kLitEdge{1.0F, 0.99F, 0.95F};    // edges that face the light
-inline constexpr Colour kWarmShadow{0.08F, 0.04F, 0.0F}; // shadows on ivory
+inline constexpr Colour kSoftbox{1.0F, 0.97F, 0.90F}; // its reflection in glass
+inline constexpr Colour kLitEdge{1.0F, 0.99F, 0.95F}; // edges that face the light
+
+// Shadows: warm, as ivory throws light into them
+inline constexpr Colour kWarmShadow{0.08F, 0.04F, 0.0F};
+inline constexpr Colour kContactShadow{0.06F, 0.03F, 0.0F}; // where a part touches
+inline constexpr Colour kSoftShadow{0.10F, 0.06F, 0.0F};    // of bezels and screws
+inline constexpr Colour kPlateShadow{0.12F, 0.08F, 0.02F};
+inline constexpr Colour kRivetShadow{0.15F, 0.10F, 0.03F};
 
 } // namespace pedl::skin::palette

@@ -54,7 +54,7 @@ constexpr std::array kPlaces{Point{18, 10}, Point{503, 10}, Point{18, 480}, Poin
 void drawScrews(Canvas& canvas) {
     float turn = 0.4F; // nobody tightens all of them alike
     for (const Point& place : kPlaces) {
-        canvas.soft(circle(place.x, place.y, 5.3), {{0.1F, 0.06F, 0.0F}, 0.6, 0.9, 0.4, 0.6});
+        canvas.soft(circle(place.x, place.y, 5.3), {palette::kSoftShadow, 0.6, 0.9, 0.4, 0.6});
         canvas.put(screw(turn, canvas.scale()), place.x - kSize / 2, place.y - kSize / 2);
         turn += 0.7F;
     }

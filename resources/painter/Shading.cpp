@@ -37,8 +37,8 @@ Curve power(float exponent) {
     return Curve([exponent](float x) { return std::pow(x, exponent); });
 }
 
-const Vector kKey = unit({-0.48F, -0.62F, 0.70F}); // softbox above left
-const Vector kFill = unit({0.75F, 0.35F, 0.55F});  // the room's bounce
+const Vector kKey = unit(kKeyLight);
+const Vector kFill = unit({0.75F, 0.35F, 0.55F}); // the room's bounce
 const Vector kHalfKey = unit({kKey.x, kKey.y, kKey.z + 1.0F});
 const Vector kHalfFill = unit({kFill.x, kFill.y, kFill.z + 1.0F});
 

@@ -15,7 +15,10 @@ constexpr float dot(Vector a, Vector b) {
 
 Vector unit(Vector vector);
 
-/// Falls from 0 at `a` to 1 at `b` without a corner; `a` may be the larger one.
+/// Towards the softbox above left; not of unit length.
+inline constexpr Vector kKeyLight{-0.48F, -0.62F, 0.70F};
+
+/// From 0 at `a` to 1 at `b` without a corner; `a` may be the larger one.
 constexpr float smoothStep(float a, float b, float x) {
     float t = (x - a) / (b - a);
     t = t < 0.0F ? 0.0F : t > 1.0F ? 1.0F : t;

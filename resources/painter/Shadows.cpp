@@ -17,11 +17,9 @@ struct Standing {
 
 void drawShadow(Canvas& canvas, const KnobPlace& place, const Standing& part) {
     const double height = part.height;
-    canvas.soft(circle(place.x, place.y, part.radius + 0.4), {{0.06F, 0.03F, 0.0F},
-                                                              0.9 * part.strength,
-                                                              std::max(1.0, 0.22 * height),
-                                                              0.10 * height,
-                                                              0.14 * height});
+    canvas.soft(circle(place.x, place.y, part.radius + 0.4),
+                {palette::kContactShadow, 0.9 * part.strength, std::max(1.0, 0.22 * height),
+                 0.10 * height, 0.14 * height});
     canvas.soft(
         circle(place.x, place.y, 0.97 * part.radius),
         {palette::kWarmShadow, 0.75 * part.strength, 0.42 * height, 0.42 * height, 0.58 * height});
@@ -87,7 +85,7 @@ void drawShadows(Canvas& canvas) {
         canvas.soft(roundRect({corner.x, corner.y, 40, 12}, 3),
                     {palette::kBlack, 0.6, 0.9, 0.6, 0.9});
     for (const Point& lamp : kLamps)
-        canvas.soft(circle(lamp.x, lamp.y, 5.7), {{0.06F, 0.03F, 0.0F}, 0.6, 0.8, 0.6, 0.9});
+        canvas.soft(circle(lamp.x, lamp.y, 5.7), {palette::kContactShadow, 0.6, 0.8, 0.6, 0.9});
 }
 
 } // namespace pedl::skin

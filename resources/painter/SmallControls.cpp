@@ -75,9 +75,9 @@ Picture paintThresholdMode(const SkinBitmap& size, int frame, int scale) {
     canvas.softInside(roundRect(window, 1.6), {palette::kBlack, 0.8, 1.0, 0.4, 0.8});
     canvas.stroke(roundRect(window.inset(0.25), 1.6), 0.5,
                   vertical(window, {{0, palette::kBlack, 0.8}, {1, palette::kLitEdge, 0.35}}));
-    canvas.fill(rectangle({4, middle - 4.5, 9, 9}), hex(0x5A4020));
+    canvas.fill(rectangle({4, middle - 4.5, 9, 9}), palette::kRangeDark);
     canvas.fill(rectangle(ranges[mode]), lit);
-    canvas.fill(rectangle({4, middle - 0.5, 9, 1}), hex(0x1A1008));
+    canvas.fill(rectangle({4, middle - 0.5, 9, 1}), palette::kRangeLine);
     canvas.fill(rectangle({3, middle - 0.5, 11, 1}), palette::kNeedle);
     write(canvas, kWords[mode], {30.5, middle + 2.5}, kTypeSB.tracked(0.15), lit);
     return canvas.picture();
@@ -88,7 +88,7 @@ Picture paintLockOverlay(const SkinBitmap& size, int, int scale) {
     Canvas canvas(size.width, size.frameHeight, scale);
     const Rectangle whole{0, 0, 264, 17};
     canvas.fill(roundRect(whole.inset(0.5), 2.5),
-                vertical(whole, {{0, hex(0x3B332B)}, {1, hex(0x221C17)}}));
+                vertical(whole, {{0, palette::kLockTop}, {1, palette::kLockBottom}}));
     canvas.stroke(roundRect(whole.inset(1), 2), 0.6,
                   vertical(whole, {{0, palette::kLitEdge, 0.38}, {1, palette::kBlack, 0.6}}));
     for (const double x : {10.0, 247.0}) { // padlocks

@@ -85,7 +85,7 @@ Picture paintWaveList(const SkinBitmap& size, int frame, int scale) {
     canvas.fill(rectangle({0, 0, 42, 0.5}), solid(palette::kWarmWhite, 0.07));
     canvas.fill(rectangle({0, 27.5, 42, 0.5}), solid(palette::kBlack, 0.6));
     for (const double x : {0.4, 41.6})
-        canvas.stroke(polyline({{x, 0}, {x, 28}}), 0.8, solid(hex(0x6B5436), 0.55));
+        canvas.stroke(polyline({{x, 0}, {x, 28}}), 0.8, solid(palette::kCarriageTop, 0.55));
     canvas.stroke(polyline({{10, 14}, {32, 14}}), 0.5, solid(palette::kAmber, 0.22));
     const Path curve = waveCurve(frame);
     canvas.strokeRound(curve, 5, solid(palette::kAmberGlow, 0.08));
