@@ -77,7 +77,7 @@ std::uint32_t toWord(float red, float green, float blue, float alpha, float nudg
 }
 
 Canvas::Canvas(double width, double height, int scale)
-    : width_(width), height_(height), scale_(scale),
+    : scale_(scale),
       surface_(makeSurface(CAIRO_FORMAT_ARGB32, static_cast<int>(std::lround(width * scale)),
                            static_cast<int>(std::lround(height * scale)))),
       context_(cairo_create(surface_.get())) {
@@ -151,30 +151,26 @@ void Canvas::softened(const Path& path, const Soft& soft, const Path* inside) {
             shade.pixels.push_back(toWord(soft.colour.red * alpha, soft.colour.green * alpha,
                                           soft.colour.blue * alpha, alpha, nudge));
         }
-    const auto draw = [&] { putSurface(surfaceOf(shade).get(), box.left, box.top, 1.0); };
+    const auto draw = [&] { putAt(shade, box.left, box.top); };
     if (inside != nullptr)
         clipped(*inside, draw);
     else
         draw();
 }
 
-void Canvas::putSurface(cairo_surface_t* surface, int column, int row, double alpha) {
+void Canvas::putAt(const Picture& picture, int column, int row) {
+    const Surface surface = surfaceOf(picture);
     cairo_save(context());
     cairo_identity_matrix(context());
-    cairo_set_source_surface(context(), surface, column, row);
+    cairo_set_source_surface(context(), surface.get(), column, row);
     cairo_pattern_set_filter(cairo_get_source(context()), CAIRO_FILTER_NEAREST);
-    cairo_paint_with_alpha(context(), alpha);
+    cairo_paint(context());
     cairo_restore(context());
 }
 
-void Canvas::put(const Picture& picture, double x, double y, double alpha) {
-    putSurface(surfaceOf(picture).get(), static_cast<int>(std::lround(x * scale_)),
-               static_cast<int>(std::lround(y * scale_)), alpha);
-}
-
-void Canvas::put(const Canvas& other, double x, double y, double alpha) {
-    putSurface(other.surface_.get(), static_cast<int>(std::lround(x * scale_)),
-               static_cast<int>(std::lround(y * scale_)), alpha);
+void Canvas::put(const Picture& picture, double x, double y) {
+    putAt(picture, static_cast<int>(std::lround(x * scale_)),
+          static_cast<int>(std::lround(y * scale_)));
 }
 
 void Canvas::clipped(const Path& path, const std::function<void()>& draw) {

@@ -8,7 +8,6 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
-#include <span>
 
 namespace pedl::skin {
 
@@ -83,8 +82,6 @@ class Canvas {
 public:
     Canvas(double width, double height, int scale);
 
-    [[nodiscard]] double width() const { return width_; }
-    [[nodiscard]] double height() const { return height_; }
     [[nodiscard]] int scale() const { return scale_; }
 
     void fill(const Path& path, const Paint& paint);
@@ -99,8 +96,7 @@ public:
     void softInside(const Path& path, const Soft& soft);
 
     /// The picture's device pixels from (x, y) on, which is rounded to a device pixel.
-    void put(const Picture& picture, double x, double y, double alpha = 1.0);
-    void put(const Canvas& other, double x, double y, double alpha = 1.0);
+    void put(const Picture& picture, double x, double y);
 
     /// What `draw` draws shows within the path alone.
     void clipped(const Path& path, const std::function<void()>& draw);
@@ -111,12 +107,11 @@ public:
     [[nodiscard]] cairo_t* context() { return context_.get(); }
 
 private:
-    void putSurface(cairo_surface_t* surface, int column, int row, double alpha);
+    /// From a device pixel on.
+    void putAt(const Picture& picture, int column, int row);
     void addPath(const Path& path);
     void softened(const Path& path, const Soft& soft, const Path* inside);
 
-    double width_;
-    double height_;
     int scale_;
     std::unique_ptr<cairo_surface_t, CairoDeleter> surface_;
     std::unique_ptr<cairo_t, CairoDeleter> context_;

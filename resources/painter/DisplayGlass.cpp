@@ -19,20 +19,15 @@ float reflection(float x, float y) {
                      0.03F * smoothStep(8.0F, 0.0F, std::fabs(74.0F - slope)));
 }
 
-Canvas displayGlass(int scale) {
-    Canvas canvas(kDisplay.width, kDisplay.height, scale);
+/// The glass from a place on, as wide as the picture.
+Picture part(const SkinBitmap& size, int scale, double from) {
     const Patch patch(kDisplay.width, kDisplay.height, scale, 0, 0);
     const Light softbox = linear(palette::kSoftbox);
+    Canvas canvas(size.width, size.frameHeight, scale);
     canvas.put(patch.light([&](int column, int row) -> Sample {
         return {softbox, reflection(patch.x(column), patch.y(row))};
     }),
-               0, 0);
-    return canvas;
-}
-
-Picture part(const SkinBitmap& size, int scale, double from) {
-    Canvas canvas(size.width, size.frameHeight, scale);
-    canvas.put(displayGlass(scale), -from, 0);
+               -from, 0);
     return canvas.picture();
 }
 

@@ -16,11 +16,9 @@ public:
         samples_.resize(static_cast<std::size_t>(length + 2 * margin));
     }
 
-    void load(const float* from, std::ptrdiff_t step, Beyond beyond) {
-        const float before = beyond == Beyond::Edge ? from[0] : 0.0F;
-        const float after = beyond == Beyond::Edge ? from[step * (length_ - 1)] : 0.0F;
-        std::fill_n(samples_.begin(), margin_, before);
-        std::fill(samples_.end() - margin_, samples_.end(), after);
+    void load(const float* from, std::ptrdiff_t step) {
+        std::fill_n(samples_.begin(), margin_, from[0]);
+        std::fill(samples_.end() - margin_, samples_.end(), from[step * (length_ - 1)]);
         for (int i = 0; i < length_; ++i)
             samples_[static_cast<std::size_t>(margin_ + i)] = from[step * i];
     }
@@ -34,24 +32,24 @@ private:
 };
 
 /// Calls `filter` (padded line, result) for every row, then for every column.
-template <class Filter> void separable(Field& field, int margin, Beyond beyond, Filter filter) {
+template <class Filter> void separable(Field& field, int margin, Filter filter) {
     std::vector<float> result(static_cast<std::size_t>(std::max(field.width, field.height)));
     Line across(field.width, margin);
     for (int y = 0; y < field.height; ++y) {
-        across.load(field.row(y), 1, beyond);
+        across.load(field.row(y), 1);
         filter(across.data(), field.width, result.data());
         std::copy_n(result.data(), field.width, field.row(y));
     }
     Line down(field.height, margin);
     for (int x = 0; x < field.width; ++x) {
-        down.load(field.values.data() + x, field.width, beyond);
+        down.load(field.values.data() + x, field.width);
         filter(down.data(), field.height, result.data());
         for (int y = 0; y < field.height; ++y)
             field.row(y)[x] = result[static_cast<std::size_t>(y)];
     }
 }
 
-void blurByKernel(Field& field, double sigma, Beyond beyond) {
+void blurByKernel(Field& field, double sigma) {
     const int reach = static_cast<int>(3.0 * sigma + 1.0);
     std::vector<float> kernel(static_cast<std::size_t>(2 * reach + 1));
     double sum = 0.0;
@@ -60,7 +58,7 @@ void blurByKernel(Field& field, double sigma, Beyond beyond) {
     for (int i = -reach; i <= reach; ++i)
         kernel[static_cast<std::size_t>(i + reach)] =
             static_cast<float>(std::exp(-0.5 * i * i / (sigma * sigma)) / sum);
-    separable(field, reach, beyond, [&kernel](const float* line, int length, float* result) {
+    separable(field, reach, [&kernel](const float* line, int length, float* result) {
         std::fill_n(result, length, 0.0F);
         for (std::size_t k = 0; k < kernel.size(); ++k)
             for (int i = 0; i < length; ++i)
@@ -70,11 +68,11 @@ void blurByKernel(Field& field, double sigma, Beyond beyond) {
 
 /// A running mean of 2 `reach` + 1 samples has the variance reach (reach + 1) / 3; three of them
 /// look like the bell.
-void blurByMeans(Field& field, double sigma, Beyond beyond) {
+void blurByMeans(Field& field, double sigma) {
     const int reach =
         std::max(1, static_cast<int>(std::lround(-0.5 + std::sqrt(0.25 + sigma * sigma))));
     for (int pass = 0; pass < 3; ++pass)
-        separable(field, reach, beyond, [reach](const float* line, int length, float* result) {
+        separable(field, reach, [reach](const float* line, int length, float* result) {
             const double share = 1.0 / (2 * reach + 1);
             double sum = 0.0;
             for (int i = 0; i < 2 * reach; ++i)
@@ -89,13 +87,13 @@ void blurByMeans(Field& field, double sigma, Beyond beyond) {
 
 } // namespace
 
-void blur(Field& field, double sigma, Beyond beyond) {
+void blur(Field& field, double sigma) {
     if (sigma <= 0.0 || field.values.empty())
         return;
     if (sigma > kWidestKernel)
-        blurByMeans(field, sigma, beyond);
+        blurByMeans(field, sigma);
     else
-        blurByKernel(field, sigma, beyond);
+        blurByKernel(field, sigma);
 }
 
 void normalise(Field& field) {

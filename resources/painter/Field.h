@@ -24,12 +24,9 @@ struct Field {
     }
 };
 
-/// What is beyond the border for a blur.
-enum class Beyond { Edge, Zero };
-
-/// Gaussian blur; `sigma` in samples. Wide ones are three running means, at a price that does not
-/// depend on the width.
-void blur(Field& field, double sigma, Beyond beyond = Beyond::Edge);
+/// Gaussian blur; `sigma` in samples, beyond the border its values go on. Wide ones are three
+/// running means, at a price that does not depend on the width.
+void blur(Field& field, double sigma);
 
 /// Scales to mean 0 and variance 1.
 void normalise(Field& field);
