@@ -1,6 +1,6 @@
 #include "resources/painter/FaceParts.h"
 
-#include "resources/painter/KnobPlaces.h"
+#include "resources/painter/FacePlaces.h"
 #include "resources/painter/Palette.h"
 
 #include <algorithm>

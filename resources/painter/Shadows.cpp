@@ -1,6 +1,6 @@
 #include "resources/painter/FaceParts.h"
 
-#include "resources/painter/KnobPlaces.h"
+#include "resources/painter/FacePlaces.h"
 #include "resources/painter/Palette.h"
 
 #include <algorithm>
@@ -32,22 +32,6 @@ constexpr Standing kSmall{10.5, 5.5, 0.62};
 constexpr Standing kSmallOnIvory{10.5, 5.5, 0.5};
 constexpr Standing kFootSwitch{23.7, 5, 0.8};
 
-/// A key or a window that stands in the plate.
-struct Seat {
-    Rectangle box;
-    double radius;
-    bool lip; // on ivory, where the seat's lower right edge catches light
-};
-
-// Not the four keys that send modulation: the lock overlay takes their place.
-constexpr std::array kSeats{
-    Seat{{385, 320, 27, 14}, 2, true},  Seat{{445, 320, 27, 14}, 2, true},
-    Seat{{100, 400, 260, 15}, 2, true}, Seat{{115, 243, 31, 14}, 2, true},
-    Seat{{166, 243, 37, 14}, 2, true},  Seat{{466, 400, 17, 15}, 2, true},
-    Seat{{229, 246, 48, 14}, 2, true},  Seat{{340, 420, 19, 13}, 2, false},
-    Seat{{384, 418, 28, 17}, 2, false}, Seat{{148, 112, 36, 14}, 2, false},
-    Seat{{80, 383, 11, 20}, 5, false},  Seat{{415, 381.5, 27, 21}, 5, false}};
-
 void drawSeat(Canvas& canvas, const Seat& seat) {
     canvas.soft(roundRect(seat.box.inset(0.5), seat.radius),
                 {palette::kWarmShadow, 0.55, 1.0, 0.7, 1.1});
@@ -58,12 +42,6 @@ void drawSeat(Canvas& canvas, const Seat& seat) {
                               {0.6, palette::kLitEdge, 0},
                               {1, palette::kLitEdge, 0.75}}));
 }
-
-constexpr std::array kSlides{Point{186.5, 137.5}, Point{408.5, 137.5}, Point{41.5, 442.5},
-                             Point{272.5, 442.5}}; // upper left corners
-constexpr std::array kLamps{Point{40, 301},  Point{83, 301},  Point{232, 301}, Point{378, 327},
-                            Point{439, 327}, Point{329, 426}, Point{376, 426}, Point{103, 426},
-                            Point{430, 426}, Point{141, 31},  Point{379, 31}}; // middles
 
 } // namespace
 
@@ -77,14 +55,14 @@ void drawShadows(Canvas& canvas) {
     for (const KnobPlace& place : kSmallPlaces)
         drawShadow(canvas, place, kSmall);
     drawShadow(canvas, kExtendPlace, kSmallOnIvory);
-    for (const double x : {139.5, 467.5})
-        drawShadow(canvas, {x, 456.5}, kFootSwitch);
-    for (const Seat& seat : kSeats)
+    for (const KnobPlace& place : kFootSwitchPlaces)
+        drawShadow(canvas, place, kFootSwitch);
+    for (const Seat& seat : kSeatPlaces)
         drawSeat(canvas, seat);
-    for (const Point& corner : kSlides)
+    for (const Point& corner : kSlidePlaces)
         canvas.soft(roundRect({corner.x, corner.y, 40, 12}, 3),
                     {palette::kBlack, 0.6, 0.9, 0.6, 0.9});
-    for (const Point& lamp : kLamps)
+    for (const Point& lamp : kLampPlaces)
         canvas.soft(circle(lamp.x, lamp.y, 5.7), {palette::kContactShadow, 0.6, 0.8, 0.6, 0.9});
 }
 

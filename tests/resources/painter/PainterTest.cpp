@@ -1,7 +1,12 @@
 #include "resources/painter/Painter.h"
 
+#include "editor/ControlLayout.h"
+#include "resources/painter/FacePlaces.h"
+
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <thread>
 #include <vector>
 
@@ -55,6 +60,68 @@ TEST(Painter, StripsHoldTheirFramesInOrderAndAnEncoderComesRound) {
     EXPECT_TRUE(std::equal(last.pixels.rbegin(), last.pixels.rend(), strip.pixels.rbegin()));
     EXPECT_TRUE(paintFrame(Drawing::Encoder, 100, 1).pixels ==
                 paintFrame(Drawing::Encoder, 0, 1).pixels);
+}
+
+/// The middle of what a control shows at first, on the face.
+Point middleOf(const ControlRow& row) {
+    constexpr int kScale = 2;
+    const SkinBitmap& bitmap = *findSkinBitmap(row.bitmaps[0]);
+    const Picture picture = paintFrame(bitmap.drawing, 0, kScale);
+    int left = picture.width, top = picture.height, right = 0, bottom = 0;
+    for (int y = 0; y < picture.height; ++y)
+        for (int x = 0; x < picture.width; ++x)
+            if (picture.pixels[static_cast<std::size_t>(y * picture.width + x)] >> 24U > 20) {
+                left = std::min(left, x);
+                right = std::max(right, x + 1);
+                top = std::min(top, y);
+                bottom = std::max(bottom, y + 1);
+            }
+    return {row.place.left + (left + right) / 2.0 / kScale,
+            row.place.top + (top + bottom) / 2.0 / kScale};
+}
+
+/// How many controls of these kinds are shown, and that each has its place among `places`.
+std::size_t controlsAt(const std::vector<Point>& places, std::initializer_list<ControlKind> kinds) {
+    std::size_t count = 0;
+    for (const ControlRow& row : kPanelRows) {
+        if (std::find(kinds.begin(), kinds.end(), row.kind) == kinds.end())
+            continue;
+        ++count;
+        const Point middle = middleOf(row);
+        EXPECT_TRUE(std::any_of(places.begin(), places.end(),
+                                [&](const Point& place) {
+                                    return std::hypot(place.x - middle.x, place.y - middle.y) < 0.4;
+                                }))
+            << row.tag << " at " << middle.x << ' ' << middle.y;
+    }
+    return count;
+}
+
+TEST(Painter, ShadowsAndScalesAreWhereTheControlsAre) {
+    std::vector<Point> knobs{{kExtendPlace.x, kExtendPlace.y}};
+    const auto add = [&knobs](const auto& places) {
+        for (const KnobPlace& place : places)
+            knobs.push_back({place.x, place.y});
+    };
+    add(kEncoderPlaces);
+    add(kLargePlaces);
+    add(kMediumPlaces);
+    add(kSmallPlaces);
+    EXPECT_EQ(
+        controlsAt(knobs, {ControlKind::Encoder, ControlKind::LabelledKnob, ControlKind::Knob}),
+        knobs.size());
+    const std::vector<Point> lamps(kLampPlaces.begin(), kLampPlaces.end());
+    EXPECT_EQ(controlsAt(lamps, {ControlKind::IndicatorLamp, ControlKind::MeterLamp}),
+              lamps.size());
+    for (const Seat& seat : kSeatPlaces)
+        EXPECT_TRUE(std::any_of(kPanelRows.begin(), kPanelRows.end(),
+                                [&](const ControlRow& row) {
+                                    return row.place.left == seat.box.x &&
+                                           row.place.right == seat.box.right() &&
+                                           std::fabs(row.place.bottom - seat.box.bottom()) < 1 &&
+                                           row.place.top <= seat.box.y;
+                                }))
+            << seat.box.x << ' ' << seat.box.y;
 }
 
 } // namespace
