@@ -5,8 +5,8 @@
 namespace pedl::skin {
 
 /// The face, logical pixels.
-inline constexpr int kFaceWidth = 521;
-inline constexpr int kFaceHeight = 544;
+inline constexpr int kFaceWidth = firstBitmapOf(Drawing::Background).width;
+inline constexpr int kFaceHeight = firstBitmapOf(Drawing::Background).frameHeight;
 inline constexpr int kBarTop = 491;
 
 // What stands on the face, one step of the background each, in the order of drawing.

@@ -1,5 +1,6 @@
 #include "resources/painter/Drawings.h"
 
+#include "resources/painter/KnobSizes.h"
 #include "resources/painter/Palette.h"
 #include "resources/painter/Patch.h"
 #include "resources/painter/Profile.h"
@@ -52,7 +53,7 @@ constexpr float kRimLine = 0.4F;   // half width of the dark line that ends a ba
 constexpr float kRimShade = 0.45F; // how dark
 
 // Large: bakelite skirt with flutes, spun aluminium cap, ivory line on the skirt, black on the cap
-constexpr float kLargeRadius = 19.8F;
+constexpr auto kLarge = static_cast<float>(kLargeRadius);
 constexpr float kCapRadius = 12.0F;
 
 const Profile& largeProfile() {
@@ -60,7 +61,7 @@ const Profile& largeProfile() {
                                   {12.4F, 8.7F},  {12.8F, 8.65F}, {13.3F, 8.49F}, {13.8F, 8.26F},
                                   {14.3F, 7.96F}, {14.8F, 7.58F}, {15.3F, 7.14F}, {15.8F, 6.63F},
                                   {16.3F, 6.04F}, {16.8F, 5.39F}, {17.3F, 4.67F}, {17.8F, 3.87F},
-                                  {18.3F, 3.01F}, {18.8F, 2.08F}, {19.3F, 1.08F}, {19.8F, 0.0F}};
+                                  {18.3F, 3.01F}, {18.8F, 2.08F}, {19.3F, 1.08F}, {kLarge, 0.0F}};
     return kProfile;
 }
 
@@ -69,7 +70,7 @@ const Profile& largeProfile() {
 Picture paintLargeKnob(const SkinBitmap& size, int frame, int scale) {
     const Patch patch(size.width, size.frameHeight, scale, 26.0, 24.5);
     const Pointer pointer = knobPointer(frame);
-    const Flutes flutes(24, 0.85F, 0.70F * kLargeRadius, 0.88F * kLargeRadius, pointer);
+    const Flutes flutes(24, 0.85F, 0.70F * kLarge, 0.88F * kLarge, pointer);
     const auto capMark = [&](float x, float y) {
         return patch.cover(markDistance(pointer.place(x, y), 0.85F, 4.0F, 11.4F));
     };
@@ -82,7 +83,7 @@ Picture paintLargeKnob(const SkinBitmap& size, int frame, int scale) {
         const float x = patch.x(column);
         const float y = patch.y(row);
         const Polar place(x, y);
-        const float cover = patch.cover(flutes.radius(place) - kLargeRadius);
+        const float cover = patch.cover(flutes.radius(place) - kLarge);
         if (cover <= 0.0F)
             return {};
         const Facet facet = patch.facet(relief, column, row);
@@ -90,7 +91,7 @@ Picture paintLargeKnob(const SkinBitmap& size, int frame, int scale) {
         Light light;
         if (cap < 1.0F) {
             const float line =
-                patch.cover(markDistance(pointer.place(x, y), 1.05F, 12.8F, kLargeRadius - 0.6F));
+                patch.cover(markDistance(pointer.place(x, y), 1.05F, 12.8F, kLarge - 0.6F));
             light = dielectric(facet, mix(kBakelite, kIvoryInlay, line), 0.85F - 0.75F * line);
             light = inlay(light, line, 0.75F);
         }
@@ -104,7 +105,7 @@ Picture paintLargeKnob(const SkinBitmap& size, int frame, int scale) {
         }
         light *= 1.0F - hidden.row(row)[column];
         light *= 1.0F - 0.75F * patch.cover(std::fabs(place.radius - 12.15F) - 0.32F);
-        light *= 1.0F - kRimShade * patch.cover(std::fabs(place.radius - kLargeRadius) - kRimLine);
+        light *= 1.0F - kRimShade * patch.cover(std::fabs(place.radius - kLarge) - kRimLine);
         return {light, cover};
     });
 }
@@ -112,12 +113,12 @@ Picture paintLargeKnob(const SkinBitmap& size, int frame, int scale) {
 namespace {
 
 // Medium: bakelite with a dished crown, ivory line
-constexpr float kMediumRadius = 14.5F;
+constexpr auto kMedium = static_cast<float>(kMediumRadius);
 
 const Profile& mediumProfile() {
-    static const Profile kProfile{{0.0F, 7.6F},  {2.0F, 7.5F},  {4.0F, 7.15F}, {6.0F, 6.6F},
-                                  {7.5F, 6.02F}, {8.9F, 5.4F},  {9.5F, 5.0F},  {9.9F, 4.95F},
-                                  {10.6F, 4.6F}, {13.2F, 2.0F}, {14.5F, 0.0F}};
+    static const Profile kProfile{{0.0F, 7.6F},  {2.0F, 7.5F},  {4.0F, 7.15F},  {6.0F, 6.6F},
+                                  {7.5F, 6.02F}, {8.9F, 5.4F},  {9.5F, 5.0F},   {9.9F, 4.95F},
+                                  {10.6F, 4.6F}, {13.2F, 2.0F}, {kMedium, 0.0F}};
     return kProfile;
 }
 
@@ -127,7 +128,7 @@ Picture paintMediumKnob(const SkinBitmap& size, int frame, int scale) {
     const Patch patch(size.width, size.frameHeight, scale, size.width / 2.0,
                       size.frameHeight / 2.0);
     const Pointer pointer = knobPointer(frame);
-    const Flutes flutes(18, 0.85F, 0.70F * kMediumRadius, 0.88F * kMediumRadius, pointer);
+    const Flutes flutes(18, 0.85F, 0.70F * kMedium, 0.88F * kMedium, pointer);
     const Field relief = patch.relief(
         0.38, [&](float x, float y) { return mediumProfile()(flutes.radius(Polar(x, y))); });
     const Field hidden = patch.occlusion(relief, 0.10F, 2.5);
@@ -135,16 +136,16 @@ Picture paintMediumKnob(const SkinBitmap& size, int frame, int scale) {
         const float x = patch.x(column);
         const float y = patch.y(row);
         const Polar place(x, y);
-        const float cover = patch.cover(flutes.radius(place) - kMediumRadius);
+        const float cover = patch.cover(flutes.radius(place) - kMedium);
         if (cover <= 0.0F)
             return {};
         const Facet facet = patch.facet(relief, column, row);
         const float line =
-            patch.cover(markDistance(pointer.place(x, y), 1.0F, 3.4F, kMediumRadius - 0.7F));
+            patch.cover(markDistance(pointer.place(x, y), 1.0F, 3.4F, kMedium - 0.7F));
         Light light = dielectric(facet, mix(kBakelite, kIvoryInlay, line), 0.85F - 0.73F * line);
         light *= 1.0F - hidden.row(row)[column];
         light = inlay(light, line, 0.70F);
-        light *= 1.0F - kRimShade * patch.cover(std::fabs(place.radius - kMediumRadius) - kRimLine);
+        light *= 1.0F - kRimShade * patch.cover(std::fabs(place.radius - kMedium) - kRimLine);
         return {light, cover};
     });
 }
@@ -152,11 +153,11 @@ Picture paintMediumKnob(const SkinBitmap& size, int frame, int scale) {
 namespace {
 
 // Small: machined aluminium, knurled wall, turned face, black groove
-constexpr float kSmallRadius = 10.5F;
+constexpr auto kSmall = static_cast<float>(kSmallRadius);
 
 const Profile& smallProfile() {
     static const Profile kProfile{
-        {0.0F, 4.6F}, {7.6F, 4.6F}, {8.5F, 4.1F}, {9.5F, 2.6F}, {10.5F, 0.0F}};
+        {0.0F, 4.6F}, {7.6F, 4.6F}, {8.5F, 4.1F}, {9.5F, 2.6F}, {kSmall, 0.0F}};
     return kProfile;
 }
 
@@ -179,7 +180,7 @@ Picture paintSmallKnob(const SkinBitmap& size, int frame, int scale) {
         const float x = patch.x(column);
         const float y = patch.y(row);
         const Polar place(x, y);
-        const float cover = patch.cover(place.radius - kSmallRadius);
+        const float cover = patch.cover(place.radius - kSmall);
         if (cover <= 0.0F)
             return {};
         const Facet facet = patch.facet(relief, column, row);
@@ -197,7 +198,7 @@ Picture paintSmallKnob(const SkinBitmap& size, int frame, int scale) {
 namespace {
 
 // Encoder: a turned wheel with a black inlay ring and a dimple for the finger
-constexpr float kEncoderRadius = 33.0F;
+constexpr auto kEncoder = static_cast<float>(kEncoderRadius);
 constexpr float kDimpleAt = 16.2F;
 constexpr float kDimpleRadius = 7.2F;
 constexpr float kDimpleDepth = 2.3F;
@@ -206,7 +207,7 @@ constexpr float kInlayRadius = 26.4F;
 const Profile& encoderProfile() {
     static const Profile kProfile{{0.0F, 9.0F},   {25.6F, 9.0F}, {26.0F, 8.65F},
                                   {26.8F, 8.65F}, {27.2F, 9.0F}, {28.4F, 8.9F},
-                                  {29.8F, 7.6F},  {31.6F, 3.6F}, {33.0F, 0.0F}};
+                                  {29.8F, 7.6F},  {31.6F, 3.6F}, {kEncoder, 0.0F}};
     return kProfile;
 }
 
@@ -235,7 +236,7 @@ Picture paintEncoder(const SkinBitmap& size, int frame, int scale) {
         const float x = patch.x(column);
         const float y = patch.y(row);
         const Polar place(x, y);
-        const float cover = patch.cover(place.radius - kEncoderRadius);
+        const float cover = patch.cover(place.radius - kEncoder);
         if (cover <= 0.0F)
             return {};
         const float distance = fromDimple(x, y);

@@ -1,6 +1,7 @@
 #include "resources/painter/FaceParts.h"
 
 #include "resources/painter/FacePlaces.h"
+#include "resources/painter/KnobSizes.h"
 #include "resources/painter/Palette.h"
 
 #include <algorithm>
@@ -17,10 +18,10 @@ struct Scale {
     double width;
     Colour ink;
 };
-constexpr Scale kLarge{21.6, 23.8, 0.8, palette::kInk};
-constexpr Scale kMedium{16.2, 18.0, 0.7, palette::kInk};
-constexpr Scale kSmall{11.9, 13.2, 0.6, palette::kPrint};
-constexpr Scale kSmallOnIvory{11.9, 13.2, 0.6, palette::kInk};
+constexpr Scale kLarge{kLargeRadius + 1.8, kLargeRadius + 4.0, 0.8, palette::kInk};
+constexpr Scale kMedium{kMediumRadius + 1.7, kMediumRadius + 3.5, 0.7, palette::kInk};
+constexpr Scale kSmall{kSmallRadius + 1.4, kSmallRadius + 2.7, 0.6, palette::kPrint};
+constexpr Scale kSmallOnIvory{kSmallRadius + 1.4, kSmallRadius + 2.7, 0.6, palette::kInk};
 
 void drawTick(Canvas& canvas, const KnobPlace& place, double degrees, const Scale& scale,
               double alpha) {
@@ -68,7 +69,8 @@ void drawEncoderScale(Canvas& canvas, const KnobPlace& place) {
         if (place.y - 39 * std::cos(degrees * std::numbers::pi / 180) > kPanelEdge)
             continue;
         const bool isLong = i % 10 == 0 && i > 0; // the name stands over the first
-        drawTick(canvas, place, degrees, {36.2, isLong ? 39.2 : 38.2, 0.7, palette::kInk}, 0.55);
+        const double from = kEncoderRadius + 3.2;
+        drawTick(canvas, place, degrees, {from, from + (isLong ? 3 : 2), 0.7, palette::kInk}, 0.55);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "resources/painter/FaceParts.h"
 
 #include "resources/painter/FacePlaces.h"
+#include "resources/painter/KnobSizes.h"
 #include "resources/painter/Palette.h"
 
 #include <algorithm>
@@ -25,11 +26,11 @@ void drawShadow(Canvas& canvas, const KnobPlace& place, const Standing& part) {
         {palette::kWarmShadow, 0.75 * part.strength, 0.42 * height, 0.42 * height, 0.58 * height});
 }
 
-constexpr Standing kEncoder{33.5, 9, 0.5};
-constexpr Standing kLarge{19.8, 9, 0.5};
-constexpr Standing kMedium{14.5, 7, 0.5};
-constexpr Standing kSmall{10.5, 5.5, 0.62};
-constexpr Standing kSmallOnIvory{10.5, 5.5, 0.5};
+constexpr Standing kEncoder{kEncoderRadius + 0.5, 9, 0.5};
+constexpr Standing kLarge{kLargeRadius, 9, 0.5};
+constexpr Standing kMedium{kMediumRadius, 7, 0.5};
+constexpr Standing kSmall{kSmallRadius, 5.5, 0.62};
+constexpr Standing kSmallOnIvory{kSmallRadius, 5.5, 0.5};
 constexpr Standing kFootSwitch{23.7, 5, 0.8};
 
 void drawSeat(Canvas& canvas, const Seat& seat) {
