@@ -3,6 +3,7 @@
 // is one.
 
 #include "bench/HostWindow.h"
+#include "bench/ResidentMemory.h"
 #include "editor/ZMTpedlFilterEditor.h"
 #include "foundation/platform/NoDiagnostics.h"
 #include "foundation/platform/NoSettings.h"
@@ -12,9 +13,7 @@
 #include <array>
 #include <benchmark/benchmark.h>
 #include <cmath>
-#include <fstream>
 #include <memory>
-#include <unistd.h>
 #include <vector>
 
 namespace pedl::bench {
@@ -29,13 +28,6 @@ VstIntPtr VSTCALLBACK answerHost(AEffect* /*effect*/, VstInt32 opcode, VstInt32 
                                  VstIntPtr /*value*/, void* /*ptr*/, float /*opt*/) {
     constexpr VstInt32 kVstVersion = 2400;
     return opcode == audioMasterVersion ? kVstVersion : 0;
-}
-
-double residentMegabytes() {
-    std::ifstream statm("/proc/self/statm");
-    long total = 0, resident = 0;
-    statm >> total >> resident;
-    return static_cast<double>(resident * sysconf(_SC_PAGESIZE)) / 1e6;
 }
 
 /// An effect and its editor.

@@ -1,6 +1,7 @@
 // What the skin costs: one frame of a knob that nobody has seen, and the memory that is held when
 // every frame of every strip was. `EditorBench` has what a whole face costs.
 
+#include "bench/ResidentMemory.h"
 #include "editor/ControlLayout.h"
 #include "resources/SkinResources.h"
 #include "vstgui/lib/cbitmap.h"
@@ -8,9 +9,7 @@
 #include "vstgui/lib/platform/common/pixmansurface.h"
 
 #include <benchmark/benchmark.h>
-#include <fstream>
 #include <memory>
-#include <unistd.h>
 #include <vector>
 
 namespace pedl::bench {
@@ -18,13 +17,6 @@ namespace pedl::bench {
 using namespace VSTGUI;
 
 namespace {
-
-double residentMegabytes() {
-    std::ifstream statm("/proc/self/statm");
-    long total = 0, resident = 0;
-    statm >> total >> resident;
-    return static_cast<double>(resident * sysconf(_SC_PAGESIZE)) / 1e6;
-}
 
 /// A window's picture. What was unpacked for the last of them goes with it.
 class Window {

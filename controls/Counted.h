@@ -31,4 +31,11 @@ private:
     Object* object_;
 };
 
+/// Takes the creator's own reference of a new object over.
+template <typename Object> Counted<Object> adopted(Object* created) {
+    Counted<Object> counted(created);
+    created->forget();
+    return counted;
+}
+
 } // namespace pedl

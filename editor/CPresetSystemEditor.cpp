@@ -18,10 +18,7 @@ constexpr double kBarFontPixels = 10; // at which the longest hint fits into its
 
 /// A font of the editor's own: the hint line changes the style of its one.
 Counted<CFontDesc> ownFont(double pixels) {
-    auto* const font = new CFontDesc(kNormalFontSmall->getName(), pixels);
-    const Counted<CFontDesc> counted(font);
-    font->forget();
-    return counted;
+    return adopted(new CFontDesc(kNormalFontSmall->getName(), pixels));
 }
 
 } // namespace

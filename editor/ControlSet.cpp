@@ -5,8 +5,7 @@ namespace pedl {
 using namespace VSTGUI;
 
 void ControlSet::add(std::int32_t tag, CControl* control) {
-    controls_.push_back({tag, control});
-    control->forget(); // the set has one of its own
+    controls_.push_back({tag, adopted(control)});
 }
 
 void ControlSet::setValue(std::int32_t tag, float value) const {

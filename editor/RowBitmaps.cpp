@@ -6,10 +6,8 @@ using namespace VSTGUI;
 
 RowBitmaps::RowBitmaps(const ControlRow& row) {
     for (std::size_t i = 0; i < bitmaps_.size() && row.bitmaps[i] != 0; ++i) {
-        auto* const bitmap = new CBitmap(CResourceDescription(row.bitmaps[i]));
-        bitmaps_[i] = bitmap;
-        bitmap->forget(); // the array has its own reference
-        areLoaded_ = areLoaded_ && bitmap->isLoaded();
+        bitmaps_[i] = adopted(new CBitmap(CResourceDescription(row.bitmaps[i])));
+        areLoaded_ = areLoaded_ && bitmaps_[i]->isLoaded();
     }
 }
 

@@ -14,10 +14,7 @@ namespace {
 
 Counted<CBitmap> loadFace() {
     skin::useEmbeddedSkin();
-    auto* const face = new CBitmap(CResourceDescription(kFaceBitmap));
-    const Counted<CBitmap> counted(face);
-    face->forget();
-    return counted;
+    return adopted(new CBitmap(CResourceDescription(kFaceBitmap)));
 }
 
 } // namespace
