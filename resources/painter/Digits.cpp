@@ -126,14 +126,14 @@ struct Words {
 };
 
 /// What the frame's own glass covers.
-Path ground(int frame, const DisplayWord* lit) {
-    const Path digits = rectangle({0, 0, kCellWidth, kWordsFrom});
-    const Path words = rectangle({0, kWordsFrom, kCellWidth, kDisplay.height - kWordsFrom});
+Rectangle ground(int frame, const DisplayWord* lit) {
     if (frame == kSlash) // stands alone, its cell has nothing below it
-        return join({digits, words});
-    if (frame == kPoint) // over a digit; the host's word stands where another one is printed
-        return lit == &kWordHost ? words : Path([](cairo_t*) {});
-    return digits; // the words of the face show below them
+        return {0, 0, kCellWidth, kDisplay.height};
+    if (frame != kPoint) // the words of the face show below the digits
+        return {0, 0, kCellWidth, kWordsFrom};
+    if (lit == &kWordHost) // it stands where another word is printed
+        return {0, kWordsFrom, kCellWidth, kDisplay.height - kWordsFrom};
+    return {0, 0, 0, 0}; // a point lies over a digit
 }
 
 Picture digit(const SkinBitmap& size, int frame, int scale, const GlassLight& light,
@@ -141,7 +141,7 @@ Picture digit(const SkinBitmap& size, int frame, int scale, const GlassLight& li
     Canvas canvas(size.width, size.frameHeight, scale);
     const Rectangle cell{0, 0, kCellWidth, kDisplay.height};
     const DisplayWord* const lit = words.litBy(frame);
-    canvas.clipped(ground(frame, lit), [&] { fillGlass(canvas, cell); });
+    canvas.clipped(rectangle(ground(frame, lit)), [&] { fillGlass(canvas, cell); });
     if (frame <= kBlank)
         drawUnlitCell(canvas, 0, 0);
     if (frame < kBlank)

@@ -13,14 +13,15 @@ constexpr double kWidestKernel = 5.0; // sigma in samples, beyond which running 
 class Line {
 public:
     Line(int length, int margin) : margin_(margin), length_(length) {
-        samples_.resize(static_cast<std::size_t>(length + 2 * margin));
+        samples_.resize(static_cast<std::size_t>(length) + 2 * static_cast<std::size_t>(margin));
     }
 
     void load(const float* from, std::ptrdiff_t step) {
         std::fill_n(samples_.begin(), margin_, from[0]);
         std::fill(samples_.end() - margin_, samples_.end(), from[step * (length_ - 1)]);
+        float* const inside = samples_.data() + margin_;
         for (int i = 0; i < length_; ++i)
-            samples_[static_cast<std::size_t>(margin_ + i)] = from[step * i];
+            inside[i] = from[step * i];
     }
 
     [[nodiscard]] const float* data() const { return samples_.data(); }
@@ -51,7 +52,7 @@ template <class Filter> void separable(Field& field, int margin, Filter filter) 
 
 void blurByKernel(Field& field, double sigma) {
     const int reach = static_cast<int>(3.0 * sigma + 1.0);
-    std::vector<float> kernel(static_cast<std::size_t>(2 * reach + 1));
+    std::vector<float> kernel(2 * static_cast<std::size_t>(reach) + 1);
     double sum = 0.0;
     for (int i = -reach; i <= reach; ++i)
         sum += std::exp(-0.5 * i * i / (sigma * sigma));
