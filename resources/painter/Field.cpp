@@ -56,9 +56,10 @@ void blurByKernel(Field& field, double sigma) {
     double sum = 0.0;
     for (int i = -reach; i <= reach; ++i)
         sum += std::exp(-0.5 * i * i / (sigma * sigma));
-    for (int i = -reach; i <= reach; ++i)
-        kernel[static_cast<std::size_t>(i + reach)] =
-            static_cast<float>(std::exp(-0.5 * i * i / (sigma * sigma)) / sum);
+    for (int i = 0; float& share : kernel) {
+        const int from = i++ - reach;
+        share = static_cast<float>(std::exp(-0.5 * from * from / (sigma * sigma)) / sum);
+    }
     separable(field, reach, [&kernel](const float* line, int length, float* result) {
         std::fill_n(result, length, 0.0F);
         for (std::size_t k = 0; k < kernel.size(); ++k)
