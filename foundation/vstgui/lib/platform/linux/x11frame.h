@@ -111,8 +111,8 @@ private:
     CPoint lastMouse_;
     bool isMouseAway_ = true; // over other windows: the server need not be asked
     CButtonState lastButtons_;
-    int32_t held_ = 0;           // buttons that were pressed here and not let go yet
-    std::vector<CRect> exposed_; // logical pixels
+    int32_t held_ = 0;            // buttons that were pressed here and not let go yet
+    std::vector<CRect> exposed_;  // logical pixels
     bool isFocusLeaving_ = false; // gone, and not believed yet
     uint64_t focusLeftMs_ = 0;
     bool hasFocus_ = false;

@@ -15,8 +15,8 @@ namespace {
 /// they are worked off.
 constexpr uint64_t kLongestPumpMs = 20;
 
-/// Window managers give the focus to the host's window at each press and then let the press through,
-/// with which it comes back here. Only a loss that lasts longer closes fields and lists.
+/// Window managers give the focus to the host's window at each press and then let the press
+/// through, with which it comes back here. Only a loss that lasts longer closes fields and lists.
 constexpr uint64_t kFocusPauseMs = 100;
 
 /// The server knows of these whether they are held.
