@@ -22,8 +22,12 @@ public:
         const VSTGUI::CBaseObjectGuard self(this);
         endsGivenEarly_ = 0;
         const bool wasInFrame = this->getFrame() != nullptr;
+        const int32_t outer = std::exchange(beginsAt_, openEdits_);
         if (this->listener)
             this->listener->controlBeginEdit(this);
+        const bool isEnded = std::exchange(beginsAt_, outer) == kNoBegin;
+        if (isEnded) // a held key was let go meanwhile: the host never hears of this edit
+            return;
         if (VSTGUI::CFrame* const frame = this->getFrame()) {
             ++openEdits_; // first: the host may take the control away as well
             frame->beginEdit(this->getTag());
@@ -39,9 +43,13 @@ public:
             --endsGivenEarly_;
             return;
         }
-        if (openEdits_ > 0)
-            --openEdits_;
-        Base::endEdit();
+        if (openEdits_ == beginsAt_) { // the listener still hears of its begin
+            beginsAt_ = kNoBegin;
+            if (this->listener)
+                this->listener->controlEndEdit(this);
+            return;
+        }
+        endOneEdit();
     }
 
     bool removed(VSTGUI::CView* parent) override {
@@ -53,10 +61,10 @@ public:
 protected:
     /// For an event that tells of a release which was never seen.
     void endOpenEdits() {
-        int32_t early = std::exchange(endsGivenEarly_, 0); // of a removal before this one
-        for (; openEdits_ > 0; ++early)
-            endEdit();
-        endsGivenEarly_ = early;
+        while (openEdits_ > 0) {
+            ++endsGivenEarly_; // first: whoever hears of this end may have the code ask for it
+            endOneEdit();
+        }
     }
     /// The edit that was begun last has no end, on purpose.
     void leaveEditOpen() {
@@ -65,8 +73,17 @@ protected:
     }
 
 private:
+    static constexpr int32_t kNoBegin = -1;
+
+    void endOneEdit() {
+        if (openEdits_ > 0)
+            --openEdits_;
+        Base::endEdit();
+    }
+
     int32_t openEdits_ = 0; // that the host has heard of
     int32_t endsGivenEarly_ = 0;
+    int32_t beginsAt_ = kNoBegin; // how many were open when the one that is being told began
 };
 
 } // namespace pedl
