@@ -311,6 +311,13 @@ TEST_F(Gesture, AnEditEndsOnceWhereverItsListenerTakesTheControlAway) {
     press(VKEY_UP);
     EXPECT_EQ(log.take(), kOneEdit);
     encoder->forget();
+
+    auto* const button = put(new CSaveLoadButton(kPlace, this, 1, 13, nullptr));
+    theFrame().setFocusView(button);
+    onBegin = takeAway;
+    press(VKEY_RETURN);
+    EXPECT_EQ(log.take(), "begin, end") << "the held key was let go of before the host heard";
+    button->forget();
 }
 
 /// Plain arithmetic beside the counter's digits.
