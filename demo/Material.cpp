@@ -1,9 +1,10 @@
 #include "demo/Material.h"
 
+#include "demo/Synthesis.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
 #include <numbers>
 #include <string_view>
 #include <utility>
@@ -11,135 +12,6 @@
 namespace pedl::demo {
 
 namespace {
-
-constexpr int kSampleRateHz = 48000;
-constexpr std::size_t kStepFrames = 6000;
-constexpr std::size_t kStepsPerBar = 16;
-constexpr std::size_t kBars = 4;
-constexpr std::size_t kLengthFrames = kBars * kStepsPerBar * kStepFrames;
-constexpr float kPeak = 0.7079F; // -3 dBFS
-constexpr double kTwoPi = 2.0 * std::numbers::pi;
-
-double hertzOfNote(double midiNote) {
-    return 440.0 * std::exp2((midiNote - 69.0) / 12.0);
-}
-
-/// White noise, -1..1, from our own generator: the material is the same wherever it is made.
-class Noise {
-public:
-    explicit Noise(std::uint32_t seed) : state_(seed) {}
-
-    double next() {
-        state_ = state_ * 1664525U + 1013904223U;
-        return static_cast<double>(state_) / 2147483648.0 - 1.0;
-    }
-
-private:
-    std::uint32_t state_;
-};
-
-/// Low-pass of 6 dB/oct; what it takes away is the high-pass.
-class OnePole {
-public:
-    explicit OnePole(double cutoffHz)
-        : coefficient_(1.0 - std::exp(-kTwoPi * cutoffHz / kSampleRateHz)) {}
-
-    double lowPass(double x) { return value_ += (x - value_) * coefficient_; }
-    double highPass(double x) { return x - lowPass(x); }
-
-private:
-    double coefficient_;
-    double value_ = 0.0;
-};
-
-StereoSound silence() {
-    return {kSampleRateHz, std::vector<float>(kLengthFrames), std::vector<float>(kLengthFrames)};
-}
-
-/// Adds one sample at equal power between the channels; beyond the end it is lost.
-/// @param pan  0 left, 1 right
-void mixIn(StereoSound& sound, std::size_t frame, double sample, double pan) {
-    if (frame >= sound.lengthFrames())
-        return;
-    const double angle = pan * std::numbers::pi / 2.0;
-    sound.left[frame] += static_cast<float>(sample * std::cos(angle));
-    sound.right[frame] += static_cast<float>(sample * std::sin(angle));
-}
-
-float peakOf(const StereoSound& sound) {
-    float peak = 0.0F;
-    for (const auto* channel : {&sound.left, &sound.right})
-        for (const float sample : *channel)
-            peak = std::max(peak, std::abs(sample));
-    return peak;
-}
-
-/// Brings the sound to the peak level; a drive above 0 rounds the peaks on the way, as an
-/// amplifier does, so that the quiet notes come up.
-StereoSound levelled(StereoSound sound, float drive) {
-    const float toUnity = 1.0F / peakOf(sound);
-    for (auto* channel : {&sound.left, &sound.right})
-        for (float& sample : *channel) {
-            const float unity = sample * toUnity;
-            sample = kPeak * (drive > 0.0F ? std::tanh(drive * unity) / std::tanh(drive) : unity);
-        }
-    return sound;
-}
-
-// The string --------------------------------------------------------------------------------------
-
-struct Pluck {
-    std::size_t step;
-    std::size_t lengthSteps;
-    int midiNote;
-    double strength; // 0..1: how hard, and with it how bright
-};
-
-/// A burst of noise, softened by the finger and combed by the place where the string is plucked.
-std::vector<double> pluckedBurst(std::size_t periodFrames, double strength, Noise& noise) {
-    constexpr double kPickPosition = 0.17; // of the string's length, from the bridge
-    std::vector<double> burst(periodFrames);
-    OnePole finger(1500.0 + 9000.0 * strength);
-    for (double& sample : burst)
-        sample = finger.lowPass(noise.next()) * strength;
-    const auto pick = std::max<std::size_t>(
-        1, static_cast<std::size_t>(kPickPosition * static_cast<double>(periodFrames)));
-    std::vector<double> combed(periodFrames);
-    for (std::size_t i = 0; i < periodFrames; ++i)
-        combed[i] = burst[i] - burst[(i + periodFrames - pick) % periodFrames];
-    return combed;
-}
-
-void playString(StereoSound& sound, const Pluck& pluck, double pan, Noise& noise) {
-    constexpr double kRingSeconds = 3.0;   // decay to -60 dB while the string rings
-    constexpr double kMutedSeconds = 0.06; // the same once the hand lies on it
-    const double periodFrames = kSampleRateHz / hertzOfNote(pluck.midiNote);
-    // The averaging filter delays by half a frame; the all-pass makes up what is left of the
-    // period.
-    const auto delayFrames = static_cast<std::size_t>(periodFrames - 0.6);
-    const double rest = periodFrames - 0.5 - static_cast<double>(delayFrames);
-    const double allPass = (1.0 - rest) / (1.0 + rest);
-    const auto decayPerPeriod = [&](double seconds) {
-        return std::pow(10.0, -3.0 * periodFrames / (seconds * kSampleRateHz));
-    };
-
-    std::vector<double> line = pluckedBurst(delayFrames, pluck.strength, noise);
-    const std::size_t start = pluck.step * kStepFrames;
-    const std::size_t held = pluck.lengthSteps * kStepFrames * 9 / 10;
-    const std::size_t muted = static_cast<std::size_t>(kMutedSeconds * kSampleRateHz);
-    double previous = 0.0, allPassIn = 0.0, allPassOut = 0.0;
-    for (std::size_t i = 0; i < held + muted; ++i) {
-        double& slot = line[i % delayFrames];
-        const double out = slot;
-        const double decay = decayPerPeriod(i < held ? kRingSeconds : kMutedSeconds);
-        const double averaged = decay * 0.5 * (out + previous);
-        previous = out;
-        allPassOut = allPass * (averaged - allPassOut) + allPassIn;
-        allPassIn = averaged;
-        slot = allPassOut;
-        mixIn(sound, start + i, out, pan);
-    }
-}
 
 // Drums -------------------------------------------------------------------------------------------
 
@@ -196,20 +68,6 @@ double strengthOf(char step) {
 }
 
 // Pad ---------------------------------------------------------------------------------------------
-
-/// The jump of a saw wave, rounded over one frame on either side so that little of it aliases
-/// (V. Valimaki, A. Huovilainen, "Antialiasing Oscillators in Subtractive Synthesis", 2007).
-double roundedJump(double phase, double increment) {
-    if (phase < increment) {
-        const double t = phase / increment;
-        return t + t - t * t - 1.0;
-    }
-    if (phase > 1.0 - increment) {
-        const double t = (phase - 1.0) / increment;
-        return t * t + t + t + 1.0;
-    }
-    return 0.0;
-}
 
 void playSaw(StereoSound& sound, std::size_t start, std::size_t frames, double hertz, double phase,
              double pan) {

@@ -1,10 +1,11 @@
-// pedl-demo-material FOLDER: writes riff.wav, drums.wav and pad.wav there.
+// pedl-demo-material FOLDER: writes riff.wav, drums.wav, pad.wav, bass.wav, voice.wav and funk.wav there.
 
 #include "demo/Material.h"
 
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <string>
 
 int main(int argumentCount, char** arguments) try {
     using namespace pedl::demo;
@@ -14,9 +15,8 @@ int main(int argumentCount, char** arguments) try {
     }
     const std::filesystem::path folder = arguments[1];
     std::filesystem::create_directories(folder);
-    writeSound(folder / "riff.wav", pluckedRiff());
-    writeSound(folder / "drums.wav", drumPattern());
-    writeSound(folder / "pad.wav", pad());
+    for (const std::string& name : materialNames())
+        writeSound(folder / (name + ".wav"), material(name));
     return 0;
 } catch (const std::exception& error) {
     std::cerr << "pedl-demo-material: " << error.what() << '\n';
