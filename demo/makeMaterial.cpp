@@ -1,4 +1,5 @@
-// pedl-demo-material FOLDER: writes riff.wav, drums.wav, pad.wav, bass.wav, voice.wav and funk.wav there.
+// pedl-demo-material FOLDER: writes riff.wav, drums.wav, pad.wav, bass.wav, voice.wav and funk.wav
+// there.
 
 #include "demo/Material.h"
 
