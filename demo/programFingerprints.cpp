@@ -1,6 +1,7 @@
 // program-fingerprints: plays every factory program over every material and prints what a table of
 // sounds is judged by: levels, movement, what the names promise, and who sounds like whom.
 
+#include "demo/ChangeWalk.h"
 #include "demo/Fingerprint.h"
 #include "demo/Material.h"
 #include "demo/ProgramPlay.h"
@@ -14,6 +15,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -139,6 +141,20 @@ void printAll(const std::vector<int>& slots) {
                     nameOf(pairs[i].other));
 }
 
+void printChanges() {
+    std::vector<Change> changes = walkThroughAllChanges(kMeasured);
+    const auto worst = [&](const char* what, double Change::*figure) {
+        std::ranges::sort(changes, std::greater(), figure);
+        std::printf("\n%zu changes; the worst %s, dB above both programs' own:\n", changes.size(),
+                    what);
+        for (std::size_t i = 0; i < 25; ++i)
+            std::printf("%+5.1f  %s -> %s\n", changes[i].*figure, nameOf(changes[i].from),
+                        nameOf(changes[i].to));
+    };
+    worst("bursts", &Change::burstDb);
+    worst("clicks", &Change::clickDb);
+}
+
 } // namespace
 
 } // namespace pedl::demo
@@ -147,7 +163,13 @@ int main(int count, char** words) {
     std::vector<int> slots;
     CLI::App app("Measures the factory programs.", "program-fingerprints");
     app.add_option("slots", slots, "Slots to print, all without");
+    bool isWalk = false;
+    app.add_flag("--walk", isWalk, "Walk through all changes between programs instead");
     CLI11_PARSE(app, count, words);
+    if (isWalk) {
+        pedl::demo::printChanges();
+        return 0;
+    }
     if (slots.empty())
         for (int slot = 0; slot <= 120; ++slot)
             slots.push_back(slot);

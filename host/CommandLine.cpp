@@ -178,6 +178,28 @@ CLI::App* addDiff(CLI::App& app, CommandLine& line) {
     return command;
 }
 
+constexpr const char* kAuditionNotes = R"(
+FOLDER gets index.html, on which every program is heard dry and wet and seen: its spectrogram with
+the cut-off and the gain that move it. The page searches, filters by family and is played from the
+keyboard; it needs nothing from elsewhere.
+
+Without --material each factory program plays on the material that it is made for, and a program of
+your own on three of these. Sounds are cut after 30 seconds. The host's tempo is 120.)";
+
+CLI::App* addAudition(CLI::App& app, CommandLine& line) {
+    CLI::App* const command = app.add_subcommand(
+        "audition", "Render programs of ZMT pedlFilter into a page to hear and see them on");
+    command->add_option("--material", line.materials, "Sound files to play, each on every program")
+        ->type_name("FILE");
+    addTextOption(*command, storedFileOption(DocumentKind::Bank), line.bank, "FILE",
+                  "Programs to take: anything that convert reads and has programs");
+    command->add_option("--program", line.programs, "Programs, by name or slot from 0 (all)")
+        ->type_name("NAME|SLOT");
+    addTextOption(*command, "--out", line.out, "FOLDER", "Where the page goes (audition)");
+    command->footer(kAuditionNotes);
+    return command;
+}
+
 /// One of them, to be asked whether it was named.
 struct SubCommand {
     const CLI::App* command;
@@ -198,6 +220,7 @@ std::vector<SubCommand> addSubCommands(CLI::App& app, CommandLine& line) {
                    Action::Information});
     all.push_back({addConvert(app, line), Action::Convert});
     all.push_back({addDiff(app, line), Action::Diff});
+    all.push_back({addAudition(app, line), Action::Audition});
     return all;
 }
 

@@ -7,7 +7,7 @@
 namespace pedl {
 
 /// The sub-commands of zmt-pedlfilter.
-enum class Action { Render, Show, Programs, Parameters, Information, Convert, Diff };
+enum class Action { Render, Show, Programs, Parameters, Information, Convert, Diff, Audition };
 
 /// The status of a program that was used wrongly.
 constexpr int kWrongUse = 2;
@@ -17,7 +17,7 @@ struct CommandLine {
     Action action = Action::Render;
     std::string in, out, plugin, program, bank, preset, midiSettings, midi,
         tempo = "120", block = "512", tail = "0", play, screenshot, scale, seconds;
-    std::vector<std::string> settings, links, automations;
+    std::vector<std::string> settings, links, automations, materials, programs;
     bool isDouble = false;
     bool isJson = false;
     bool isVerbose = false;

@@ -1,5 +1,6 @@
 // The command: reads what the user wants, calls the host library, writes what came of it.
 
+#include "host/AuditionCommand.h"
 #include "host/CommandRequests.h"
 #include "host/FileCommands.h"
 #include "host/Interrupt.h"
@@ -173,6 +174,17 @@ template <typename Listing> int runListing(const CommandLine& line, const Listin
     return print(listing(*plugin.value(), path.value().string(), form));
 }
 
+int runAudition(const CommandLine& line) {
+    AuditionRequest request{{line.materials.begin(), line.materials.end()},
+                            std::nullopt,
+                            line.programs,
+                            line.out.empty() ? "audition" : line.out};
+    if (!line.bank.empty())
+        request.bank = line.bank;
+    const Result<std::string> written = renderAudition(request);
+    return written.ok() ? print(written.value()) : fail(written.problem().text);
+}
+
 int run(const CommandLine& line) {
     switch (line.action) {
     case Action::Render:
@@ -183,6 +195,8 @@ int run(const CommandLine& line) {
         return runConvert(line);
     case Action::Diff:
         return runDiff(line);
+    case Action::Audition:
+        return runAudition(line);
     case Action::Programs:
         return runListing(line, [](Plugin& plugin, const std::string&, ListingForm form) {
             return programListing(plugin, form);
