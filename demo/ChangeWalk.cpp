@@ -36,6 +36,20 @@ double db(double factor) {
     return 20.0 * std::log10(factor);
 }
 
+/// The pad, faded at both ends so that it can be begun again.
+StereoSound loopedPad() {
+    constexpr std::size_t kFadeFrames = 4800;
+    StereoSound sound = pad();
+    for (auto* channel : {&sound.left, &sound.right})
+        for (std::size_t i = 0; i < kFadeFrames; ++i) {
+            const auto part = static_cast<float>(i) / kFadeFrames;
+            const float factor = part * part * (3.0F - 2.0F * part);
+            (*channel)[i] *= factor;
+            (*channel)[channel->size() - 1 - i] *= factor;
+        }
+    return sound;
+}
+
 /// From each program of `first`, `first` + 2, ... to all others and back.
 void walkFrom(int first, int programs, const StereoSound& pad, const std::vector<Peaks>& own,
               std::vector<Change>& changes) {
@@ -48,7 +62,7 @@ void walkFrom(int first, int programs, const StereoSound& pad, const std::vector
         const auto step = [&](int here, int there) {
             walk.change(factoryProgram(there));
             if (frame + settle > sound.lengthFrames()) {
-                sound = pad; // its end and its beginning are alike: silence
+                sound = pad;
                 frame = 0;
             }
             walk.play(sound, frame, settle);
@@ -72,7 +86,7 @@ void walkFrom(int first, int programs, const StereoSound& pad, const std::vector
 } // namespace
 
 std::vector<Change> walkThroughAllChanges(int programs) {
-    const StereoSound sound = pad();
+    const StereoSound sound = loopedPad();
     std::vector<Peaks> own;
     for (int slot = 0; slot < programs; ++slot) {
         const StereoSound played = playProgram(factoryProgram(slot), sound, {}).output;

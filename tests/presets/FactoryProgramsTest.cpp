@@ -60,6 +60,15 @@ TEST(FactoryPrograms, HaveNamesOfTheirOwnValuesInRangeAndATempoWhereTheNameSaysS
     for (const auto& [slot, name] : std::map<int, std::string>{
              {0, "Default"}, {57, "Drunk Morse Code"}, {105, "Jew's harp [snc]"}, {120, "Init"}})
         EXPECT_EQ(factoryProgramName(slot), name);
+    for (std::int32_t slot = 0; slot < kNumPrograms; ++slot)
+        bank.setValue(slot, kParam3, 0.5F);
+    writeFactoryPrograms(bank);
+    std::set<std::int32_t> left;
+    for (std::int32_t slot = 0; slot < kNumPrograms; ++slot)
+        if (bank.value(slot, kParam3) == 0.5F)
+            left.insert(slot);
+    EXPECT_EQ(left, (std::set<std::int32_t>{7,  8,  23, 24, 28,  30,  39,  40,  44,  56,  57,
+                                            58, 60, 61, 62, 100, 101, 107, 108, 109, 115, 116}));
     EXPECT_EQ(names.size(), 121U) << "120 names, then Init in every slot";
 }
 
