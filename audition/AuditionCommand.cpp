@@ -63,7 +63,7 @@ public:
 private:
     void take(const std::string& name, demo::StereoSound sound) {
         const std::string file = "dry-" + std::to_string(page_.size()) + ".wav";
-        demo::writeSound((folder_ / file).string(), sound);
+        demo::writeSound((folder_ / file).string(), sound, demo::WavFormat::Short);
         page_.push_back({printableText(name), file, sound.lengthSeconds()});
         sounds_.push_back(std::move(sound));
     }
@@ -166,7 +166,7 @@ Result<std::string> renderAll(const AuditionRequest& request,
             demo::PlayedProgram played = demo::playProgram(program, materials.sound(material), {});
             const std::string file =
                 "wet-" + std::to_string(slots[i]) + "-" + std::to_string(material) + ".wav";
-            demo::writeSound((request.out / file).string(), played.output);
+            demo::writeSound((request.out / file).string(), played.output, demo::WavFormat::Short);
             renderings.push_back(
                 {material, file, std::move(played.output), std::move(played.trace)});
             ++sounds;

@@ -43,12 +43,13 @@ StereoSound readSound(const std::string& path, double limitSeconds) {
     return sound;
 }
 
-void writeSound(const std::string& path, const StereoSound& sound) {
+void writeSound(const std::string& path, const StereoSound& sound, WavFormat format) {
     SF_INFO info{};
     info.samplerate = sound.sampleRateHz;
     info.channels = 2;
-    info.format = SF_FORMAT_WAV | SF_FORMAT_FLOAT;
+    info.format = SF_FORMAT_WAV | (format == WavFormat::Short ? SF_FORMAT_PCM_16 : SF_FORMAT_FLOAT);
     const SoundFile file = openSound(path, SFM_WRITE, info);
+    sf_command(file.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
 
     std::vector<float> interleaved(2 * sound.lengthFrames());
     for (std::size_t i = 0; i < sound.lengthFrames(); ++i) {

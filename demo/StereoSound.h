@@ -24,7 +24,13 @@ struct StereoSound {
 /// Throws std::runtime_error with the path and the reason.
 StereoSound readSound(const std::string& path, double limitSeconds);
 
-/// Writes a 32-bit float WAV file. Throws std::runtime_error with the path and the reason.
-void writeSound(const std::string& path, const StereoSound& sound);
+enum class WavFormat {
+    Float, ///< 32 bits: keeps what is beyond full scale
+    Short  ///< 16 bits: half the size; what is beyond full scale is cut off
+};
+
+/// Writes a WAV file. Throws std::runtime_error with the path and the reason.
+void writeSound(const std::string& path, const StereoSound& sound,
+                WavFormat format = WavFormat::Float);
 
 } // namespace pedl::demo

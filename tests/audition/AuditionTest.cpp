@@ -27,7 +27,7 @@ protected:
         return {std::istreambuf_iterator<char>(file), {}};
     }
     bool hasSound(const char* name) const {
-        return std::filesystem::file_size(folder_ / "out" / name) > 9600 * 4;
+        return std::filesystem::file_size(folder_ / "out" / name) >= 9600 * 4;
     }
 
     const std::filesystem::path folder_ = testing::TempDir() + "audition";
