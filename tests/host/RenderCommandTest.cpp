@@ -154,6 +154,7 @@ protected:
                    [](long frame, int) { return static_cast<double>(frame % 100) / 200.0 - 0.25; });
         Document chunk = factoryDocument();
         chunk.currentSlot = 3;
+        chunk.programs[3].normalised = chunk.programs[0].normalised;
         chunk.programs[3].normalised[kFilterCutoffFreq] = 0.3F;
         chunk.links.linkValue[kFilterReso] = linkValueOf(74);
         for (const DocumentKind kind : kDocumentKinds)

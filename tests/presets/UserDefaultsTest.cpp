@@ -30,7 +30,7 @@ protected:
 
 TEST_F(UserDefaultsOfAnInstance, ComeInOrderWithTheFirstProgramPlayedBetween) {
     keep("DefaultBank", StoredBytes()
-                            .header({.records = 2, .slot = 7, .recordBytes = 168 + 32})
+                            .header({.records = 2, .slot = 130, .recordBytes = 168 + 32})
                             .programHead(0, "My first")
                             .value(0, kGain, 0.25F));
     keep("DefaultPreset",
