@@ -67,9 +67,7 @@ CControl* makeMenu(const ControlRow& row, const ControlMakings& with) {
         const ProgramName name = with.effect->bank().name(slot);
         menu->addEntry(std::string(nameText(name)).c_str());
     }
-    menu->setCurrent(with.effect->currentSlot());
-    menu->setValue(static_cast<float>(with.effect->currentSlot()));
-    menu->checkEntryAlone(with.effect->currentSlot());
+    markProgram(*menu, with.effect->currentSlot());
     return menu;
 }
 
@@ -104,6 +102,11 @@ CControl* makeHintLine(const ControlRow& row, const ControlMakings& with) {
 }
 
 } // namespace
+
+void markProgram(COptionMenu& menu, std::int32_t slot) {
+    menu.setValue(static_cast<float>(slot));
+    menu.checkEntryAlone(slot);
+}
 
 CControl* buildBarControl(const ControlRow& row, const ControlMakings& makings) {
     const RowBitmaps images(row);

@@ -82,34 +82,38 @@ void CPresetSystemEditor::idle() {
 }
 
 void CPresetSystemEditor::beginEdit(std::int32_t index) {
-    if (isParameter(index))
-        AEffGUIEditor::beginEdit(index);
+    if (!isParameter(index))
+        return;
+    ++openEdits_[static_cast<std::size_t>(index)];
+    AEffGUIEditor::beginEdit(index);
 }
 
 void CPresetSystemEditor::endEdit(std::int32_t index) {
-    if (isParameter(index))
-        AEffGUIEditor::endEdit(index);
+    if (!isParameter(index) || openEdits_[static_cast<std::size_t>(index)] == 0)
+        return;
+    --openEdits_[static_cast<std::size_t>(index)];
+    AEffGUIEditor::endEdit(index);
 }
 
 // What the effect has changed
 
-void CPresetSystemEditor::applyChange(std::int32_t index, float value) {
+void CPresetSystemEditor::applyChange(std::int32_t index, float value, bool isLate) {
     if (!frame || !effect_)
         return;
     switch (index) {
     case kPresetNameEdit:
-        return showName();
+        return showName(effect_->currentSlot());
     case kPresetMenu:
-        return showMenu();
+        return showMenu(value);
     case kMidiChannel:
-        return showChannel(value);
+        return showChannel();
     case kMidiLearn:
     case kMidiForget:
         return bar_.setValue(index, 0.0F);
     case kMidiActivityLED:
         return midi_.noteActivity();
     default:
-        panelChanged(index, value);
+        panelChanged(index, value, isLate);
     }
 }
 

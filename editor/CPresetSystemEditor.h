@@ -10,6 +10,8 @@
 #include "presets/CPresetSystemEffect.h"
 #include "vstgui/plugin-bindings/aeffguieditor.h"
 
+#include <array>
+
 namespace pedl {
 
 /// An editor with the preset bar along its bottom: programs, files, user defaults, memories, MIDI
@@ -29,7 +31,8 @@ public:
     void close() override;
     void idle() override;
     void valueChanged(VSTGUI::CControl* control) override;
-    /// The host hears of its own parameters alone; edits of other tags stay here.
+    /// The host hears of its own parameters alone; edits of other tags stay here, and so does the
+    /// end of what has not begun (a button's Return key sends such).
     void beginEdit(std::int32_t index) override;
     void endEdit(std::int32_t index) override;
 
@@ -57,7 +60,8 @@ protected:
     bool openPresetBar(const ControlMakings& makings);
 
     /// A change that is the panel's.
-    virtual void panelChanged(std::int32_t index, float value) = 0;
+    /// @param isLate  it was made on another thread some time ago
+    virtual void panelChanged(std::int32_t index, float value, bool isLate) = 0;
 
     [[nodiscard]] const EditorSurroundings& surroundings() const { return surroundings_; }
     [[nodiscard]] EditorView& view() { return view_; }
@@ -67,7 +71,7 @@ protected:
     [[nodiscard]] VSTGUI::CFontRef barFont() const { return barFont_; }
 
 private:
-    void applyChange(std::int32_t index, float value) override;
+    void applyChange(std::int32_t index, float value, bool isLate) override;
 
     // Gestures on the bar
     void barChanged(VSTGUI::CControl& control);
@@ -85,9 +89,9 @@ private:
     void openWebPage();
 
     // What the effect has changed
-    void showName();
-    void showMenu();
-    void showChannel(float value);
+    void showName(std::int32_t slot);
+    void showMenu(float shownSlot);
+    void showChannel();
 
     void load(FileKind kind, bool isReversed);
     void save(FileKind kind);
@@ -106,6 +110,7 @@ private:
     MidiDisplays midi_;
     FileOperations files_{hints_};
     MouseState mouse_;
+    std::array<int, kNumParams> openEdits_{};
 };
 
 } // namespace pedl

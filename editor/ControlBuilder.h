@@ -8,6 +8,7 @@
 #include "vstgui/lib/ccolor.h"
 #include "vstgui/lib/cfont.h"
 #include "vstgui/lib/controls/ccontrol.h"
+#include "vstgui/lib/controls/coptionmenu.h"
 
 #include <array>
 #include <cstddef>
@@ -48,6 +49,9 @@ VSTGUI::CControl* buildPanelControl(const ControlRow& row, const ControlMakings&
 
 /// The same for the preset bar's kinds.
 VSTGUI::CControl* buildBarControl(const ControlRow& row, const ControlMakings& makings);
+
+/// The program menu's mark, and where its keys and its opening go on from.
+void markProgram(VSTGUI::COptionMenu& menu, std::int32_t slot);
 
 [[nodiscard]] inline VSTGUI::CRect rectOf(const Place& place) {
     return {place.left, place.top, place.right, place.bottom};

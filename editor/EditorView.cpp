@@ -11,7 +11,7 @@ void EditorView::opened() {
 void EditorView::applyPending() {
     if (isOpen_.load())
         pending_.take(
-            [this](std::int32_t index, float value) { target_.applyChange(index, value); });
+            [this](std::int32_t index, float value) { target_.applyChange(index, value, true); });
 }
 
 /// What cannot be applied now, for want of memory, is tried again by the next idle.
@@ -20,7 +20,7 @@ void EditorView::change(std::int32_t index, float value) noexcept {
         return;
     if (isEditorsThread()) {
         try {
-            return target_.applyChange(index, value);
+            return target_.applyChange(index, value, false);
         } catch (...) {
         }
     }
@@ -38,12 +38,12 @@ void EditorView::programNameChanged(std::string_view /*name*/) noexcept {
 /// Banks bring up to 140 of them: they wait for the program that comes last.
 void EditorView::programMenuEntryChanged(std::int32_t /*slot*/) noexcept {
     if (isOpen_.load())
-        pending_.mark(kPresetMenu, 0.0F);
+        pending_.mark(kPresetMenu, ChangeTarget::kNoSlot);
 }
 
-void EditorView::programShown(std::int32_t /*slot*/) noexcept {
-    change(kPresetNameEdit, 0.0F);
-    change(kPresetMenu, 0.0F);
+/// The slot is not current yet when this is told.
+void EditorView::programShown(std::int32_t slot) noexcept {
+    change(kPresetMenu, static_cast<float>(slot));
 }
 
 void EditorView::midiChannelChanged(float normalised) noexcept {

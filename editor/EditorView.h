@@ -11,12 +11,16 @@ namespace pedl {
 /// Where changes of the effect end up: a parameter's index or a control's tag, and a value.
 ///
 /// The preset bar's tags stand for what they show: `kPresetNameEdit` the name, `kPresetMenu` the
-/// entries and the mark, `kMidiChannel` the channel, `kMidiLearn` and `kMidiForget` their end,
-/// `kMidiActivityLED` a controller that has moved.
+/// entries and, with a slot as the value, mark and name of that one, `kMidiChannel` the channel,
+/// `kMidiLearn` and `kMidiForget` their end, `kMidiActivityLED` a controller that has moved.
 class ChangeTarget {
 public:
+    /// As the value of `kPresetMenu`: the mark stays where it is.
+    static constexpr float kNoSlot = -1.0F;
+
     virtual ~ChangeTarget() = default;
-    virtual void applyChange(std::int32_t index, float value) = 0;
+    /// @param isLate  it was made on another thread, before now
+    virtual void applyChange(std::int32_t index, float value, bool isLate) = 0;
 };
 
 /// The effect's way into the editor: a change on the editor's thread is applied at once, one on any

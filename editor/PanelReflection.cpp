@@ -18,16 +18,17 @@ constexpr std::array kModulationSwitches{kFilterFreqByLFODefeat, kGainByLFODefea
 
 } // namespace
 
-void PanelReflection::parameterChanged(std::int32_t index, float value) {
+void PanelReflection::parameterChanged(std::int32_t index, float value, bool isLate) {
     switch (index) {
     case kPower:
         return showLamp(kPower, kPowerLED, value);
     case kFreezMode:
-        return showFreezeMode(value);
+        return showFreezeMode(value, isLate);
     case kFreez:
         return showLamp(kFreez, kFreezStatusLED, value);
     case kLFOSyncMode:
         showOwnValue(index);
+        showOwnValue(kLFOFreq); // a tempo has moved it, and told nobody
         return display_.refresh();
     case kDry:
     case kWet:
@@ -70,14 +71,23 @@ void PanelReflection::showLamp(std::int32_t button, std::int32_t lamp, float val
     redraw(lamp);
 }
 
-void PanelReflection::showFreezeMode(float value) {
+/// Who changes the mode wants the button at its rest, and the button tells that. A program brings
+/// its own state of the button along: nothing is told then, and a late change may be a program's.
+void PanelReflection::showFreezeMode(float value, bool isLate) {
     showOwnValue(kFreezMode);
     auto* const button = panel_.controls.find<ZMTMonoAndBistableButton>(kFreez);
-    if (!button)
+    if (!button || !panel_.effect)
         return;
     const CBaseObjectGuard held(button); // its mode's value is told
+    CControlListener* const listener = button->getListener();
+    const bool isProgram = isLate || panel_.effect->isProgramLoading();
+    if (isProgram)
+        button->setListener(nullptr);
     button->setMode(laws::threeWayState(value));
     button->setFlag(value != 0.0F);
+    button->setListener(listener);
+    if (isProgram)
+        showOwnValue(kFreez);
 }
 
 /// The program's or the bank's, whichever is heard.

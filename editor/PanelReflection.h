@@ -13,7 +13,7 @@ public:
 
     /// The effect has a new value for a parameter or a tag. Shown is what it holds, which may be
     /// another one than `value`.
-    void parameterChanged(std::int32_t index, float value);
+    void parameterChanged(std::int32_t index, float value, bool isLate);
 
     /// Four switches of modulations, or the overlay that tells that all are locked off.
     void swapModulationLock();
@@ -21,7 +21,7 @@ public:
 private:
     void showOwnValue(std::int32_t index);
     void showLamp(std::int32_t button, std::int32_t lamp, float value);
-    void showFreezeMode(float value);
+    void showFreezeMode(float value, bool isLate);
     void showLevel(std::int32_t index);
     void showScale(float value);
     void redraw(std::int32_t tag);

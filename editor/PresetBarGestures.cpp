@@ -115,34 +115,35 @@ void CPresetSystemEditor::chooseProgram(float entry) {
 }
 
 void CPresetSystemEditor::select(std::int32_t slot, const std::string& name) {
-    if (auto* const menu = bar_.find<COptionMenu>(kPresetMenu)) {
-        menu->checkEntryAlone(slot);
-        menu->setCurrent(slot);
-    }
+    if (auto* const menu = bar_.find<COptionMenu>(kPresetMenu))
+        markProgram(*menu, slot);
     if (auto* const edit = bar_.find<CZMTTextEdit>(kPresetNameEdit))
         edit->setText(name.c_str());
     effect_->selectProgram(slot);
     effect_->renameCurrentProgram(name.c_str());
 }
 
-void CPresetSystemEditor::showName() {
-    const std::string name = slotName(*effect_, effect_->currentSlot());
+void CPresetSystemEditor::showName(std::int32_t slot) {
+    const std::string name = slotName(*effect_, slot);
     if (auto* const edit = bar_.find<CZMTTextEdit>(kPresetNameEdit))
         edit->setText(name.c_str());
     if (auto* const menu = bar_.find<COptionMenu>(kPresetMenu))
-        if (CMenuItem* const entry = menu->getEntry(effect_->currentSlot()))
+        if (CMenuItem* const entry = menu->getEntry(slot))
             entry->setTitle(name.c_str());
 }
 
-void CPresetSystemEditor::showMenu() {
+void CPresetSystemEditor::showMenu(float shownSlot) {
     auto* const menu = bar_.find<COptionMenu>(kPresetMenu);
     if (!menu)
         return;
     for (std::int32_t slot = 0; slot < kNumPrograms; ++slot)
         if (CMenuItem* const entry = menu->getEntry(slot))
             entry->setTitle(slotName(*effect_, slot).c_str());
-    menu->checkEntryAlone(effect_->currentSlot());
-    menu->setCurrent(effect_->currentSlot());
+    if (shownSlot == kNoSlot)
+        return;
+    const auto slot = static_cast<std::int32_t>(shownSlot);
+    markProgram(*menu, slot);
+    showName(slot);
 }
 
 // MIDI
@@ -189,9 +190,10 @@ void CPresetSystemEditor::changeChannel(const CControl& control) {
         kMidiChannel, listValue(std::clamp(channel, 0, kNumChannelTexts - 1), kNumChannelTexts));
 }
 
-void CPresetSystemEditor::showChannel(float value) {
+/// The middle of its step, whatever the host has set.
+void CPresetSystemEditor::showChannel() {
     if (auto* const display = bar_.find<CZMParamDisplay>(kMidiChannel))
-        display->setValue(value);
+        display->setValue(effect_->getParameter(kMidiChannel));
 }
 
 // Manual and web page

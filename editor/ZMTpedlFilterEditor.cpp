@@ -61,11 +61,11 @@ bool ZMTpedlFilterEditor::build() {
                                  labelFont(), barFont(),     &surroundings()};
     if (!openPanel(makings))
         return false;
+    view().opened(); // the refresh may change the quantity that is shown, and hears of it
     display_.refresh();
     display_.opened();
     meters_.opened();
     openPresetBar(makings);
-    view().opened();
     return true;
 }
 
@@ -106,8 +106,12 @@ void ZMTpedlFilterEditor::idle() {
 }
 
 void ZMTpedlFilterEditor::setParameter(std::int32_t index, float value) {
+    panelChanged(index, value, false);
+}
+
+void ZMTpedlFilterEditor::panelChanged(std::int32_t index, float value, bool isLate) {
     if (frame)
-        reflection_.parameterChanged(index, value);
+        reflection_.parameterChanged(index, value, isLate);
 }
 
 void ZMTpedlFilterEditor::valueChanged(CControl* control) {

@@ -36,7 +36,7 @@ private:
     bool build();
     bool openPanel(const ControlMakings& makings);
     [[nodiscard]] bool isAboutShown() const;
-    void panelChanged(std::int32_t index, float value) override { setParameter(index, value); }
+    void panelChanged(std::int32_t index, float value, bool isLate) override;
 
     Counted<VSTGUI::CBitmap> background_;
     Panel panel_;

@@ -90,7 +90,7 @@ VstIntPtr ZMTpedlFilterEffect::vendorSpecific(VstInt32 index, VstIntPtr value, v
     const bool isSlot = opt >= 0.0F && opt < static_cast<float>(kNumPrograms); // NaN is none
     if (index != kVendorCallId || value != kVendorCallSelectSlot || !isSlot)
         return 0;
-    selectProgram(static_cast<std::int32_t>(opt));
+    showLoaded({{}, static_cast<std::int32_t>(opt)}); // an open window shows the name too
     return 1;
 }
 

@@ -56,6 +56,9 @@ public:
 
     [[nodiscard]] std::int32_t currentSlot() const noexcept { return bank_.currentSlot(); }
 
+    /// Whether some thread is selecting a program and has not played all of its values yet.
+    [[nodiscard]] bool isProgramLoading() const noexcept { return isProgramLoading_.get(); }
+
     /// Writes the edit snapshot into a slot (0 to 139) without applying it.
     void storeSnapshot(std::int32_t slot) noexcept { bank_.storeEditSnapshot(slot); }
 
@@ -173,9 +176,6 @@ protected:
     void startPresetSystem();
 
     [[nodiscard]] ProgramBank& editableBank() noexcept { return bank_; }
-
-    /// Whether some thread is selecting a program and has not played all of its values yet.
-    [[nodiscard]] bool isProgramLoading() const noexcept { return isProgramLoading_.get(); }
 
     /// Writes a value into the current slot, as the user's or the host's edit.
     void storeParameter(std::int32_t parameter, float normalised) noexcept {
