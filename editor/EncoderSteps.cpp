@@ -75,9 +75,11 @@ void EncoderSteps::stepDivision(float increment, bool isFromWheel) {
     VSTGUI::CControl* const notes = panel_.controls.find(kLFOSynchroRate);
     if (!notes)
         return;
-    constexpr float kLast = static_cast<float>(kNoteDivisions.size() - 1);
-    const float next = std::trunc(kLast * notes->getValue() + (increment >= 0.0F ? 1.0F : -1.0F));
-    automate(kLFOSynchroRate, std::clamp(next, 0.0F, kLast) / kLast);
+    constexpr int kLast = static_cast<int>(kNoteDivisions.size()) - 1;
+    const auto next = static_cast<int>(static_cast<float>(kLast) * notes->getValue() +
+                                       (increment >= 0.0F ? 1.0F : -1.0F));
+    automate(kLFOSynchroRate,
+             static_cast<float>(std::clamp(next, 0, kLast)) / static_cast<float>(kLast));
     if (VSTGUI::CControl* const shown = panel_.controls.find(kLFOSynchroRate))
         shown->setDirty();
 }

@@ -246,13 +246,23 @@ CControl* make(const ControlRow& row, const ControlMakings& with, const RowBitma
     }
 }
 
+float shownValue(CPresetSystemEffect& effect, std::int32_t source) {
+    switch (source) {
+    case kSynchroTempoFromHost:
+        return static_cast<float>(laws::normalisedTempo(effect.getParameter(source)));
+    case kDry:
+    case kWet:
+        return effect.effectiveDryWetLevel(source); // as its label says, and as it sounds
+    default:
+        return effect.getParameter(source);
+    }
+}
+
 void setFirstValue(CControl& control, const ControlRow& row, CPresetSystemEffect& effect) {
     if (row.extras.valueOf == kNoSource)
         return;
-    const std::int32_t source = row.extras.valueOf == kOwnTag ? row.tag : row.extras.valueOf;
-    const float value = source == kSynchroTempoFromHost
-                            ? static_cast<float>(laws::normalisedTempo(effect.getParameter(source)))
-                            : effect.getParameter(source);
+    const float value =
+        shownValue(effect, row.extras.valueOf == kOwnTag ? row.tag : row.extras.valueOf);
     control.setValue(row.extras.isComplement ? 1.0F - value : value);
 }
 
