@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -48,6 +49,7 @@ public:
     // The host's answers
     VstIntPtr sampleRateHz = 0;
     VstIntPtr canDo = 0;
+    std::function<void()> onEdit;    ///< inside each begin and end of an edit
     std::vector<VstTimeInfo*> times; ///< one for each question in a row, then the last again
 
     struct JournalClock final : Clock {
@@ -103,6 +105,8 @@ private:
         case audioMasterBeginEdit:
         case audioMasterEndEdit:
             note(opcode == audioMasterBeginEdit ? "begin " : "end ", index);
+            if (onEdit)
+                std::function(onEdit).operator()(); // a copy: it may put another in its place
             return 1;
         case audioMasterGetTime: {
             note("time ", value);

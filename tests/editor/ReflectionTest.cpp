@@ -1,0 +1,111 @@
+// The controls show what the effect holds, whoever changed it and on whichever thread.
+
+#include "controls/CZMTTextEdit.h"
+#include "controls/CpedlFilterRadioSlider.h"
+#include "controls/ZMTIndicatorLED.h"
+#include "controls/ZMTMonoAndBistableButton.h"
+#include "foundation/vst24/VendorCalls.h"
+#include "tests/editor/EditorWindow.h"
+#include "vstgui/lib/controls/coptionmenu.h"
+
+#include <thread>
+
+namespace pedl::test {
+namespace {
+
+using namespace VSTGUI;
+
+class Reflection : public EditorWindow {
+protected:
+    template <typename Change> static void elsewhere(Change change) { std::thread(change).join(); }
+    std::string shownName() { return find<CZMTTextEdit>(kPresetNameEdit)->getText(); }
+    std::string markedName() {
+        auto* const menu = find<COptionMenu>(kPresetMenu);
+        std::string marked;
+        for (std::int32_t slot = 0; slot < kNumPrograms; ++slot)
+            if (menu->isCheckEntry(slot))
+                marked += menu->getEntry(slot)->getTitle();
+        return marked;
+    }
+};
+
+TEST_F(Reflection, AppliesChangesAtOnceAndThoseOfOtherThreadsAtTheNextIdle) {
+    effect.setParameter(kFilterReso, 0.9F);
+    EXPECT_EQ(valueOf(kFilterReso), 0.9F);
+    elsewhere([&] {
+        effect.setParameter(kFilterReso, 0.2F);
+        effect.setParameter(kLFOSyncMode, 0.5F);
+        effect.setParameter(kDisplayParameterMode, 1.0F);
+        effect.setParameter(kModulationOnOff, 1.0F);
+        effect.setParameter(kPower, 0.7F);
+        effect.setParameter(kMidiChannel, 0.3F);
+    });
+    EXPECT_EQ(valueOf(kFilterReso), 0.9F);
+    EXPECT_EQ(shownDigits(), "21 ");
+    EXPECT_NE(find(kGainByLFODefeat), nullptr);
+    editor.idle();
+    EXPECT_EQ(valueOf(kFilterReso), 0.2F);
+    EXPECT_EQ(valueOf(kLFOSyncMode), 0.5F);
+    EXPECT_EQ(find(kGainByLFODefeat), nullptr);
+    EXPECT_EQ(valueOf<ZMTIndicatorLED>(kPowerLED), 1.0F);
+    EXPECT_EQ(valueOf(kMidiChannel), effect.getParameter(kMidiChannel));
+    effect.setParameter(kFreqNoteScaleSwitch, 1.0F);
+    EXPECT_EQ(find<CpedlFilterRadioSlider>(kFilterFreqSlider)->overlaySelector, 1);
+}
+
+TEST_F(Reflection, LevelsAreThoseInForce) {
+    effect.setParameter(kDry, 0.3F);
+    effect.setParameter(kDryWetGlobal, 1.0F);
+    effect.setParameter(kDry, 0.8F);
+    EXPECT_EQ(valueOf(kDry), 0.8F);
+    editor.close();
+    open();
+    EXPECT_EQ(valueOf(kDry), 0.8F);
+    effect.setParameter(kDryWetGlobal, 0.0F);
+    EXPECT_EQ(valueOf(kDry), effect.effectiveDryWetLevel(kDry));
+}
+
+TEST_F(Reflection, AProgramBringsItsFreezeAlong) {
+    auto* const button = find<ZMTMonoAndBistableButton>(kFreez);
+    effect.setParameter(kFreez, 1.0F);
+    effect.selectProgram(3);
+    effect.setParameter(kFreezMode, 1.0F);
+    effect.selectProgram(0);
+    EXPECT_EQ(button->mode, 0);
+    EXPECT_EQ(effect.getParameter(kFreez), 1.0F);
+    EXPECT_EQ(button->getValue(), 1.0F);
+    elsewhere([&] { effect.selectProgram(3); });
+    effect.setParameter(kFreez, 0.0F);
+    elsewhere([&] { effect.selectProgram(0); });
+    idle();
+    EXPECT_EQ(effect.getParameter(kFreez), 1.0F);
+    effect.setParameter(kFreezMode, 0.5F); // a change of the mode alone
+    EXPECT_EQ(button->mode, 1);
+    EXPECT_EQ(effect.getParameter(kFreez), 1.0F);
+    effect.setParameter(kFreezMode, 0.0F);
+    EXPECT_EQ(effect.getParameter(kFreez), 0.0F);
+}
+
+TEST_F(Reflection, NamesFollowALoadedBankAndAHost) {
+    effect.selectProgram(7);
+    char seventh[] = "Seventh";
+    effect.setProgramName(seventh);
+    const std::vector<std::byte> bank = effect.stored(FileKind::Bank);
+    effect.selectProgram(0);
+    for (const bool isElsewhere : {false, true}) {
+        effect.vendorSpecific(kVendorCallId, kVendorCallSelectSlot, nullptr, 1.0F);
+        EXPECT_EQ(shownName(), "Auto Wah");
+        EXPECT_EQ(markedName(), "Auto Wah");
+        const auto load = [&] { effect.load(FileKind::Bank, bank, OrderDecision::AsFound); };
+        if (isElsewhere)
+            elsewhere(load);
+        else
+            load();
+        idle();
+        EXPECT_EQ(shownName(), "Seventh");
+        EXPECT_EQ(markedName(), "Seventh");
+    }
+}
+
+} // namespace
+} // namespace pedl::test
