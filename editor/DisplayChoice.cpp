@@ -53,14 +53,20 @@ void DisplayChoice::refresh() {
 }
 
 void DisplayChoice::refreshWithoutTempo() {
+    hideTempo();
+    refresh();
+}
+
+/// Its digits would be seen beside those of a note, which do not fill the glass.
+void DisplayChoice::hideTempo() {
     panel_.hide(kTempoSetup);
     panel_.hide(kSynchroTempoFromHost);
-    refresh();
 }
 
 void DisplayChoice::showCutoff() {
     light(panel_, kDisplayMode_LFORate, 0.0F);
     light(panel_, kDisplayMode_Cutoff, 1.0F);
+    hideTempo();
     panel_.hide(kLFOFreq);
     panel_.hide(kLFOSynchroRate);
     panel_.show(kFilterCutoffFreq);
@@ -80,6 +86,7 @@ void DisplayChoice::showRate() {
     light(panel_, kDisplayMode_Cutoff, 0.0F);
     if (isTempoHeldShown())
         return;
+    hideTempo();
     panel_.hide(kFilterCutoffFreq);
     const bool isSynchronised = panel_.isOn(kLFOSyncMode);
     panel_.show(isSynchronised ? kLFOSynchroRate : kLFOFreq);

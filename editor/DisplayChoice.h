@@ -37,6 +37,7 @@ private:
     void showCutoff();
     void showRate();
     void showTempo();
+    void hideTempo();
     void hoverLfo(bool hasAlt);
     void hoverCutoff();
     void setShown(float quantity) const;
