@@ -14,10 +14,9 @@ namespace pedl::test {
 struct RememberingOpener : DocumentOpener {
     bool open(const std::string& target) override {
         opened.push_back(target);
-        return succeeds;
+        return true;
     }
     std::vector<std::string> opened;
-    bool succeeds = true;
 };
 
 /// An effect with its window open, and a hand for the mouse. The journal starts empty.

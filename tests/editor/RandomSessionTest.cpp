@@ -80,8 +80,9 @@ protected:
             if (!control || control->isTypeOf("CSplashScreenMyView"))
                 continue;
             const bool isLevel = tag == kDry || tag == kWet;
-            const float held = effect.getParameter(tag);
-            EXPECT_FLOAT_EQ(control->getValue(), isLevel ? effect.effectiveDryWetLevel(tag) : held)
+            const float stored = effect.getParameter(tag);
+            EXPECT_FLOAT_EQ(control->getValue(),
+                            isLevel ? effect.effectiveDryWetLevel(tag) : stored)
                 << tag;
         }
     }
@@ -91,7 +92,7 @@ protected:
 };
 
 TEST_F(RandomSession, LeavesEditsBalancedAndControlsTrue) {
-    for (int session = 0; session < 60; ++session) {
+    for (int session = 0; session < 25; ++session) {
         SCOPED_TRACE(session);
         for (int step = 0; step < 150; ++step)
             act();
