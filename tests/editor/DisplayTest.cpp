@@ -54,6 +54,7 @@ TEST_F(Display, OpensWithTheDigitsOfItsStateAndTellsNobody) {
         EXPECT_EQ(reopened(0.0F, 0.0F), "8 ");
         EXPECT_EQ(reopened(0.5F, 1.0F), "9 ");
     }
+    window().wheel(middleOf(kFilterFreqSlider).x, 210, 1.0F); // a touch, fresh on closing
     EXPECT_EQ(reopened(1.0F, 0.0F), "9 ");
     EXPECT_EQ(valueOf<ZMTIndicatorLED>(kDisplayMode_LFORate), 1.0F);
 }
