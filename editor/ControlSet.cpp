@@ -15,7 +15,10 @@ void ControlSet::setValue(std::int32_t tag, float value) const {
 }
 
 void showIn(CFrame* frame, CControl* control) {
-    if (!frame || !control || control->getParentView())
+    if (!frame || !control)
+        return;
+    control->setVisible(true);
+    if (control->getParentView())
         return;
     control->remember(); // the frame's
     frame->addView(control);

@@ -41,7 +41,7 @@ private:
     std::vector<Entry> controls_;
 };
 
-/// Puts a control into the frame, to be drawn, unless it is in one; nothing for null.
+/// Puts a control into the frame, to be drawn, unless it is in one, and in sight; nothing for null.
 void showIn(VSTGUI::CFrame* frame, VSTGUI::CControl* control);
 /// Takes a control out of its frame; it lives on in its set. Nothing for null.
 void takeOut(VSTGUI::CFrame* frame, VSTGUI::CControl* control);

@@ -53,20 +53,21 @@ void DisplayChoice::refresh() {
 }
 
 void DisplayChoice::refreshWithoutTempo() {
-    hideTempo();
+    panel_.hide(kTempoSetup);
+    panel_.hide(kSynchroTempoFromHost);
     refresh();
 }
 
-/// Its digits would be seen beside those of a note, which do not fill the glass.
-void DisplayChoice::hideTempo() {
-    panel_.hide(kTempoSetup);
-    panel_.hide(kSynchroTempoFromHost);
+/// Its digits stay in the frame and would be seen beside a note's, which do not fill the glass.
+void DisplayChoice::veilTempo() {
+    panel_.veil(kTempoSetup);
+    panel_.veil(kSynchroTempoFromHost);
 }
 
 void DisplayChoice::showCutoff() {
     light(panel_, kDisplayMode_LFORate, 0.0F);
     light(panel_, kDisplayMode_Cutoff, 1.0F);
-    hideTempo();
+    veilTempo();
     panel_.hide(kLFOFreq);
     panel_.hide(kLFOSynchroRate);
     panel_.show(kFilterCutoffFreq);
@@ -86,7 +87,7 @@ void DisplayChoice::showRate() {
     light(panel_, kDisplayMode_Cutoff, 0.0F);
     if (isTempoHeldShown())
         return;
-    hideTempo();
+    veilTempo();
     panel_.hide(kFilterCutoffFreq);
     const bool isSynchronised = panel_.isOn(kLFOSyncMode);
     panel_.show(isSynchronised ? kLFOSynchroRate : kLFOFreq);

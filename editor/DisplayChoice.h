@@ -37,7 +37,7 @@ private:
     void showCutoff();
     void showRate();
     void showTempo();
-    void hideTempo();
+    void veilTempo();
     void hoverLfo(bool hasAlt);
     void hoverCutoff();
     void setShown(float quantity) const;

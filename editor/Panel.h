@@ -44,6 +44,11 @@ struct Panel {
     [[nodiscard]] TickMs now() const;
 
     void show(std::int32_t tag) const { showIn(frame, controls.find(tag)); }
+    /// Out of sight, in the frame all the same, until it is shown again.
+    void veil(std::int32_t tag) const {
+        if (VSTGUI::CControl* const control = controls.find(tag))
+            control->setVisible(false);
+    }
     void hide(std::int32_t tag) const { takeOut(frame, controls.find(tag)); }
     /// A press beside the open list of waves closes it, also where it took no focus.
     void closeListBeside(const MouseState& mouse) const;

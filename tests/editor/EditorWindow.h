@@ -61,12 +61,13 @@ protected:
         return {std::floor((place.left + place.right) / 2),
                 std::floor((place.top + place.bottom) / 2)};
     }
-    /// Which of the views that take turns are in the frame.
+    /// Which of the views that take turns are to be seen.
     std::string shownDigits() {
         std::string tags;
         for (const std::int32_t tag : {+kLFOFreq, +kLFOSynchroRate, +kTempoSetup,
                                        +kFilterCutoffFreq, +kSynchroTempoFromHost})
-            tags += find(tag) ? std::to_string(tag) + " " : "";
+            if (const auto* const digits = find(tag); digits && digits->isVisible())
+                tags += std::to_string(tag) + " ";
         return tags;
     }
 
@@ -90,7 +91,7 @@ protected:
 
     VSTGUI::ManualClock clock;
     RememberingOpener opener;
-    ZMTpedlFilterEditor editor{&effect, {&opener, "", 1.0}};
+    ZMTpedlFilterEditor editor{&effect, {&opener, ""}};
 };
 
 } // namespace pedl::test
