@@ -86,6 +86,9 @@ TEST_F(Gestures, OnlyWhatTheUserTouchesIsLearnt) {
     idle(3000); // the display goes back by itself
     effect.setParameter(kGain, 0.2F);
     EXPECT_EQ(effect.learnState().target(), kLFOFreq) << "what the host changes does not count";
+    wheel(kLFOSyncMode, 1.0F); // shows the rate
+    effect.setParameter(kGain, 0.3F);
+    EXPECT_EQ(effect.learnState().target(), kLFOSyncMode);
     wheel(kFilterFreqSlider, 1.0F);
     EXPECT_EQ(effect.learnState().target(), kFilterCutoffFreq);
     wheel(kFreezMode, 1.0F); // brings the freeze button to its rest

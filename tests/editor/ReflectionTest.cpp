@@ -49,6 +49,16 @@ TEST_F(Reflection, AppliesChangesAtOnceAndThoseOfOtherThreadsAtTheNextIdle) {
     EXPECT_EQ(find<CpedlFilterRadioSlider>(kFilterFreqSlider)->overlaySelector, 1);
 }
 
+TEST_F(Reflection, LevelsAreThoseInForce) {
+    effect.setParameter(kDryWetGlobal, 1.0F);
+    effect.setParameter(kDry, 0.8F);
+    effect.selectProgram(1);
+    effect.setParameter(kDryWetGlobal, 1.0F);
+    editor.close();
+    open();
+    EXPECT_EQ(valueOf(kDry), 0.8F) << "the bank's";
+}
+
 TEST_F(Reflection, AProgramBringsItsFreezeAlong) {
     auto* const button = find<ZMTMonoAndBistableButton>(kFreez);
     effect.setParameter(kFreez, 1.0F);
