@@ -157,6 +157,10 @@ std::string parameterDisplay(std::int32_t parameter, float value) {
     return std::string(parameterText(parameter, value).view());
 }
 
+std::string parameterUnitText(std::int32_t parameter) {
+    return std::string(parameterUnit(parameter));
+}
+
 std::string controllerName(std::int32_t controller) {
     return std::string(controllerText(listValue(controller, kNumControllerTexts)));
 }

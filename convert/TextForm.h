@@ -45,6 +45,9 @@ Result<Document> documentFromText(std::string_view text);
 /// The text that a parameter shows at a value; empty for one that shows none.
 [[nodiscard]] std::string parameterDisplay(std::int32_t parameter, float value);
 
+/// The unit that goes with its numbers where the text leaves it out; empty where there is none.
+[[nodiscard]] std::string parameterUnitText(std::int32_t parameter);
+
 /// "sustain cc#64".
 [[nodiscard]] std::string controllerName(std::int32_t controller);
 

@@ -1,6 +1,7 @@
 #include "convert/JsonPlace.h"
 #include "convert/TextForm.h"
 #include "foundation/text/ValueFromText.h"
+#include "parameters/ParameterCatalogue.h"
 #include "presets/FactoryPrograms.h"
 #include "presets/ProgramBank.h"
 
@@ -205,8 +206,9 @@ private:
     static float valueReading(const std::string& text, const Place& place, std::int32_t parameter) {
         if (text.size() > kLongestText)
             place.refuse(inQuotes(text) + " is longer than any text of a parameter");
-        const Result<float> value = valueFromText(
-            text, "", [parameter](float at) { return parameterDisplay(parameter, at); });
+        const Result<float> value =
+            valueFromText(text, parameterUnit(parameter),
+                          [parameter](float at) { return parameterDisplay(parameter, at); });
         if (!value.ok())
             place.refuse(value.problem().text);
         return value.value();

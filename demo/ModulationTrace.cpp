@@ -60,7 +60,9 @@ void assign(ZMTpedlFilterEffect& effect, const std::string& text) {
     const auto textAt = [&](float normalised) {
         return std::string(parameterText(assignment.index, normalised).view());
     };
-    effect.setParameter(assignment.index, valueOf(valueFromText(assignment.value, "", textAt)));
+    effect.setParameter(
+        assignment.index,
+        valueOf(valueFromText(assignment.value, parameterUnit(assignment.index), textAt)));
 }
 
 struct Automation {

@@ -1,5 +1,6 @@
 #include "host/Selection.h"
 
+#include "convert/TextForm.h"
 #include "foundation/text/ValueFromText.h"
 
 #include <charconv>
@@ -14,6 +15,11 @@ constexpr int kHighestController = 119; // above are channel mode messages
 std::string calledAs(Plugin& plugin, VstInt32 index) {
     const std::string name(trimmed(plugin.parameterName(index)));
     return "parameter " + std::to_string(index) + (name.empty() ? "" : " (" + name + ")");
+}
+
+/// Ours leaves its units out of the texts and, for the sake of old songs, out of the labels too.
+std::string unitOf(Plugin& plugin, VstInt32 index) {
+    return plugin.isOurs() ? parameterUnitText(index) : plugin.parameterUnit(index);
 }
 
 bool isNumber(std::string_view text, double& number) {
@@ -65,9 +71,10 @@ Result<Setting> findSetting(Plugin& plugin, std::string_view text) {
                            " is outside 0 .. 1, as values by index are"};
         return Setting{assignment.index, static_cast<float>(number)};
     }
-    const Result<float> value = valueFromText(
-        assignment.value, plugin.parameterUnit(assignment.index),
-        [&](float normalised) { return plugin.displayTextAt(assignment.index, normalised); });
+    const Result<float> value =
+        valueFromText(assignment.value, unitOf(plugin, assignment.index), [&](float normalised) {
+            return plugin.displayTextAt(assignment.index, normalised);
+        });
     if (!value.ok())
         return value.problem().of(calledAs(plugin, assignment.index));
     return Setting{assignment.index, value.value()};

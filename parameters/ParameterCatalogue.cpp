@@ -60,6 +60,11 @@ std::optional<ParameterSteps> parameterSteps(std::int32_t index) noexcept {
     return kStepTable[static_cast<std::size_t>(row->steps)];
 }
 
+std::string_view parameterUnit(std::int32_t index) noexcept {
+    const ParameterRow* const row = findParameterRow(index);
+    return row != nullptr ? valueUnit(row->text) : std::string_view();
+}
+
 DisplayText parameterText(std::int32_t index, float normalised) {
     const ParameterRow* const row = findParameterRow(index);
     if (row == nullptr)

@@ -117,4 +117,8 @@ constexpr auto kTagRows = [] {
 /// Thread: any, real time.
 [[nodiscard]] DisplayText parameterText(std::int32_t index, float normalised);
 
+/// The unit of the numbers that a parameter shows ("Hz", "ms"), which its texts leave out; empty
+/// for one that shows words, factors or a unit of its own.
+[[nodiscard]] std::string_view parameterUnit(std::int32_t index) noexcept;
+
 } // namespace pedl

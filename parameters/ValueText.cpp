@@ -133,4 +133,28 @@ DisplayText valueText(TextRule rule, float normalised) {
     return {};
 }
 
+std::string_view valueUnit(TextRule rule) noexcept {
+    switch (rule) {
+    case TextRule::GainDb:
+    case TextRule::ThresholdDb:
+    case TextRule::LevelDb:
+        return "dB";
+    case TextRule::Percent:
+    case TextRule::BipolarPercent:
+        return "%";
+    case TextRule::SpreadDegrees:
+        return "deg";
+    case TextRule::LfoRateHz:
+    case TextRule::CutoffHz:
+        return "Hz";
+    case TextRule::TempoBpm:
+        return "BPM";
+    case TextRule::AttackMs:
+    case TextRule::ReleaseMs:
+        return "ms";
+    default:
+        return {};
+    }
+}
+
 } // namespace pedl

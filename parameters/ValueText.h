@@ -10,4 +10,7 @@ namespace pedl {
 /// Thread: any, real time.
 [[nodiscard]] DisplayText valueText(TextRule rule, float normalised);
 
+/// The unit of the numbers that `rule` gives and does not write; empty where there is none.
+[[nodiscard]] std::string_view valueUnit(TextRule rule) noexcept;
+
 } // namespace pedl

@@ -35,14 +35,25 @@ struct ScaledUnit {
     std::string_view base;
     double scale; // to the base unit
 };
-constexpr std::array<ScaledUnit, 6> kScaledUnits{{
+constexpr std::array<ScaledUnit, 16> kScaledUnits{{
     {"hz", "hz", 1.0},
     {"khz", "hz", 1000.0},
+    {"k", "hz", 1000.0}, // what musicians write
     {"s", "s", 1.0},
     {"sec", "s", 1.0},
     {"ms", "s", 0.001},
     {"us", "s", 0.000001},
+    {"\xC2\xB5s", "s", 0.000001},
+    {"db", "db", 1.0},
+    {"%", "%", 1.0},
+    {"percent", "%", 1.0},
+    {"bpm", "bpm", 1.0},
+    {"deg", "deg", 1.0},
+    {"degree", "deg", 1.0},
+    {"degrees", "deg", 1.0},
+    {"\xC2\xB0", "deg", 1.0},
 }};
+constexpr std::string_view kThousand = "k"; // says how many also where no unit is known
 
 const ScaledUnit* scaledUnit(std::string_view name) {
     const auto* found = std::find_if(kScaledUnits.begin(), kScaledUnits.end(),
@@ -87,7 +98,7 @@ class Search {
 public:
     Search(std::string_view wanted, std::string_view unit, const TextOfValue& textAt)
         : typed_(trimmed(wanted)), wanted_(compact(wanted)), wantedReading_(read(wanted)),
-          unit_(compact(unit)), textAt_(textAt) {}
+          unit_(compact(unit)), unitText_(trimmed(unit)), textAt_(textAt) {}
 
     Result<float> run() {
         for (const int steps : kGridSteps) {
@@ -95,8 +106,10 @@ public:
             if (const std::optional<float> value = amongTexts())
                 return *value;
             if (isDial() && wantedReading_)
-                return amongNumbers();
+                return isUnderstood() ? amongNumbers() : Result<float>(notUnderstood());
         }
+        if (const std::optional<float> value = amongLikelyTexts())
+            return *value;
         addEndsOfNumbers();
         return Problem{"no value reads \"" + typed_ + "\"; " + whatThereIs()};
     }
@@ -116,7 +129,7 @@ private:
     }
 
     double inBaseUnit(const Reading& reading) const {
-        const ScaledUnit* const unit = scaledUnit(reading.unit.empty() ? unit_ : reading.unit);
+        const ScaledUnit* const unit = scaledUnit(unitOf(reading));
         return unit != nullptr ? reading.number * unit->scale : reading.number;
     }
 
@@ -136,7 +149,7 @@ private:
         const std::optional<Reading> reading = read(sample.text);
         if (!reading || !wantedReading_ || reading->number != wantedReading_->number)
             return false;
-        const std::string& unit = reading->unit.empty() ? unit_ : reading->unit;
+        const std::string& unit = unitOf(*reading);
         return (wantedReading_->prefix.empty() || wantedReading_->prefix == reading->prefix) &&
                (wantedReading_->unit.empty() || wantedReading_->unit == unit);
     }
@@ -147,6 +160,49 @@ private:
         if (hit == samples_.end())
             return std::nullopt;
         return middleOfWhatShows(compact(hit->text), hit->value);
+    }
+
+    /// The only text that is written another way, begins with what is wanted or has it for a word:
+    /// "-inf" for "-oo", "1/4" for "1:4", "host" for "hostBPM", "on" for "Mod on".
+    std::optional<float> amongLikelyTexts() const {
+        const Sample* found = nullptr;
+        for (const Likeness likeness : {&Search::isSpelling, &Search::isPart}) {
+            std::string foundText;
+            for (const Sample& sample : samples_) {
+                const std::string shown = compact(sample.text);
+                if (shown == foundText || !(this->*likeness)(sample.text))
+                    continue;
+                if (found != nullptr)
+                    return std::nullopt;
+                found = &sample;
+                foundText = shown;
+            }
+            if (found != nullptr)
+                return middleOfWhatShows(foundText, found->value);
+        }
+        return std::nullopt;
+    }
+
+    using Likeness = bool (Search::*)(const std::string& text) const;
+
+    bool isSpelling(const std::string& text) const { return spelling(text) == spelling(wanted_); }
+
+    static std::string spelling(std::string_view text) {
+        std::string letters = compact(text);
+        std::ranges::replace(letters, '/', ':');
+        for (const char* const infinity : {"-inf", "-infinity", "-\xE2\x88\x9E"})
+            if (letters == infinity)
+                return "-oo";
+        return letters;
+    }
+
+    /// Words only: a number's beginning is another number.
+    bool isPart(const std::string& text) const {
+        if (wantedReading_ || wanted_.empty())
+            return false;
+        const std::string shown = lowerCase(trimmed(text));
+        return compact(shown).starts_with(wanted_) ||
+               (' ' + shown + ' ').find(' ' + wanted_ + ' ') != std::string::npos;
     }
 
     /// The middle of the values around `inside` that show `text`.
@@ -197,31 +253,56 @@ private:
         return numbers.size() >= kFewestNumbersOfADial;
     }
 
+    /// What a shown number is followed by, or the unit beside the texts.
+    const std::string& unitOf(const Reading& reading) const {
+        return reading.unit.empty() ? unit_ : reading.unit;
+    }
+
+    /// Whether what stands around the wanted number is what stands around a shown one, a unit of
+    /// the same quantity, or nothing.
+    bool isUnderstood() const {
+        const std::string& prefix = wantedReading_->prefix;
+        const std::string& unit = wantedReading_->unit;
+        const ScaledUnit* const scaled = scaledUnit(unit);
+        bool isPrefixKnown = prefix.empty();
+        bool isUnitKnown = unit.empty();
+        for (const Sample& sample : samples_) {
+            const std::optional<Reading> reading = read(sample.text);
+            if (!reading)
+                continue;
+            const std::string& own = unitOf(*reading);
+            const ScaledUnit* const ownScaled = scaledUnit(own);
+            isPrefixKnown = isPrefixKnown || prefix == reading->prefix;
+            isUnitKnown =
+                isUnitKnown || unit == own ||
+                (prefix.empty() && unit == reading->prefix) || // "2x" for "x2"
+                (own.empty() && unit == kThousand) ||
+                (scaled != nullptr && ownScaled != nullptr && scaled->base == ownScaled->base);
+        }
+        return isPrefixKnown && isUnitKnown;
+    }
+
+    Problem notUnderstood() {
+        addEndsOfNumbers();
+        return Problem{"\"" + typed_ + "\" is not understood; " + whatThereIs()};
+    }
+
     /// The wanted number in the unit in which the samples are compared.
     double wantedNumber() const {
-        if (!wantedReading_->unit.empty() && showsScaledUnits())
+        if (scaledUnit(wantedReading_->unit) != nullptr)
             return inBaseUnit(*wantedReading_);
-        if (!wantedReading_->unit.empty())
-            return wantedReading_->number; // the plug-in names no such unit: the number counts
-        // Without a unit the smaller of those shown is meant: hertz, milliseconds.
+        // Without a unit (or with the plug-in's own) the smaller of those shown is meant: hertz,
+        // milliseconds.
         double scale = 0.0;
         for (const Sample& sample : samples_) {
             const std::optional<Reading> reading = read(sample.text);
             if (!reading)
                 continue;
-            const ScaledUnit* const unit =
-                scaledUnit(reading->unit.empty() ? unit_ : reading->unit);
+            const ScaledUnit* const unit = scaledUnit(unitOf(*reading));
             const double own = unit != nullptr ? unit->scale : 1.0;
             scale = scale == 0.0 ? own : std::min(scale, own);
         }
         return wantedReading_->number * (scale == 0.0 ? 1.0 : scale);
-    }
-
-    bool showsScaledUnits() const {
-        return std::any_of(samples_.begin(), samples_.end(), [this](const Sample& sample) {
-            const std::optional<Reading> reading = read(sample.text);
-            return reading && scaledUnit(reading->unit.empty() ? unit_ : reading->unit) != nullptr;
-        });
     }
 
     Result<float> amongNumbers() {
@@ -236,7 +317,8 @@ private:
             // A step across the wanted number; there can be several when the dial turns back.
             const bool wasBelow = *samples_[i - 1].number <= wanted;
             const bool isBelow = *sample.number <= wanted;
-            if (wasBelow == isBelow && *samples_[i - 1].number != wanted)
+            if (wasBelow == isBelow && *samples_[i - 1].number != wanted &&
+                *sample.number != wanted)
                 continue;
             const Sample found = nearestBetween(samples_[i - 1], sample, wanted);
             const double error = std::abs(*found.number - wanted);
@@ -268,7 +350,7 @@ private:
 
     std::string rangeText(const Sample& lowest, const Sample& highest) const {
         return std::string(trimmed(lowest.text)) + " .. " + std::string(trimmed(highest.text)) +
-               (unit_.empty() ? "" : " " + unit_);
+               (unitText_.empty() ? "" : " " + unitText_);
     }
 
     /// Where numbers border on another text ("off", "-oo"), the number at the border is the range's
@@ -343,7 +425,8 @@ private:
     std::string typed_;  // as the user wrote it
     std::string wanted_; // for comparing
     std::optional<Reading> wantedReading_;
-    std::string unit_;
+    std::string unit_;     // for comparing
+    std::string unitText_; // for showing
     const TextOfValue& textAt_;
     std::vector<Sample> samples_;
 };
