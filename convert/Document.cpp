@@ -114,14 +114,16 @@ Done selectProgram(Document& document, std::string_view nameOrSlot) {
     if (!hasBank(document.kind))
         return Problem{"holds " + contentsName(document.kind) +
                        ": only banks and host chunks have several programs"};
-    std::vector<NamedItem> items;
-    items.reserve(document.programs.size());
+    std::vector<std::string> names;
+    names.reserve(document.programs.size());
     for (const ProgramRecord& program : document.programs)
-        items.push_back({static_cast<int>(items.size()), {printableText(nameText(program.name))}});
-    const Result<int> found = findByNameOrNumber(nameOrSlot, items, "program", "the bank");
+        names.push_back(printableText(nameText(program.name)));
+    const Result<FoundName> found = findNumbered(nameOrSlot, names, "program", "the bank");
     if (!found.ok())
         return found.problem();
-    document.currentSlot = found.value();
+    document.currentSlot = found.value().index;
+    if (!found.value().note.empty())
+        document.warnings.push_back(found.value().note);
     return done();
 }
 

@@ -1,6 +1,8 @@
 #include "host/CommandLine.h"
 
 #include "convert/Conversion.h"
+#include "foundation/text/NameMatch.h"
+#include "foundation/text/PrintableText.h"
 #include "host/HelpTexts.h"
 #include "host/StoredFiles.h"
 
@@ -224,6 +226,44 @@ std::vector<SubCommand> addSubCommands(CLI::App& app, CommandLine& line) {
     return all;
 }
 
+std::string offered(const std::string& near) {
+    return near.empty() ? "" : "; did you mean " + near + "?";
+}
+
+/// The first word that no command or option answers to, with the nearest one; empty where all do.
+std::string strangeWord(const CLI::App& app, const std::vector<std::string>& words) {
+    if (words.empty())
+        return {};
+    const CLI::App* command = nullptr;
+    std::vector<std::string> names;
+    for (const CLI::App* const each : app.get_subcommands({})) {
+        names.push_back(each->get_name());
+        if (names.back() == words.front())
+            command = each;
+    }
+    if (command == nullptr && !words.front().starts_with("-")) {
+        return "there is no command \"" + words.front() + "\"" +
+               offered(nearestWord(lowerCase(words.front()), names));
+    }
+    const CLI::App& asked = command != nullptr ? *command : app;
+    bool isValue = command != nullptr; // the command itself
+    for (const std::string& word : words) {
+        const std::string name = word.substr(0, word.find('='));
+        const CLI::Option* const option = asked.get_option_no_throw(name);
+        if (!isValue && option == nullptr && name.size() > 1 && name.front() == '-') {
+            names.clear();
+            for (const CLI::Option* const each : asked.get_options())
+                if (!each->get_lnames().empty())
+                    names.push_back("--" + each->get_lnames().front());
+            return (command != nullptr ? words.front() + ": there" : "there") + " is no option " +
+                   name + offered(nearestWord(lowerCase(name), names));
+        }
+        isValue = !isValue && option != nullptr && option->get_items_expected_max() > 0 &&
+                  name.front() == '-' && name.size() == word.size();
+    }
+    return {};
+}
+
 } // namespace
 
 std::variant<CommandLine, int> readCommandLine(int count, char** words) {
@@ -234,12 +274,15 @@ std::variant<CommandLine, int> readCommandLine(int count, char** words) {
     app.set_version_flag("--version", "zmt-pedlfilter " PEDL_VERSION);
     app.require_subcommand(1);
     app.footer(kExamples);
-    app.failure_message([](const CLI::App*, const CLI::Error& error) {
-        return std::string("zmt-pedlfilter: ") + error.what() + " (--help tells more)\n";
+    const std::vector<std::string> spread = spreadLists(count, words);
+    app.failure_message([&](const CLI::App*, const CLI::Error& error) {
+        const std::string strange = strangeWord(app, spread);
+        return "zmt-pedlfilter: " + printableText(strange.empty() ? error.what() : strange) +
+               " (--help tells more)\n";
     });
     const std::vector<SubCommand> subCommands = addSubCommands(app, line);
     try {
-        std::vector<std::string> arguments = spreadLists(count, words);
+        std::vector<std::string> arguments = spread;
         std::reverse(arguments.begin(), arguments.end()); // the parser takes them from the back
         app.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {

@@ -1,6 +1,7 @@
 #include "host/FileCommands.h"
 
 #include "foundation/platform/FileReplacement.h"
+#include "foundation/text/PrintableText.h"
 
 namespace pedl {
 
@@ -13,9 +14,9 @@ Result<std::string> writeConversion(const Conversion& conversion, const std::str
     if (problem && !problem->isDone)
         return Problem{out + ": cannot be written: " +
                        (problem->number != 0 ? systemText(problem->number) : problem->text())};
-    return out + ": " + std::string(kindName(conversion.kind)) +
+    return printableText(out) + ": " + std::string(kindName(conversion.kind)) +
            (conversion.isText ? " as text, " : ", ") + std::to_string(conversion.bytes.size()) +
-           " bytes" + (problem ? ", which may not outlive a loss of power" : "") + '\n';
+           " bytes" + (problem ? ", which may not outlive a loss of power" : "");
 }
 
 } // namespace pedl

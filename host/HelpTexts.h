@@ -28,7 +28,8 @@ Exit status:
 
 constexpr const char* kRenderNotes = R"(
 PARAMETER is an index from `zmt-pedlfilter params`, or a name: upper and lower case are alike, and
-both the full name ("Filter Cutoff") and its unmistakable beginning will do. VALUE after a name is a
+the full name ("Filter Cutoff"), its unmistakable beginning and "cutoff" will do. Of several programs
+with the same name --program takes the first and says so. VALUE after a name is a
 text that the parameter shows ("1200", "24 dB", "off"). A number may have its unit, or another of the
 same quantity ("1.2 kHz", "1.2k", "0.3 s"); any other is refused. The beginning of a word will do
 ("host" for "hostBPM"), "1/4" is "1:4" and "-inf" is "-oo". A number after an index is the

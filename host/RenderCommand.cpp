@@ -5,7 +5,9 @@
 #include "host/ProgressBar.h"
 #include "host/Selection.h"
 
+#include <array>
 #include <cmath>
+#include <cstdio>
 
 namespace pedl {
 
@@ -63,6 +65,23 @@ Result<std::optional<MidiPlayback>> loadMidi(const RenderRequest& request, doubl
     return playback;
 }
 
+/// What the user should know about a finished render, a line each.
+void addRemarks(const RenderRequest& request, RenderReport& report) {
+    std::array<char, 160> line{};
+    if (report.framesMissing > 0) {
+        std::snprintf(line.data(), line.size(), ": damaged, ends %.2f s early",
+                      static_cast<double>(report.framesMissing) / report.sampleRateHz);
+        report.warnings.push_back(request.in.string() + line.data());
+    }
+    if (report.samplesNotFinite > 0)
+        report.warnings.push_back(std::to_string(report.samplesNotFinite) +
+                                  " samples are not finite numbers");
+    if (report.samplesCut > 0)
+        report.warnings.push_back(std::to_string(report.samplesCut) +
+                                  " samples were beyond full scale and were cut off;"
+                                  " .wav keeps them");
+}
+
 } // namespace
 
 Result<RenderReport> render(const RenderRequest& request) {
@@ -113,9 +132,10 @@ Result<RenderReport> render(const RenderRequest& request) {
     Result<RenderReport> report = renderer.run(request.precision);
     if (!report.ok())
         return report;
+    report.value().warnings = std::move(warnings.value());
+    addRemarks(request, report.value());
     if (const Done committed = writer.value().commit(); !committed.ok())
         return committed.problem();
-    report.value().warnings = std::move(warnings.value());
     return report;
 }
 

@@ -35,7 +35,7 @@ struct RenderReport {
     std::int64_t samplesCut = 0; // beyond full scale in a format that ends there
     std::int64_t samplesNotFinite = 0;
     std::int64_t framesMissing = 0;    // that the file's head promised
-    std::vector<std::string> warnings; // about files that were repaired in reading
+    std::vector<std::string> warnings; // what the user should know, a line each
 
     [[nodiscard]] double audioSeconds() const { return static_cast<double>(frames) / sampleRateHz; }
 };

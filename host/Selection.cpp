@@ -97,20 +97,16 @@ Done linkController(Plugin& plugin, std::string_view text) {
     return done();
 }
 
-Done selectProgram(Plugin& plugin, std::string_view nameOrSlot) {
+Result<std::string> selectProgram(Plugin& plugin, std::string_view nameOrSlot) {
     const std::vector<std::string> names = plugin.programNames();
-    std::vector<NamedItem> items;
-    items.reserve(names.size());
-    for (const std::string& name : names)
-        items.push_back({static_cast<int>(items.size()), {name}});
-
-    const Result<int> found = findByNameOrNumber(nameOrSlot, items, "program", "the plug-in");
+    const Result<FoundName> found = findNumbered(nameOrSlot, names, "program", "the plug-in");
     if (!found.ok())
         return found.problem();
-    if (!plugin.selectProgram(found.value()))
-        return Problem{"the plug-in does not let program " + std::to_string(found.value()) +
+    const int slot = found.value().index;
+    if (!plugin.selectProgram(slot))
+        return Problem{"the plug-in does not let program " + std::to_string(slot) +
                        " be selected from outside"};
-    return done();
+    return found.value().note;
 }
 
 } // namespace pedl

@@ -37,6 +37,8 @@ Result<Setting> findSetting(Plugin& plugin, std::string_view text);
 Done linkController(Plugin& plugin, std::string_view text);
 
 /// Makes the program with this name or slot number current.
-Done selectProgram(Plugin& plugin, std::string_view nameOrSlot);
+///
+/// @return a line for the user where several have the name, else nothing
+Result<std::string> selectProgram(Plugin& plugin, std::string_view nameOrSlot);
 
 } // namespace pedl

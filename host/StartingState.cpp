@@ -23,9 +23,13 @@ Done loadStored(Plugin& plugin, DocumentKind kind, const std::optional<std::file
 Result<std::vector<std::string>> applyFiles(Plugin& plugin, const StartingState& wanted) {
     std::vector<std::string> warnings;
     Done loaded = loadStored(plugin, DocumentKind::Bank, wanted.bank, warnings);
-    if (loaded.ok() && wanted.program)
-        if (const Done selected = selectProgram(plugin, *wanted.program); !selected.ok())
+    if (loaded.ok() && wanted.program) {
+        const Result<std::string> selected = selectProgram(plugin, *wanted.program);
+        if (!selected.ok())
             loaded = selected.problem().of("--program");
+        else if (!selected.value().empty())
+            warnings.push_back("--program: " + selected.value());
+    }
     if (loaded.ok())
         loaded = loadStored(plugin, DocumentKind::Program, wanted.preset, warnings);
     if (loaded.ok())

@@ -1,6 +1,7 @@
 // The command: reads what the user wants, calls the host library, writes what came of it.
 
 #include "host/AuditionCommand.h"
+#include "foundation/text/PrintableText.h"
 #include "host/CommandRequests.h"
 #include "host/FileCommands.h"
 #include "host/Interrupt.h"
@@ -22,8 +23,12 @@ using namespace pedl;
 constexpr int kFailed = 1;
 
 int fail(const std::string& text, int status = kFailed) {
-    std::fprintf(messages(), "zmt-pedlfilter: %s\n", text.c_str());
+    std::fprintf(messages(), "zmt-pedlfilter: %s\n", printableText(text).c_str());
     return status;
+}
+
+void warn(const std::string& text) {
+    std::fprintf(messages(), "zmt-pedlfilter: warning: %s\n", printableText(text).c_str());
 }
 
 /// Writes to standard output; a full disk or a closed pipe there is a failure too.
@@ -44,19 +49,7 @@ std::string levelText(double peak) {
 
 int report(const CommandLine& line, const RenderReport& done) {
     for (const std::string& warning : done.warnings)
-        std::fprintf(messages(), "zmt-pedlfilter: warning: %s\n", warning.c_str());
-    if (done.framesMissing > 0)
-        std::fprintf(messages(), "zmt-pedlfilter: warning: %s: damaged, ends %.2f s early\n",
-                     line.in.c_str(), static_cast<double>(done.framesMissing) / done.sampleRateHz);
-    if (done.samplesNotFinite > 0)
-        std::fprintf(messages(), "zmt-pedlfilter: warning: %lld samples are not finite numbers\n",
-                     static_cast<long long>(done.samplesNotFinite));
-    if (done.samplesCut > 0)
-        std::fprintf(
-            messages(),
-            "zmt-pedlfilter: warning: %lld samples were beyond full scale and were cut off;"
-            " .wav keeps them\n",
-            static_cast<long long>(done.samplesCut));
+        warn(warning);
     std::array<char, 256> figures{};
     std::snprintf(figures.data(), figures.size(),
                   ": %.2f s at %d Hz, %s, rendered in %.3f s: %.1f times realtime"
@@ -64,7 +57,7 @@ int report(const CommandLine& line, const RenderReport& done) {
                   done.audioSeconds(), done.sampleRateHz, levelText(done.peak).c_str(),
                   done.wallSeconds, done.audioSeconds() / done.wallSeconds,
                   done.audioSeconds() / done.pluginSeconds);
-    return print(line.out + figures.data());
+    return print(printableText(line.out) + figures.data());
 }
 
 /// With the signal's status where one ended the command.
@@ -100,8 +93,8 @@ int runShow(const CommandLine& line) {
         return failOf(shown.problem());
     if (line.screenshot.empty())
         return 0;
-    return print(line.screenshot + ": " + std::to_string(shown.value().widthPixels) + " x " +
-                 std::to_string(shown.value().heightPixels) + " pixels\n");
+    return print(printableText(line.screenshot) + ": " + std::to_string(shown.value().widthPixels) +
+                 " x " + std::to_string(shown.value().heightPixels) + " pixels\n");
 }
 
 constexpr std::size_t kMostWarnings = 20;
@@ -109,11 +102,9 @@ constexpr std::size_t kMostWarnings = 20;
 /// Damage can be long-winded: after the first lines their number will do.
 void warn(const std::string& path, const std::vector<std::string>& lines) {
     for (std::size_t i = 0; i < std::min(lines.size(), kMostWarnings); ++i)
-        std::fprintf(messages(), "zmt-pedlfilter: warning: %s: %s\n", path.c_str(),
-                     lines[i].c_str());
+        warn(path + ": " + lines[i]);
     if (lines.size() > kMostWarnings)
-        std::fprintf(messages(), "zmt-pedlfilter: warning: %s: and %zu more\n", path.c_str(),
-                     lines.size() - kMostWarnings);
+        warn(path + ": and " + std::to_string(lines.size() - kMostWarnings) + " more");
 }
 
 int runConvert(const CommandLine& line) {
@@ -128,7 +119,7 @@ int runConvert(const CommandLine& line) {
         status = print(textOf(conversion.value()));
     } else {
         const Result<std::string> written = writeConversion(conversion.value(), line.out);
-        status = written.ok() ? print(written.value()) : fail(written.problem().text);
+        status = written.ok() ? print(written.value() + '\n') : fail(written.problem().text);
     }
     if (status == 0)
         warn(line.in, conversion.value().warnings);
@@ -167,9 +158,13 @@ template <typename Listing> int runListing(const CommandLine& line, const Listin
     Result<std::unique_ptr<Plugin>> plugin = Plugin::load(path.value());
     if (!plugin.ok())
         return fail(plugin.problem().text);
-    if (!line.program.empty())
-        if (const Done selected = selectProgram(*plugin.value(), line.program); !selected.ok())
+    if (!line.program.empty()) {
+        const Result<std::string> selected = selectProgram(*plugin.value(), line.program);
+        if (!selected.ok())
             return fail(selected.problem().of("--program").text);
+        if (!selected.value().empty())
+            warn("--program: " + selected.value());
+    }
     const ListingForm form = line.isJson ? ListingForm::Json : ListingForm::Text;
     return print(listing(*plugin.value(), path.value().string(), form));
 }

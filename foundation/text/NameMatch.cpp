@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <numeric>
 
 namespace pedl {
 
@@ -14,26 +15,12 @@ constexpr std::size_t kMostOffered = 3;
 constexpr std::size_t kFewestTellingLetters = 4;
 constexpr std::size_t kMostCandidatesNamed = 8;
 
-enum class Rung { Exact, CutName, BeginsWith };
+/// Fewer letters stand in too many names.
+constexpr std::size_t kShortestPart = 3;
+/// Plug-ins' short names have at most 7 letters, or 8.
+constexpr std::size_t kLongestShortName = 8;
 
-bool matches(Rung rung, const std::string& name, const std::string& wanted) {
-    switch (rung) {
-    case Rung::Exact:
-        return name == wanted;
-    case Rung::CutName:
-        return name.size() >= kShortestCutName && wanted.starts_with(name);
-    case Rung::BeginsWith:
-        return name.starts_with(wanted);
-    }
-    return false;
-}
-
-/// A name for comparing: lower case, without blanks.
-std::string comparable(std::string_view name) {
-    std::string letters = lowerCase(name);
-    std::erase(letters, ' ');
-    return letters;
-}
+enum class Rung { Exact, CutName, BeginsWith, Part };
 
 /// Whether the letters of `shortName` stand in `longName` in the same order.
 bool abbreviates(std::string_view shortName, std::string_view longName) {
@@ -45,6 +32,40 @@ bool abbreviates(std::string_view shortName, std::string_view longName) {
         ++place;
     }
     return !shortName.empty();
+}
+
+/// Whether `wanted` stands in a name, or a short name ends with its abbreviation: "FltrCut" is a
+/// cutoff, "FltrSlp" a slope.
+bool isPart(const std::string& name, const std::string& wanted) {
+    if (wanted.size() < kShortestPart)
+        return false;
+    if (name.find(wanted) != std::string::npos)
+        return true;
+    if (name.size() < kShortestCutName || name.size() > kLongestShortName)
+        return false;
+    const std::string_view end = std::string_view(name).substr(name.size() - kShortestPart);
+    return end.front() == wanted.front() && abbreviates(end, wanted);
+}
+
+bool matches(Rung rung, const std::string& name, const std::string& wanted) {
+    switch (rung) {
+    case Rung::Exact:
+        return name == wanted;
+    case Rung::CutName:
+        return name.size() >= kShortestCutName && wanted.starts_with(name);
+    case Rung::BeginsWith:
+        return name.starts_with(wanted);
+    case Rung::Part:
+        return isPart(name, wanted);
+    }
+    return false;
+}
+
+/// A name for comparing: lower case, without blanks.
+std::string comparable(std::string_view name) {
+    std::string letters = lowerCase(name);
+    std::erase(letters, ' ');
+    return letters;
 }
 
 std::string described(const NamedItem& item) {
@@ -139,6 +160,25 @@ std::optional<int> letterForLetter(std::string_view wanted, std::span<const Name
     return found;
 }
 
+/// How many letters have to be added, left out, changed or swapped with the next.
+std::size_t changesBetween(std::string_view a, std::string_view b) {
+    std::vector<std::size_t> beforeLast(b.size() + 1);
+    std::vector<std::size_t> last(b.size() + 1);
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(last.begin(), last.end(), std::size_t{0});
+    for (std::size_t i = 1; i <= a.size(); ++i) {
+        row[0] = i;
+        for (std::size_t j = 1; j <= b.size(); ++j) {
+            row[j] = std::min({last[j] + 1, row[j - 1] + 1, last[j - 1] + (a[i - 1] != b[j - 1])});
+            if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
+                row[j] = std::min(row[j], beforeLast[j - 2] + 1);
+        }
+        std::swap(beforeLast, last);
+        std::swap(last, row);
+    }
+    return last.back();
+}
+
 } // namespace
 
 Result<int> findByName(std::string_view wantedText, std::span<const NamedItem> items,
@@ -150,7 +190,7 @@ Result<int> findByName(std::string_view wantedText, std::span<const NamedItem> i
     if (const std::optional<int> index = letterForLetter(trimmed(wantedText), items))
         return *index;
 
-    for (const Rung rung : {Rung::Exact, Rung::CutName, Rung::BeginsWith}) {
+    for (const Rung rung : {Rung::Exact, Rung::CutName, Rung::BeginsWith, Rung::Part}) {
         std::vector<const NamedItem*> found;
         for (const NamedItem& item : items)
             if (std::any_of(item.names.begin(), item.names.end(), [&](const std::string& name) {
@@ -175,16 +215,45 @@ Result<int> findByName(std::string_view wantedText, std::span<const NamedItem> i
                    (offered.empty() ? "" : "; nearest: " + listed(offered))};
 }
 
-Result<int> findByNameOrNumber(std::string_view wanted, std::span<const NamedItem> items,
+Result<FoundName> findNumbered(std::string_view wanted, std::span<const std::string> names,
                                std::string_view kind, std::string_view holder) {
-    const std::optional<int> number = indexFrom(wanted);
-    if (!number)
-        return findByName(wanted, items, kind);
-    if (static_cast<std::size_t>(*number) < items.size())
-        return *number;
-    return Problem{"there is no " + std::string(kind) + " " + std::to_string(*number) + "; " +
-                   std::string(holder) + " has " + std::to_string(items.size()) +
-                   ", counted from 0"};
+    if (const std::optional<int> number = indexFrom(wanted)) {
+        if (static_cast<std::size_t>(*number) < names.size())
+            return FoundName{*number, {}};
+        return Problem{"there is no " + std::string(kind) + " " + std::to_string(*number) + "; " +
+                       std::string(holder) + " has " + std::to_string(names.size()) +
+                       ", counted from 0"};
+    }
+    std::vector<NamedItem> items; // the first of each name
+    for (std::size_t i = 0; i < names.size(); ++i)
+        if (std::ranges::find(names.first(i), names[i]) == names.first(i).end())
+            items.push_back({static_cast<int>(i), {names[i]}});
+    const Result<int> found = findByName(wanted, items, kind);
+    if (!found.ok())
+        return found.problem();
+    FoundName answer{found.value(), {}};
+    const std::string& name = names[static_cast<std::size_t>(answer.index)];
+    if (const auto alike = std::ranges::count(names, name); alike > 1)
+        answer.note = std::to_string(alike) + " " + std::string(kind) + "s are called \"" +
+                      std::string(trimmed(name)) + "\"; the first is taken, " +
+                      std::to_string(answer.index);
+    return answer;
+}
+
+std::string nearestWord(std::string_view wanted, std::span<const std::string> words) {
+    std::string best;
+    std::size_t fewest = std::max<std::size_t>(1, wanted.size() / 3) + 1;
+    for (const std::string& word : words)
+        if (const std::size_t changes = changesBetween(wanted, word); changes < fewest) {
+            fewest = changes;
+            best = word;
+        }
+    if (!best.empty())
+        return best;
+    for (const std::string& word : words)
+        if (word.starts_with(wanted))
+            return word;
+    return {};
 }
 
 std::size_t sharedStart(std::string_view a, std::string_view b) {

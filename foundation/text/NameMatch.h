@@ -24,7 +24,10 @@ struct NamedItem {
 /// 1. a name that is exactly `wanted`;
 /// 2. a name of 7 or more characters with which `wanted` begins: plug-ins cut their names to 8, and
 ///    a blank or the terminator can take one more;
-/// 3. a name that begins with `wanted`.
+/// 3. a name that begins with `wanted`;
+/// 4. a name that has `wanted` in it, and a short name that ends with an abbreviation of it:
+/// "cutoff"
+///    for "FltrCut".
 ///
 /// Cut names can be alike ("Filter S" stands for slope and for saturate). Then the item decides
 /// whose other name abbreviates `wanted` at most length: "FltrSlp" keeps to the order of the
@@ -37,11 +40,21 @@ struct NamedItem {
 Result<int> findByName(std::string_view wanted, std::span<const NamedItem> items,
                        std::string_view kind);
 
-/// The same, or the index itself where `wanted` is a number.
+/// What was found, and a line to tell the user where the name alone did not decide.
+struct FoundName {
+    int index = 0;
+    std::string note; // mostly empty
+};
+
+/// `findByName` among `names`, numbered from 0, or the number itself where `wanted` is one. Of
+/// several with the same name the first is taken, and the note says so.
 ///
 /// @param holder  who has the items, for the message about a number that is too large
-Result<int> findByNameOrNumber(std::string_view wanted, std::span<const NamedItem> items,
+Result<FoundName> findNumbered(std::string_view wanted, std::span<const std::string> names,
                                std::string_view kind, std::string_view holder);
+
+/// The word that may have been meant by one that is mistyped or not written out; empty for none.
+[[nodiscard]] std::string nearestWord(std::string_view wanted, std::span<const std::string> words);
 
 /// How many characters two texts have in common from their start on.
 [[nodiscard]] std::size_t sharedStart(std::string_view a, std::string_view b);

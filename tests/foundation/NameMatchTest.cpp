@@ -23,6 +23,8 @@ TEST(NameMatch, FindsWhatAUserWouldType) {
              Row{"EFattackExtended", 7}, // both short names abbreviate it, the longer one counts
              Row{"Dry", 9},              // exact before longer ones that begin so
              Row{" drys", 10},           // an unmistakable beginning
+             Row{"cutoff", 5},           // what the end of a short name abbreviates
+             Row{"saturation", 4},
          })
         EXPECT_EQ(test::valueOf(findByName(typed, kParameters, "parameter")), index) << typed;
 }
@@ -41,6 +43,26 @@ TEST(NameMatch, NamesWhatCouldBeMeantByAnUnclearOrUnknownName) {
              Row{"  ", "the name of a parameter is missing"},
          })
         EXPECT_EQ(test::problemOf(findByName(typed, kParameters, "parameter")), problem);
+}
+
+TEST(NameMatch, TheFirstOfSeveralWithTheSameNameIsTakenAndSaysSo) {
+    const std::vector<std::string> names{"Default", "Init", "Init", "Init", "Initial"};
+    const auto find = [&](const char* typed) {
+        const FoundName found = test::valueOf(findNumbered(typed, names, "program", "the bank"));
+        return std::pair(found.index, found.note);
+    };
+    EXPECT_EQ(find("init"), std::pair(1, std::string("3 programs are called \"Init\"; the first is "
+                                                     "taken, 1")));
+    EXPECT_EQ(find("initi"), std::pair(4, std::string()));
+    EXPECT_EQ(find("2"), std::pair(2, std::string()));
+}
+
+TEST(NameMatch, OffersTheNearestWordOrNone) {
+    const std::vector<std::string> words{"--program", "--preset", "--plugin", "--midi-settings"};
+    using Row = std::pair<const char*, const char*>;
+    for (const auto& [typed, near] : {Row{"--prgoram", "--program"}, Row{"--pluggin", "--plugin"},
+                                      Row{"--midi-s", "--midi-settings"}, Row{"--loudness", ""}})
+        EXPECT_EQ(nearestWord(typed, words), near);
 }
 
 } // namespace
