@@ -57,8 +57,11 @@ Interrupt::Interrupt() {
     onEnd.sa_handler = onEndSignal;
     sigemptyset(&onEnd.sa_mask);
     onEnd.sa_flags = SA_RESTART;
-    for (std::size_t i = 0; i < kEndSignals.size(); ++i)
-        sigaction(kEndSignals[i], &onEnd, &formerEnd[i]);
+    for (std::size_t i = 0; i < kEndSignals.size(); ++i) {
+        sigaction(kEndSignals[i], nullptr, &formerEnd[i]);
+        if (formerEnd[i].sa_handler != SIG_IGN) // nohup, a shell's background job
+            sigaction(kEndSignals[i], &onEnd, nullptr);
+    }
 
     struct sigaction crashed {};
     crashed.sa_handler = onCrash;

@@ -8,7 +8,8 @@ namespace pedl {
 ///
 /// While an object lives, the first SIGINT, SIGTERM or SIGHUP only sets `signalNumber()`. The
 /// second one, and a crash (of a plug-in, mostly), remove the file named by `removeAtEnd` and end
-/// the process. A handler that somebody else installed for a crash is left alone. A file that hits
+/// the process. A signal that the process was started to ignore (nohup) stays ignored, and a
+/// handler that somebody else installed for a crash is left alone. A file that hits
 /// the process's size limit, a pipe without a reader and an X server that has gone are meanwhile
 /// errors of the write, not the end.
 ///

@@ -154,6 +154,13 @@ TEST_F(CommandTest, AnInterruptedOrCrashedRenderLeavesWhatWasThere) {
     }
 }
 
+TEST_F(CommandTest, ASignalThatIsIgnoredFromTheStartDoesNotEndARender) {
+    const std::string set = " --plugin $STUB --set Signal=0 1=" + std::to_string(SIGHUP / 64.0);
+    const Outcome nohup = run("render in.wav out.wav --block 64" + set, "trap '' HUP");
+    EXPECT_EQ(nohup.status, 0) << nohup.error;
+    EXPECT_EQ(nohup.error, "");
+}
+
 TEST_F(CommandTest, WhatThePlugInTellsIsShown) {
     const Outcome rendered =
         run("render --set 'Gain=50 %' Output=0 --set 1=0 in.wav out.wav --plugin $STUB");
