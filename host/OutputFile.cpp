@@ -14,17 +14,9 @@ namespace pedl {
 
 namespace {
 
-/// A new file beside the wanted one, its name in `path`. Not mkstemp: for the mode that the user's
-/// mask leaves, the mask would have to be asked, and that is done by setting it for all threads.
-int openTemporary(const std::filesystem::path& folder, mode_t mode, std::filesystem::path& path) {
-    constexpr int kMostTries = 100;
-    const std::string start = ".zmt-pedlfilter." + std::to_string(getpid()) + '.';
-    int descriptor = -1;
-    for (int i = 0; i < kMostTries && descriptor < 0 && (i == 0 || errno == EEXIST); ++i) {
-        path = folder / (start + std::to_string(i));
-        descriptor = ::open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode);
-    }
-    return descriptor;
+/// Whether a file without a name can get one later.
+bool canBeNamed(int descriptor) {
+    return access(("/proc/self/fd/" + std::to_string(descriptor)).c_str(), F_OK) == 0;
 }
 
 } // namespace
@@ -46,44 +38,53 @@ Done OutputFile::open() {
     if (exists && S_ISDIR(held.st_mode))
         return Problem{shown_.string() + ": is a folder"};
     if (exists && S_ISCHR(held.st_mode)) {
-        descriptor_ = ::open(target_.c_str(), O_WRONLY | O_CLOEXEC);
-        return descriptor_ >= 0 ? done() : failed(errno);
+        device_ = FileDescriptor(::open(target_.c_str(), O_WRONLY | O_CLOEXEC));
+        return device_.isOpen() ? done() : failed(errno);
     }
     if (exists && !S_ISREG(held.st_mode))
         return Problem{shown_.string() +
                        ": is not a file; audio cannot be written where it cannot go back"};
     if (exists && access(target_.c_str(), W_OK) != 0)
         return failed(errno);
+    return openNew(exists ? &held : nullptr);
+}
 
+Done OutputFile::openNew(const struct stat* held) {
     const std::filesystem::path folder =
         target_.has_parent_path() ? target_.parent_path() : std::filesystem::path(".");
-    std::filesystem::path temporary;
-    descriptor_ = openTemporary(folder, exists ? kForTheOwner : kForEveryone, temporary);
-    if (descriptor_ < 0) {
-        const int errorNumber = errno;
+    const auto refused = [&](int errorNumber) {
         return Problem{shown_.string() + ": cannot be written in the folder " + folder.string() +
                        ": " + systemText(errorNumber)};
+    };
+    folder_ = FileDescriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder_.isOpen())
+        return refused(errno);
+    name_ = target_.filename().string();
+    removeAbandonedFilesOf(folder_, name_);
+    const mode_t mode = held != nullptr ? kForTheOwner : kForEveryone;
+    file_ = std::make_unique<NewFile>(folder_, name_);
+    if (!file_->openUnnamed(mode) || !canBeNamed(file_->number())) {
+        file_ = std::make_unique<NewFile>(folder_, name_);
+        if (const std::optional<FileProblem> problem = file_->openNamed(mode))
+            return refused(problem->number);
+        Interrupt::removeAtEnd(folder / file_->nameSoFar());
     }
-    temporary_ = temporary;
-    Interrupt::removeAtEnd(temporary_);
-    if (exists)
-        fchmod(descriptor_, held.st_mode & 07777);
+    if (held != nullptr)
+        if (const std::optional<FileProblem> problem = file_->resemble(*held))
+            return failed(problem->number);
     return done();
 }
 
 OutputFile::~OutputFile() {
-    if (descriptor_ >= 0)
-        close(descriptor_);
-    if (!temporary_.empty()) {
-        unlink(temporary_.c_str());
-        Interrupt::removeAtEnd({});
-    }
+    file_.reset();
+    Interrupt::removeAtEnd({});
 }
 
 std::size_t OutputFile::write(const void* data, std::size_t bytes) {
     const auto* from = static_cast<const std::byte*>(data);
+    const int descriptor = file_ != nullptr ? file_->number() : device_.number();
     for (std::size_t written = 0; written < bytes && errorNumber_ == 0;) {
-        const ssize_t more = pwrite(descriptor_, from + written, bytes - written,
+        const ssize_t more = pwrite(descriptor, from + written, bytes - written,
                                     placeBytes_ + static_cast<std::int64_t>(written));
         if (more > 0)
             written += static_cast<std::size_t>(more);
@@ -104,19 +105,15 @@ Done OutputFile::state() const {
 Done OutputFile::commit() {
     if (errorNumber_ != 0)
         return failed(errorNumber_);
-    if (temporary_.empty())
+    if (file_ == nullptr)
         return done();
     // Some file systems report a full disk only here.
-    const bool isSafe = fsync(descriptor_) == 0;
-    const int syncError = errno;
-    const bool isClosed = close(descriptor_) == 0;
-    const int closeError = errno;
-    descriptor_ = -1;
-    if (!isSafe || !isClosed)
-        return failed(!isSafe ? syncError : closeError);
-    if (rename(temporary_.c_str(), target_.c_str()) != 0)
+    if (const std::optional<FileProblem> problem = file_->bringToDisk())
+        return failed(problem->number);
+    if (file_->nameSoFar().empty() && !file_->giveName())
         return failed(errno);
-    temporary_.clear();
+    if (const std::optional<FileProblem> problem = file_->putInPlace())
+        return failed(problem->number);
     Interrupt::removeAtEnd({});
     return done();
 }

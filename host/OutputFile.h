@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/platform/FileDescriptor.h"
+#include "foundation/platform/NewFile.h"
 #include "foundation/text/Result.h"
 
 #include <cstddef>
@@ -12,9 +14,11 @@ namespace pedl {
 
 /// A file that appears whole or not at all.
 ///
-/// Bytes go into a temporary file beside the wanted one; `commit` makes them safe on the disk and
-/// puts them in its place. Without it the temporary file goes with the object, and whatever stood
-/// under the wanted name is untouched. A link is followed: the file it leads to is replaced, and
+/// Bytes go into a new file in the folder of the wanted one; `commit` makes them safe on the disk
+/// and puts them in its place. Without it the new file goes with the object, and whatever stood
+/// under the wanted name is untouched. It has no name meanwhile, so nothing stays of it however the
+/// process ends; where the file system has no such files, the next one for the same name removes
+/// what a killed process has left. A link is followed: the file it leads to is replaced, and
 /// keeps its permissions. A device (/dev/null) is written directly.
 class OutputFile {
 public:
@@ -42,12 +46,15 @@ private:
         : shown_(std::move(shown)), target_(std::move(target)) {}
 
     Done open();
+    Done openNew(const struct stat* held);
     [[nodiscard]] Problem failed(int errorNumber) const;
 
-    std::filesystem::path shown_;     // as the user named it
-    std::filesystem::path target_;    // where the bytes end up
-    std::filesystem::path temporary_; // empty for a device, and after `commit`
-    int descriptor_ = -1;
+    std::filesystem::path shown_;   // as the user named it
+    std::filesystem::path target_;  // where the bytes end up
+    FileDescriptor folder_;         // of `target_`
+    std::string name_;              // in `folder_`
+    std::unique_ptr<NewFile> file_; // null for a device
+    FileDescriptor device_;
     int errorNumber_ = 0; // of the first write that failed
     std::int64_t placeBytes_ = 0;
     std::int64_t sizeBytes_ = 0;

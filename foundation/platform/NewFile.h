@@ -40,6 +40,11 @@ public:
 
     std::optional<FileProblem> bringToDisk();
 
+    /// The open file, for whoever writes it piece by piece.
+    [[nodiscard]] int number() const { return file_.number(); }
+    /// What it is called meanwhile; empty while it has no name.
+    [[nodiscard]] const std::string& nameSoFar() const { return temporaryName_; }
+
     /// Gives an unnamed file a temporary name. False where that cannot be: /proc may be missing.
     bool giveName();
 

@@ -154,6 +154,15 @@ TEST_F(CommandTest, AnInterruptedOrCrashedRenderLeavesWhatWasThere) {
     }
 }
 
+TEST_F(CommandTest, WhatAKilledRenderLeavesIsGoneAfterTheNext) {
+    const std::string set = " --plugin $STUB --set Signal=0 1=" + std::to_string(SIGKILL / 64.0);
+    EXPECT_EQ(run("render in.wav kept --block 64" + set).status, 128 + SIGKILL);
+    EXPECT_EQ(readText(folder_ / "kept"), "precious");
+    writeText(folder_ / ".kept.0123456789abcdef.new", "of one on a simpler file system");
+    EXPECT_EQ(run("render in.wav kept").status, 0);
+    EXPECT_EQ(folder_.names(), names_);
+}
+
 TEST_F(CommandTest, ASignalThatIsIgnoredFromTheStartDoesNotEndARender) {
     const std::string set = " --plugin $STUB --set Signal=0 1=" + std::to_string(SIGHUP / 64.0);
     const Outcome nohup = run("render in.wav out.wav --block 64" + set, "trap '' HUP");
