@@ -1,12 +1,22 @@
 #include "host/AudioReader.h"
 
+#include <array>
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 #include <sndfile.h>
+#include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace pedl {
+
+namespace {
+
+/// Programs that write into a pipe promise this much or more: they cannot know.
+constexpr long long kOpenLength = 0x7FFFF000;
+
+} // namespace
 
 Result<AudioReader> AudioReader::open(const std::filesystem::path& path) {
     const std::string name = path.string();
@@ -48,6 +58,22 @@ std::int64_t AudioReader::read(float* frames, std::int64_t most) {
 
 std::int64_t AudioReader::read(double* frames, std::int64_t most) {
     return sf_readf_double(file_.get(), frames, most);
+}
+
+std::int64_t AudioReader::missingBytes() const {
+    // The library trims the length to what is there and tells so in its log alone:
+    // "data : 19200 (should be 9600)".
+    std::array<char, 4096> log{};
+    sf_command(file_.get(), SFC_GET_LOG_INFO, log.data(), static_cast<int>(log.size()));
+    std::istringstream lines(log.data());
+    for (std::string line; std::getline(lines, line);) {
+        long long promised = 0;
+        long long held = 0;
+        if (std::sscanf(line.c_str(), " %*4s : %lld (should be %lld", &promised, &held) == 2 &&
+            promised > held && promised < kOpenLength)
+            return promised - held;
+    }
+    return 0;
 }
 
 Done AudioReader::state() const {

@@ -23,12 +23,16 @@ public:
 
     [[nodiscard]] int channels() const { return channels_; }
     [[nodiscard]] int sampleRateHz() const { return sampleRateHz_; }
-    /// As the file's head says; a damaged file ends sooner.
+    /// As the file's head says and its size allows; a damaged file ends sooner.
     [[nodiscard]] std::int64_t lengthFrames() const { return lengthFrames_; }
 
     /// Reads interleaved frames, full scale at 1.0. Fewer than asked come at the end only.
     std::int64_t read(float* frames, std::int64_t most);
     std::int64_t read(double* frames, std::int64_t most);
+
+    /// How many bytes the head promises and the file does not have; 0 where the head leaves it
+    /// open.
+    [[nodiscard]] std::int64_t missingBytes() const;
 
     /// Whether all that was asked for could be read; a damaged file says so only on reading.
     [[nodiscard]] Done state() const;

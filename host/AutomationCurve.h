@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <istream>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -27,6 +28,11 @@ public:
     static Result<AutomationCurve> load(const std::filesystem::path& path);
 
     [[nodiscard]] float valueAt(double seconds) const;
+
+    /// When it stops moving; nothing for a curve of one point, which never moves.
+    [[nodiscard]] std::optional<double> endSeconds() const {
+        return points_.size() > 1 ? std::optional(points_.back().seconds) : std::nullopt;
+    }
 
 private:
     explicit AutomationCurve(std::vector<Point> points) : points_(std::move(points)) {}

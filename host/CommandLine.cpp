@@ -105,6 +105,7 @@ CLI::App* addRender(CLI::App& app, CommandLine& line) {
         "Song tempo in beats per minute, 1 to 999, until the MIDI file has one (120)");
     add("--block", line.block, "N", "Frames in a block, 1 to 65536 (512)");
     add("--tail", line.tail, "SECONDS", "Silence to process after the end, up to 3600 s (0)");
+    command->add_flag("--strict", line.isStrict, "Take warnings for errors: OUT stays as it is");
     command->add_flag("--double", line.isDouble, "Process 64-bit instead of 32-bit samples");
     addPluginOption(*command, line);
     command->footer(kRenderNotes);

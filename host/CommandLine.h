@@ -20,6 +20,7 @@ struct CommandLine {
     std::vector<std::string> settings, links, automations, materials, programs;
     bool isDouble = false;
     bool isJson = false;
+    bool isStrict = false;
     bool isVerbose = false;
 };
 

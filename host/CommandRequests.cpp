@@ -66,6 +66,7 @@ Result<RenderRequest> renderRequest(const CommandLine& line) {
     request.start = startingState(line);
     request.automations = line.automations;
     give(line.midi, request.midi);
+    request.isStrict = line.isStrict;
     request.precision = line.isDouble ? Precision::Double : Precision::Float;
 
     const Result<double> tempo = numberWithin("--tempo", line.tempo, kTempoRange);

@@ -47,6 +47,10 @@ frame; the tempo, the time signature and the place in the song follow it. Blocks
 has something due, so what MIDI does is independent of --block. Controllers move what they are linked
 to, by --link for one. Where the file has no tempo yet, --tempo is the tempo.
 
+What is likely not what you meant is told on standard error, a line each, and refused with --strict: a
+MIDI file that moves nothing, a curve that ends before the sound, a file that is shorter than its head
+says, input beyond full scale, output that was cut off there, repairs of stored files.
+
 IN is mono or stereo at 44100 to 192000 Hz, in any format that libsndfile reads. OUT is stereo: 32-bit
 float for .wav (and without an ending), .aiff, .caf, .w64 and .rf64, 24 bits for .flac, Vorbis for
 .ogg. OUT appears whole or not at all; an existing file is replaced only by a finished render. It is

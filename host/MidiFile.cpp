@@ -187,4 +187,20 @@ Result<MidiFile> MidiFile::load(const std::filesystem::path& path) {
     return file;
 }
 
+std::set<int> MidiFile::controllers(int channel) const {
+    constexpr int kControlChange = 0xB0;
+    constexpr int kHighestController = 119; // above are channel mode messages
+    std::set<int> moved;
+    for (const Event& event : events) {
+        const auto* const message = std::get_if<ChannelMessage>(&event.content);
+        if (message == nullptr)
+            continue;
+        const int status = message->bytes[0];
+        if ((status & 0xF0) == kControlChange && message->bytes[1] <= kHighestController &&
+            (channel == 0 || (status & 0x0F) == channel - 1))
+            moved.insert(message->bytes[1]);
+    }
+    return moved;
+}
+
 } // namespace pedl

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <set>
 #include <span>
 #include <string>
 #include <variant>
@@ -42,6 +43,9 @@ struct MidiFile {
     double ticksPerQuarter = 0.0; // 0 where the file's time is absolute
     double ticksPerSecond = 0.0;  // else this
     std::vector<Event> events;    // by time; at one time, by track and place in it
+
+    /// Which controllers, 0 to 119, it moves: on one channel, 1 to 16, or on any with 0.
+    [[nodiscard]] std::set<int> controllers(int channel = 0) const;
 
     /// Reads a regular file of up to 16 MiB. A damaged one is refused, with the place.
     /// @return the file, or one line that begins with the path

@@ -1,5 +1,6 @@
 #include "host/RenderCommand.h"
 
+#include "convert/DocumentReader.h"
 #include "host/Interrupt.h"
 #include "host/OutputCheck.h"
 #include "host/ProgressBar.h"
@@ -8,6 +9,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <set>
 
 namespace pedl {
 
@@ -54,25 +56,93 @@ Result<std::vector<Automation>> loadCurves(Plugin& plugin, const RenderRequest& 
     return automations;
 }
 
-Result<std::optional<MidiPlayback>> loadMidi(const RenderRequest& request, double rateHz) {
-    std::optional<MidiPlayback> playback;
+Result<std::optional<MidiFile>> loadMidi(const RenderRequest& request) {
     if (!request.midi)
-        return playback;
+        return std::optional<MidiFile>();
     const Result<MidiFile> file = MidiFile::load(*request.midi);
     if (!file.ok())
         return file.problem().of("--midi");
-    playback.emplace(file.value(), request.tempoBpm, rateHz);
-    return playback;
+    return std::optional(file.value());
 }
 
-/// What the user should know about a finished render, a line each.
-void addRemarks(const RenderRequest& request, RenderReport& report) {
+double dbfs(double peak) {
+    return 20.0 * std::log10(peak);
+}
+
+template <typename... Values> std::string formatted(const char* pattern, Values... values) {
     std::array<char, 160> line{};
-    if (report.framesMissing > 0) {
-        std::snprintf(line.data(), line.size(), ": damaged, ends %.2f s early",
-                      static_cast<double>(report.framesMissing) / report.sampleRateHz);
-        report.warnings.push_back(request.in.string() + line.data());
+    std::snprintf(line.data(), line.size(), pattern, values...);
+    return line.data();
+}
+
+std::string listOf(const std::set<int>& numbers) {
+    std::string list;
+    for (const int number : numbers)
+        list += (list.empty() ? "" : ", ") + std::to_string(number);
+    return list;
+}
+
+/// Our plug-in does nothing with a MIDI file but by its links and, when it keeps the song's time,
+/// its tempo; what others do is theirs to know.
+void remarkOnMidi(Plugin& plugin, const RenderRequest& request, const MidiFile& file,
+                  std::vector<std::string>& remarks) {
+    if (!plugin.isOurs() || plugin.displayText(kLFOSyncMode) == "hostBPM")
+        return;
+    const std::vector<std::byte> chunk = plugin.chunk();
+    const Result<Document> state = documentOf(chunk);
+    if (!state.ok())
+        return;
+    const DocumentLinks& links = state.value().links;
+    const std::set<int> all = file.controllers();
+    const std::set<int> heard = links.channel == MidiMap::kChannelOff ? std::set<int>()
+                                : links.channel == MidiMap::kAllChannels
+                                    ? all
+                                    : file.controllers(links.channel);
+    for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter)
+        if (heard.contains(links.controllerOf(parameter)))
+            return;
+    const std::string name = "--midi: " + request.midi->string() + ": moves nothing, ";
+    if (all.empty())
+        remarks.push_back(name + "as it has no controllers");
+    else
+        remarks.push_back(name + "as no parameter is linked to a controller that it has (" +
+                          listOf(all) + "); --link makes a link");
+}
+
+/// What is known before the sound runs.
+std::vector<std::string> remarksBefore(Plugin& plugin, const RenderRequest& request,
+                                       const AudioReader& reader,
+                                       const std::vector<Automation>& curves,
+                                       const std::optional<MidiFile>& midi) {
+    std::vector<std::string> remarks;
+    if (const std::int64_t missing = reader.missingBytes(); missing > 0)
+        remarks.push_back(request.in.string() + ": is " + std::to_string(missing) +
+                          " bytes shorter than its head says");
+    const double rateHz = reader.sampleRateHz();
+    const double soundSeconds = static_cast<double>(reader.lengthFrames()) / rateHz;
+    for (std::size_t i = 0; i < curves.size(); ++i) {
+        const double lastRead = soundSeconds - request.blockFrames / rateHz;
+        if (curves[i].curve.endSeconds().value_or(soundSeconds) < lastRead)
+            remarks.push_back(
+                "--automate: " + request.automations[i] +
+                formatted(": ends at %.2f s, the sound at %.2f s; the last value stays",
+                          *curves[i].curve.endSeconds(), soundSeconds));
     }
+    if (midi)
+        remarkOnMidi(plugin, request, *midi, remarks);
+    return remarks;
+}
+
+/// What the render itself brought to light.
+void addRemarks(const RenderRequest& request, RenderReport& report) {
+    const std::string in = request.in.string();
+    if (report.framesMissing > 0)
+        report.warnings.push_back(
+            in + formatted(": damaged, ends %.2f s early",
+                           static_cast<double>(report.framesMissing) / report.sampleRateHz));
+    if (report.inputPeak > 1.0)
+        report.warnings.push_back(
+            in + formatted(": peaks at %+.1f dBFS, beyond full scale", dbfs(report.inputPeak)));
     if (report.samplesNotFinite > 0)
         report.warnings.push_back(std::to_string(report.samplesNotFinite) +
                                   " samples are not finite numbers");
@@ -80,6 +150,14 @@ void addRemarks(const RenderRequest& request, RenderReport& report) {
         report.warnings.push_back(std::to_string(report.samplesCut) +
                                   " samples were beyond full scale and were cut off;"
                                   " .wav keeps them");
+}
+
+Done checkStrictly(const std::vector<std::string>& warnings) {
+    if (warnings.empty())
+        return done();
+    const std::size_t more = warnings.size() - 1;
+    return Problem{"--strict: " + warnings.front() +
+                   (more > 0 ? "; and " + std::to_string(more) + " more" : "")};
 }
 
 } // namespace
@@ -111,9 +189,15 @@ Result<RenderReport> render(const RenderRequest& request) {
     if (!curves.ok())
         return curves.problem();
 
-    Result<std::optional<MidiPlayback>> midi = loadMidi(request, rateHz);
+    const Result<std::optional<MidiFile>> midi = loadMidi(request);
     if (!midi.ok())
         return midi.problem();
+    for (std::string& remark :
+         remarksBefore(plugin, request, reader.value(), curves.value(), midi.value()))
+        warnings.value().push_back(std::move(remark));
+    if (request.isStrict)
+        if (const Done checked = checkStrictly(warnings.value()); !checked.ok())
+            return checked.problem();
 
     const std::int64_t tailFrames = std::llround(request.tailSeconds * rateHz);
     const std::int64_t lengthFrames = reader.value().lengthFrames() + tailFrames;
@@ -126,7 +210,7 @@ Result<RenderReport> render(const RenderRequest& request) {
     Renderer renderer(plugin, reader.value(), writer.value(), request.blockFrames);
     renderer.follow(std::move(curves.value()));
     if (midi.value())
-        renderer.play(std::move(*midi.value()));
+        renderer.play(MidiPlayback(*midi.value(), request.tempoBpm, rateHz));
     renderer.addTail(tailFrames);
     renderer.onProgress([&progress](double share) { progress.show(share); });
     Result<RenderReport> report = renderer.run(request.precision);
@@ -134,6 +218,9 @@ Result<RenderReport> render(const RenderRequest& request) {
         return report;
     report.value().warnings = std::move(warnings.value());
     addRemarks(request, report.value());
+    if (request.isStrict)
+        if (const Done checked = checkStrictly(report.value().warnings); !checked.ok())
+            return checked.problem();
     if (const Done committed = writer.value().commit(); !committed.ok())
         return committed.problem();
     return report;

@@ -23,6 +23,7 @@ struct RenderRequest {
     VstInt32 blockFrames = 512;
     Precision precision = Precision::Float;
     double tailSeconds = 0.0;
+    bool isStrict = false; // what is worth a warning is an error, and OUT stays as it is
 };
 
 /// Renders one file. Everything that can be found wrong beforehand is, before OUT is touched.

@@ -32,6 +32,14 @@ void measure(const std::vector<Sample>& stereo, VstInt32 frames, bool cutsAtFull
     }
 }
 
+template <typename Sample>
+double peakOf(const std::vector<Sample>& samples, std::size_t count, double peak) {
+    for (std::size_t i = 0; i < count; ++i)
+        if (const double level = std::abs(static_cast<double>(samples[i])); std::isfinite(level))
+            peak = std::max(peak, level);
+    return peak;
+}
+
 } // namespace
 
 Renderer::Renderer(Plugin& plugin, AudioReader& reader, AudioWriter& writer, VstInt32 blockFrames)
@@ -80,6 +88,9 @@ template <typename Sample> Result<RenderReport> Renderer::runAs() {
         if (frames == 0)
             break;
 
+        report.inputPeak =
+            peakOf(fromFile, static_cast<std::size_t>(frames) * static_cast<std::size_t>(channels),
+                   report.inputPeak);
         fillInputs<Sample>(fromFile.data(), channels, frames, inputs);
         const SteadyClock::time_point entered = SteadyClock::now();
         process(inputs, outputs, frames);

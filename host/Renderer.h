@@ -31,7 +31,8 @@ struct RenderReport {
     int sampleRateHz = 0;
     double wallSeconds = 0.0;    // reading and writing the files included
     double pluginSeconds = 0.0;  // inside the plug-in alone
-    double peak = 0.0;           // largest finite sample, full scale at 1.0
+    double inputPeak = 0.0;      // largest finite sample, full scale at 1.0
+    double peak = 0.0;           // the same of the output
     std::int64_t samplesCut = 0; // beyond full scale in a format that ends there
     std::int64_t samplesNotFinite = 0;
     std::int64_t framesMissing = 0;    // that the file's head promised

@@ -2,6 +2,7 @@
 
 #include "convert/DocumentWriter.h"
 #include "tests/convert/Documents.h"
+#include "tests/host/MidiBytes.h"
 #include "tests/host/SoundFiles.h"
 #include "tests/support/ShellCommand.h"
 
@@ -152,6 +153,26 @@ TEST_F(CommandTest, AnInterruptedOrCrashedRenderLeavesWhatWasThere) {
                       signal == SIGSEGV ? "crashed, most likely inside the plug-in"
                                         : "interrupted; nothing was written");
     }
+}
+
+TEST_F(CommandTest, WhatIsLikelyNotMeantIsToldAndWithStrictRefused) {
+    writeSound(folder_ / "loud.wav", 2, 48000, 4800, [](long, int) { return 2.0; });
+    writeText(folder_ / "cut.wav", readText(folder_ / "in.wav").substr(0, 9000));
+    writeText(folder_ / "short.csv", "0,0\n0.05,1\n");
+    writeText(folder_ / "song.mid", midiFile(0, 480, {std::string("\0\xB2\x4A\x40", 4)}));
+    names_ = folder_.names();
+    using Row = std::array<const char*, 2>;
+    for (const auto& [arguments, says] :
+         {Row{"loud.wav", "loud.wav: peaks at +6.0 dBFS, beyond full scale"},
+          Row{"cut.wav", "bytes shorter than its head says"},
+          Row{"in.wav --automate 0=short.csv", "0=short.csv: ends at 0.05 s, the sound at 0.10 s"},
+          Row{"in.wav --midi song.mid --link 21=1", "a controller that it has (74); --link"}}) {
+        SCOPED_TRACE(arguments);
+        expectRefused(run("render " + std::string(arguments) + " kept --strict"), 1, says);
+        EXPECT_NE(run("render " + std::string(arguments) + " /dev/null").error.find(says),
+                  std::string::npos);
+    }
+    EXPECT_EQ(run("render in.wav kept --strict --midi song.mid --link 21=74").error, "");
 }
 
 TEST_F(CommandTest, WhatAKilledRenderLeavesIsGoneAfterTheNext) {
