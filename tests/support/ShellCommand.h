@@ -2,6 +2,7 @@
 
 #include "tests/support/TemporaryFolder.h"
 
+#include <csignal>
 #include <cstdlib>
 #include <string>
 #include <sys/wait.h>
@@ -16,6 +17,9 @@ struct Outcome {
 
 /// Runs a line in a shell that stands in `folder`: arguments are quoted as a user would.
 inline Outcome runInShell(const TemporaryFolder& folder, const std::string& line) {
+    // Tests in the background, or under nohup, were started with these ignored.
+    for (const int number : {SIGINT, SIGQUIT, SIGHUP})
+        std::signal(number, SIG_DFL);
     const TemporaryFolder streams;
     const std::string whole = "cd '" + folder.path() + "' && " + line + " >'" + streams / "out" +
                               "' 2>'" + streams / "error" + "'";
