@@ -55,14 +55,16 @@ void selectProgram(ZMTpedlFilterEffect& effect, const std::string& name) {
     effect.selectProgram(valueOf(findByName(name, programs, "program")));
 }
 
+Result<float> valueReading(int index, std::string_view text) {
+    return valueFromText(text, parameterUnit(index), [index](float normalised) {
+        return std::string(parameterText(index, normalised).view());
+    });
+}
+
 void assign(ZMTpedlFilterEffect& effect, const std::string& text) {
     const Assignment assignment = assignmentFrom(text);
-    const auto textAt = [&](float normalised) {
-        return std::string(parameterText(assignment.index, normalised).view());
-    };
-    effect.setParameter(
-        assignment.index,
-        valueOf(valueFromText(assignment.value, parameterUnit(assignment.index), textAt)));
+    effect.setParameter(assignment.index,
+                        valueOf(valueReading(assignment.index, assignment.value)));
 }
 
 struct Automation {
@@ -76,7 +78,10 @@ std::vector<Automation> automationsOf(const DemoSetting& setting,
     for (const std::string& text : setting.automations) {
         const Assignment assignment = assignmentFrom(text);
         automations.push_back(
-            {assignment.index, valueOf(AutomationCurve::load(curves / assignment.value))});
+            {assignment.index,
+             valueOf(AutomationCurve::load(curves / assignment.value, [&](std::string_view shown) {
+                 return valueReading(assignment.index, shown);
+             }))});
     }
     return automations;
 }

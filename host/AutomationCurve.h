@@ -3,6 +3,7 @@
 #include "foundation/text/Result.h"
 
 #include <filesystem>
+#include <functional>
 #include <istream>
 #include <optional>
 #include <string_view>
@@ -21,11 +22,18 @@ public:
         float normalised = 0.0F;
     };
 
-    /// Reads lines "seconds,value": times from 0 that do not go back, values from 0 to 1. Empty
-    /// lines and lines that begin with # are skipped, as is a first line that holds words.
+    /// The normalised value at which the parameter shows a text.
+    using ValueOfText = std::function<Result<float>(std::string_view text)>;
+
+    /// Reads lines "seconds,value": times from 0 that do not go back, values from 0 to 1 or texts
+    /// of the parameter ("200 Hz"). After a first line "seconds,text" plain numbers are texts as
+    /// well. Empty lines and lines that begin with # are skipped, as is a first line that holds
+    /// words.
     /// @param name  of the file, for the message "name:line: what is wrong"
-    static Result<AutomationCurve> parse(std::istream& text, std::string_view name);
-    static Result<AutomationCurve> load(const std::filesystem::path& path);
+    static Result<AutomationCurve> parse(std::istream& text, std::string_view name,
+                                         const ValueOfText& valueOfText);
+    static Result<AutomationCurve> load(const std::filesystem::path& path,
+                                        const ValueOfText& valueOfText);
 
     [[nodiscard]] float valueAt(double seconds) const;
 

@@ -38,8 +38,10 @@ normalised value, 0 to 1.
 --bank, --program, --preset, --midi-settings, --set and --link take effect in this order, wherever they
 stand, then curves and MIDI. Files are for ZMT pedlFilter alone; `zmt-pedlfilter convert` makes them.
 
-A curve is a text file with lines "seconds,value", values 0 to 1, joined by straight lines; lines
-that begin with # and a first line of words are skipped. It is read at the start of every block, so
+A curve is a text file with lines "seconds,value", joined by straight lines of the normalised value.
+A value is a number from 0 to 1, or a text that the parameter shows, with its unit ("2.5,1.2 kHz",
+"3,off"); after a first line "seconds,text" plain numbers are such texts too. Lines that begin with #
+and a first line of other words are skipped. It is read at the start of every block, so
 a smaller --block follows it more closely.
 
 A MIDI file (format 0 or 1) begins with IN. All its channel messages reach the plug-in, each at its

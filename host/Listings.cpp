@@ -3,6 +3,7 @@
 #include "foundation/text/NameMatch.h"
 #include "foundation/text/PrintableText.h"
 #include "foundation/text/Utf8.h"
+#include "host/Selection.h"
 
 #include <nlohmann/json.hpp>
 
@@ -117,8 +118,8 @@ std::vector<ParameterLine> parameterLines(Plugin& plugin) {
     lines.reserve(static_cast<std::size_t>(plugin.numParameters()));
     for (VstInt32 index = 0; index < plugin.numParameters(); ++index)
         lines.push_back({index, plugin.parameterName(index), plugin.parameterLongName(index),
-                         plugin.displayText(index), plugin.parameterUnit(index),
-                         plugin.parameter(index), plugin.canBeAutomated(index)});
+                         plugin.displayText(index), unitOf(plugin, index), plugin.parameter(index),
+                         plugin.canBeAutomated(index)});
     return lines;
 }
 

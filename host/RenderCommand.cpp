@@ -48,7 +48,10 @@ Result<std::vector<Automation>> loadCurves(Plugin& plugin, const RenderRequest& 
         const Result<Assignment> found = findAssignment(plugin, text);
         if (!found.ok())
             return found.problem().of("--automate");
-        Result<AutomationCurve> curve = AutomationCurve::load(found.value().value);
+        Result<AutomationCurve> curve = AutomationCurve::load(
+            found.value().value, [&plugin, index = found.value().index](std::string_view shown) {
+                return valueReading(plugin, index, shown);
+            });
         if (!curve.ok())
             return curve.problem().of("--automate");
         automations.push_back({found.value().index, std::move(curve.value())});

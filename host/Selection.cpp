@@ -17,11 +17,6 @@ std::string calledAs(Plugin& plugin, VstInt32 index) {
     return "parameter " + std::to_string(index) + (name.empty() ? "" : " (" + name + ")");
 }
 
-/// Ours leaves its units out of the texts and, for the sake of old songs, out of the labels too.
-std::string unitOf(Plugin& plugin, VstInt32 index) {
-    return plugin.isOurs() ? parameterUnitText(index) : plugin.parameterUnit(index);
-}
-
 bool isNumber(std::string_view text, double& number) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     return error == std::errc{} && end == text.data() + text.size();
@@ -35,6 +30,20 @@ std::vector<NamedItem> namedParameters(Plugin& plugin) {
     for (VstInt32 index = 0; index < plugin.numParameters(); ++index)
         items.push_back({index, {plugin.parameterName(index), plugin.parameterLongName(index)}});
     return items;
+}
+
+// Ours leaves its units out of the texts and, for the sake of old songs, out of the labels too.
+std::string unitOf(Plugin& plugin, VstInt32 index) {
+    return plugin.isOurs() ? parameterUnitText(index) : plugin.parameterUnit(index);
+}
+
+Result<float> valueReading(Plugin& plugin, VstInt32 index, std::string_view text) {
+    const Result<float> value = valueFromText(text, unitOf(plugin, index), [&](float normalised) {
+        return plugin.displayTextAt(index, normalised);
+    });
+    if (value.ok())
+        return value;
+    return value.problem().of(calledAs(plugin, index));
 }
 
 Result<Assignment> findAssignment(Plugin& plugin, std::string_view text) {
@@ -71,12 +80,9 @@ Result<Setting> findSetting(Plugin& plugin, std::string_view text) {
                            " is outside 0 .. 1, as values by index are"};
         return Setting{assignment.index, static_cast<float>(number)};
     }
-    const Result<float> value =
-        valueFromText(assignment.value, unitOf(plugin, assignment.index), [&](float normalised) {
-            return plugin.displayTextAt(assignment.index, normalised);
-        });
+    const Result<float> value = valueReading(plugin, assignment.index, assignment.value);
     if (!value.ok())
-        return value.problem().of(calledAs(plugin, assignment.index));
+        return value.problem();
     return Setting{assignment.index, value.value()};
 }
 

@@ -26,6 +26,12 @@ struct Assignment {
 /// The plug-in's parameters under both their names, for `findByName`.
 [[nodiscard]] std::vector<NamedItem> namedParameters(Plugin& plugin);
 
+/// The unit of the numbers that a parameter shows, where its texts leave it out; else empty.
+[[nodiscard]] std::string unitOf(Plugin& plugin, VstInt32 index);
+
+/// The normalised value at which a parameter shows a text.
+Result<float> valueReading(Plugin& plugin, VstInt32 index, std::string_view text);
+
 /// Splits "parameter=value" and finds the parameter, by its index or by its name.
 Result<Assignment> findAssignment(Plugin& plugin, std::string_view text);
 

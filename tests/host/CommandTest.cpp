@@ -32,6 +32,7 @@ protected:
         writeText(folder_ / "words", "these are only words");
         writeText(folder_ / "bad.json", "{");
         writeText(folder_ / "high.csv", "a,b\n# from 0 to 2\n0,0\n1,2\n");
+        writeText(folder_ / "unit.csv", "0,200 Hz\n1,2 miles\n");
         writeText(folder_ / "back.csv", "2,0\n1,0\n");
         writeText(folder_ / "kept", "precious");
         names_ = folder_.names();
@@ -78,6 +79,7 @@ TEST_F(CommandTest, WhatCannotBeDoneIsOneClearLineAndLeavesEverythingAsItWas) {
         Row{1, "render in.wav kept --set 'Filter Cutoff=30000'", "\"30000\" is outside 20 .. 20000 Hz"},
         Row{1, "render in.wav kept --set 'Filter Cutoff=4 ms'", "\"4 ms\" is not understood; it shows"},
         Row{1, "render in.wav kept --automate 0=high.csv", "high.csv:4: the value is outside"},
+        Row{1, "render in.wav kept --automate cutoff=unit.csv", "unit.csv:2: parameter 21 (FltrCut"},
         Row{1, "render in.wav kept --automate 0=back.csv", "back.csv:2: the time goes back"},
         Row{1, "render in.wav kept --automate 0=words", "words:1: is not \"seconds,value\""},
         Row{1, "render in.wav kept --midi words", "--midi: words: is not a MIDI file"},

@@ -85,6 +85,8 @@ TEST_F(Render, ACurveIsReadAtEachBlocksStart) {
     request.automations = {"Gain=" + folder / "curve.csv"};
     request.blockFrames = 48; // 1 ms
     const Samples out = rendered();
+    writeText(folder / "curve.csv", "seconds,text\n0.001,100 %\n0.006,50\n0.006,0\n0.008,50%\n");
+    EXPECT_EQ(rendered(), out);
     const Samples expected{1.0, 1.0, 0.9, 0.8, 0.7, 0.6, 0.0, 0.25, 0.5, 0.5};
     for (std::size_t frame = 0; frame < 480; ++frame)
         EXPECT_NEAR(out.at(2 * frame), expected[frame / 48], 1e-6) << frame;
