@@ -44,6 +44,29 @@ std::vector<std::byte> bytesOf(std::string_view text) {
     return {bytes.begin(), bytes.end()};
 }
 
+/// Puts the program of a file in a slot: "12=wah.zmt".
+Done putIntoSlot(const std::string& text, Document& bank) {
+    if (!hasBank(bank.kind))
+        return Problem{"there are no slots in " + contentsName(bank.kind)};
+    const std::size_t equals = text.find('=');
+    const std::optional<int> slot = indexFrom(text.substr(0, equals));
+    if (equals == std::string::npos || !slot)
+        return Problem{'"' + text + "\" is not SLOT=FILE"};
+    if (static_cast<std::size_t>(*slot) >= bank.programs.size())
+        return Problem{"there is no slot " + std::to_string(*slot) + "; a bank has " +
+                       std::to_string(bank.programs.size()) + ", counted from 0"};
+    const std::string path = text.substr(equals + 1);
+    const Result<Document> read = readDocument(path);
+    if (!read.ok())
+        return read.problem();
+    if (read.value().kind != DocumentKind::Program)
+        return Problem{path + ": holds " + contentsName(read.value().kind) + ", not a program"};
+    for (const std::string& warning : read.value().warnings)
+        bank.warnings.push_back(path + ": " + warning);
+    bank.programs[static_cast<std::size_t>(*slot)] = currentProgram(read.value());
+    return done();
+}
+
 } // namespace
 
 Result<Conversion> convert(const ConversionRequest& request) {
@@ -55,6 +78,9 @@ Result<Conversion> convert(const ConversionRequest& request) {
         return read.problem();
     Document& document = read.value();
     DocumentKind kind = form->kind.value_or(document.kind);
+    for (const std::string& slot : request.slots)
+        if (const Done put = putIntoSlot(slot, document); !put.ok())
+            return put.problem().of("--slot");
     if (request.program) {
         if (kind == DocumentKind::MidiSettings)
             return Problem{"--program: " + request.out + " holds no program"};

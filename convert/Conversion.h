@@ -21,6 +21,7 @@ struct ConversionRequest {
     std::string in;
     std::string out;                    ///< its ending names the kind and the form
     std::optional<std::string> program; ///< name or slot
+    std::vector<std::string> slots;     ///< "slot=file": programs to put in, in this order
 };
 
 /// What is to be written under the name of `out`.
@@ -33,8 +34,8 @@ struct Conversion {
 
 /// Reads one file and makes what the other is to hold; writes nothing.
 ///
-/// With a program named, it is the one that a program file or a text form gets, and the current
-/// one of a bank or a host chunk.
+/// Programs for slots go into the bank first. With a program named, it is the one that a program
+/// file or a text form gets, and the current one of a bank or a host chunk.
 ///
 /// @return a line that begins with the path that it is about
 Result<Conversion> convert(const ConversionRequest& request);

@@ -15,7 +15,7 @@ namespace pedl {
 
 namespace {
 
-/// After --set, --link and --automate, further PARAMETER=VALUE words belong to the same option.
+/// After --set, --link, --automate and --slot, further NAME=VALUE words belong to the same option.
 /// Written out one by one here: a list option would swallow IN and OUT as well.
 std::vector<std::string> spreadLists(int count, char** words) {
     std::vector<std::string> spread;
@@ -24,7 +24,7 @@ std::vector<std::string> spreadLists(int count, char** words) {
     for (int i = 1; i < count; ++i) {
         const std::string word = words[i];
         const bool isItem = word.find('=') != std::string::npos && !word.starts_with("-");
-        if (word == "--set" || word == "--link" || word == "--automate") {
+        if (word == "--set" || word == "--link" || word == "--automate" || word == "--slot") {
             list = word;
             hasItem = false;
         } else if (!list.empty() && (isItem || !hasItem)) {
@@ -70,17 +70,25 @@ void addProgramOption(CLI::App& command, CommandLine& line) {
                   "Program to select first, by name or slot from 0");
 }
 
+void addBankOption(CLI::App& command, CommandLine& line) {
+    addTextOption(command, storedFileOption(DocumentKind::Bank), line.bank, "FILE",
+                  "Bank to load: a bank file, a host chunk or the JSON of one");
+}
+
+void addPresetOption(CLI::App& command, CommandLine& line) {
+    addTextOption(command, storedFileOption(DocumentKind::Program), line.preset, "FILE",
+                  "Program to load into the slot: a program file or the JSON of one");
+}
+
 /// What the plug-in is to hold, in the order in which it takes effect.
 void addStateOptions(CLI::App& command, CommandLine& line) {
     const auto add = [&command](const char* name, auto& target, const char* type,
                                 const char* description) {
         addTextOption(command, name, target, type, description);
     };
-    add(storedFileOption(DocumentKind::Bank), line.bank, "FILE",
-        "Bank to load: a bank file, a host chunk or the JSON of one");
+    addBankOption(command, line);
     addProgramOption(command, line);
-    add(storedFileOption(DocumentKind::Program), line.preset, "FILE",
-        "Program to load into the slot: a program file or the JSON of one");
+    addPresetOption(command, line);
     add(storedFileOption(DocumentKind::MidiSettings), line.midiSettings, "FILE",
         "MIDI links to load: a MIDI-settings file or the JSON of one");
     add("--set", line.settings, "PARAMETER=VALUE",
@@ -168,6 +176,8 @@ CLI::App* addConvert(CLI::App& app, CommandLine& line) {
     addFile(*command, "OUT", line.out, "File to write; its ending names the form");
     addTextOption(*command, "--program", line.program, "NAME|SLOT",
                   "Program to take, by name or slot from 0");
+    addTextOption(*command, "--slot", line.slots, "SLOT=FILE",
+                  "Program to put into a slot of the bank or host chunk, again and again");
     command->footer(convertNotes());
     return command;
 }
@@ -176,7 +186,10 @@ CLI::App* addDiff(CLI::App& app, CommandLine& line) {
     CLI::App* const command =
         app.add_subcommand("diff", "Show what differs between two stored files");
     addFile(*command, "A", line.in, "File to begin with");
-    addFile(*command, "B", line.out, "File to compare it with");
+    command->add_option("B", line.out, "File to compare it with")->type_name("");
+    command->add_option("--program", line.compared, "Two programs of A to compare instead of B")
+        ->expected(2)
+        ->type_name("NAME|SLOT NAME|SLOT");
     command->footer(kDiffNotes);
     return command;
 }
@@ -213,11 +226,17 @@ std::vector<SubCommand> addSubCommands(CLI::App& app, CommandLine& line) {
     std::vector<SubCommand> all; // in the order of the help
     all.push_back({addRender(app, line), Action::Render});
     all.push_back({addShow(app, line), Action::Show});
-    all.push_back({addListing(app, "programs", "List the programs by slot and name", line),
-                   Action::Programs});
+    CLI::App* const programs =
+        addListing(app, "programs", "List the programs by slot and name", line);
+    addBankOption(*programs, line);
+    addTextOption(*programs, "--search", line.search, "TEXT",
+                  "Only those with that in their name, in upper or lower case");
+    all.push_back({programs, Action::Programs});
     CLI::App* const parameters =
         addListing(app, "params", "List the parameters with their names, values and texts", line);
+    addBankOption(*parameters, line);
     addProgramOption(*parameters, line);
+    addPresetOption(*parameters, line);
     all.push_back({parameters, Action::Parameters});
     all.push_back({addListing(app, "info", "Show everything that the plug-in declares", line),
                    Action::Information});

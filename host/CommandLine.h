@@ -16,8 +16,8 @@ constexpr int kWrongUse = 2;
 struct CommandLine {
     Action action = Action::Render;
     std::string in, out, plugin, program, bank, preset, midiSettings, midi,
-        tempo = "120", block = "512", tail = "0", play, screenshot, scale, seconds;
-    std::vector<std::string> settings, links, automations, materials, programs;
+        tempo = "120", block = "512", tail = "0", play, screenshot, scale, seconds, search;
+    std::vector<std::string> settings, links, automations, materials, programs, slots, compared;
     bool isDouble = false;
     bool isJson = false;
     bool isStrict = false;

@@ -40,6 +40,8 @@ template <typename Wanted> void give(const std::string& text, Wanted& wanted) {
         wanted = text;
 }
 
+} // namespace
+
 StartingState startingState(const CommandLine& line) {
     StartingState start;
     give(line.bank, start.bank);
@@ -50,8 +52,6 @@ StartingState startingState(const CommandLine& line) {
     start.links = line.links;
     return start;
 }
-
-} // namespace
 
 Result<std::filesystem::path> pluginFor(const CommandLine& line) {
     if (!line.plugin.empty())

@@ -10,6 +10,9 @@ namespace pedl {
 /// The library that the command line names, else the one of ours that is found.
 Result<std::filesystem::path> pluginFor(const CommandLine& line);
 
+/// What the plug-in is to hold before it is heard, seen or listed.
+[[nodiscard]] StartingState startingState(const CommandLine& line);
+
 /// What `render` and `show` are asked for, the plug-in apart: the numbers of the command line,
 /// which it holds as text, are read and within their ranges.
 Result<RenderRequest> renderRequest(const CommandLine& line);

@@ -13,7 +13,9 @@ Examples:
   $ zmt-pedlfilter show --program "Auto Wah" --play riff.wav
   $ zmt-pedlfilter params --program 5 --json
   $ zmt-pedlfilter convert bank.zmb bank.json
+  $ zmt-pedlfilter convert bank.zmb bank.zmb --slot 12=wah.zmt
   $ zmt-pedlfilter diff old.zmb bank.json
+  $ zmt-pedlfilter diff bank.zmb --program 12 "Auto Wah"
 
 `zmt-pedlfilter SUBCOMMAND --help` tells the rest. Without --plugin, ZMTpedlFilter.so is looked for
 beside the command, in ../plugin and ../lib/vst from there, and in /usr/local/lib/vst. It reads the
@@ -80,6 +82,7 @@ of OUT says what it becomes:
 )";
 
 constexpr const char* kConvertEnd = R"(
+--slot 12=wah.zmt puts the program of a file into slot 12 of what was read; everything else stays.
 MIDI settings hold no programs, so they become .zmm, .chunk or .json only. A bank file that is made
 of a host chunk leaves its MIDI links out, with a warning. With a bank or a host chunk as OUT,
 --program makes that program the current one.
@@ -90,7 +93,8 @@ it. What is missing is the factory's. OUT is replaced whole or not at all and ma
 puts its texts right.)";
 
 constexpr const char* kDiffNotes = R"(
-A and B are anything that convert reads. A program is compared with the current one of a bank. Each
+A and B are anything that convert reads. A program is compared with the current one of a bank;
+--program compares two of A's own. Each
 line names slot, program and parameter, with both texts; values with the same text are given as
 numbers.
 

@@ -136,10 +136,23 @@ Json parametersAsJson(Plugin& plugin) {
     return list;
 }
 
-Json programsAsJson(Plugin& plugin) {
+using NumberedNames = std::vector<std::pair<std::size_t, std::string>>;
+
+NumberedNames programsWith(Plugin& plugin, const std::string& part) {
+    NumberedNames found;
+    std::size_t slot = 0;
+    for (std::string& name : plugin.programNames()) {
+        if (lowerCase(name).find(lowerCase(part)) != std::string::npos)
+            found.emplace_back(slot, std::move(name));
+        ++slot;
+    }
+    return found;
+}
+
+Json programsAsJson(const NumberedNames& programs) {
     Json list = Json::array();
-    for (const std::string& name : plugin.programNames())
-        list.push_back({{"slot", list.size()}, {"name", name}});
+    for (const auto& [slot, name] : programs)
+        list.push_back({{"slot", slot}, {"name", name}});
     return list;
 }
 
@@ -200,7 +213,7 @@ Json infoAsJson(Plugin& plugin, const std::string& path) {
             {"outputs", pinsAsJson(pins(plugin, false))},
             {"canDo", abilities},
             {"declaredPrograms", record.numPrograms},
-            {"programs", programsAsJson(plugin)},
+            {"programs", programsAsJson(programsWith(plugin, ""))},
             {"parameters", parametersAsJson(plugin)}};
 }
 
@@ -252,13 +265,13 @@ std::string infoAsText(Plugin& plugin, const std::string& path) {
 
 } // namespace
 
-std::string programListing(Plugin& plugin, ListingForm form) {
+std::string programListing(Plugin& plugin, ListingForm form, const std::string& part) {
+    const NumberedNames programs = programsWith(plugin, part);
     if (form == ListingForm::Json)
-        return text(programsAsJson(plugin));
-    std::vector<std::vector<std::string>> rows;
-    for (const std::string& name : plugin.programNames())
-        rows.push_back({std::to_string(rows.size()), name});
-    rows.insert(rows.begin(), {"slot", "name"});
+        return text(programsAsJson(programs));
+    std::vector<std::vector<std::string>> rows{{"slot", "name"}};
+    for (const auto& [slot, name] : programs)
+        rows.push_back({std::to_string(slot), name});
     return table(rows);
 }
 

@@ -7,7 +7,6 @@
 #include "host/Interrupt.h"
 #include "host/Listings.h"
 #include "host/Messages.h"
-#include "host/Selection.h"
 
 #include <array>
 #include <cmath>
@@ -108,9 +107,10 @@ void warn(const std::string& path, const std::vector<std::string>& lines) {
 }
 
 int runConvert(const CommandLine& line) {
-    ConversionRequest request{line.in, line.out, std::nullopt};
+    ConversionRequest request{line.in, line.out, std::nullopt, {}};
     if (!line.program.empty())
         request.program = line.program;
+    request.slots = line.slots;
     const Result<Conversion> conversion = convert(request);
     if (!conversion.ok())
         return fail(conversion.problem().text);
@@ -126,21 +126,46 @@ int runConvert(const CommandLine& line) {
     return status;
 }
 
+/// Leaves the two programs of one bank.
+Done choosePrograms(const std::vector<std::string>& names, Document& from, Document& to) {
+    for (const auto& [name, document] : {std::pair{names[0], &from}, std::pair{names[1], &to}}) {
+        if (const Done selected = selectProgram(*document, name); !selected.ok())
+            return selected.problem();
+        const Result<Document> program = converted(*document, DocumentKind::Program);
+        if (!program.ok())
+            return program.problem();
+        *document = program.value();
+    }
+    return done();
+}
+
 /// Statuses as those of diff(1).
 int runDiff(const CommandLine& line) {
     constexpr int kSame = 0;
     constexpr int kDifferent = 1;
     constexpr int kTrouble = 2;
-    const Result<Document> from = readDocument(line.in);
-    const Result<Document> to = readDocument(line.out);
+    const bool isWithinOne = !line.compared.empty();
+    if (isWithinOne != line.out.empty())
+        return fail(isWithinOne ? "diff: --program compares programs of A; leave B out"
+                                : "diff: B is required, or --program",
+                    kTrouble);
+    const std::string& second = isWithinOne ? line.in : line.out;
+    Result<Document> from = readDocument(line.in);
+    Result<Document> to = readDocument(second);
     for (const Result<Document>* read : {&from, &to})
         if (!read->ok())
             return fail(read->problem().text, kTrouble);
+    warn(line.in, from.value().warnings);
+    if (isWithinOne) {
+        if (const Done chosen = choosePrograms(line.compared, from.value(), to.value());
+            !chosen.ok())
+            return fail(chosen.problem().of(line.in).of("--program").text, kTrouble);
+    } else {
+        warn(line.out, to.value().warnings);
+    }
     const Result<std::vector<std::string>> lines = differences(from.value(), to.value());
     if (!lines.ok())
         return fail(lines.problem().text, kTrouble);
-    warn(line.in, from.value().warnings);
-    warn(line.out, to.value().warnings);
     std::string text;
     for (const std::string& difference : lines.value())
         text += difference + '\n';
@@ -149,7 +174,7 @@ int runDiff(const CommandLine& line) {
     return text.empty() ? kSame : kDifferent;
 }
 
-/// Loads the plug-in, selects the program if one is named, and prints what `listing` makes of it.
+/// Loads the plug-in, gives it what the line names, and prints what `listing` makes of it.
 template <typename Listing> int runListing(const CommandLine& line, const Listing& listing) {
     const Result<std::filesystem::path> path = pluginFor(line);
     if (!path.ok())
@@ -158,13 +183,12 @@ template <typename Listing> int runListing(const CommandLine& line, const Listin
     Result<std::unique_ptr<Plugin>> plugin = Plugin::load(path.value());
     if (!plugin.ok())
         return fail(plugin.problem().text);
-    if (!line.program.empty()) {
-        const Result<std::string> selected = selectProgram(*plugin.value(), line.program);
-        if (!selected.ok())
-            return fail(selected.problem().of("--program").text);
-        if (!selected.value().empty())
-            warn("--program: " + selected.value());
-    }
+    const Result<std::vector<std::string>> warnings =
+        applyStartingState(*plugin.value(), startingState(line));
+    if (!warnings.ok())
+        return fail(warnings.problem().text);
+    for (const std::string& warning : warnings.value())
+        warn(warning);
     const ListingForm form = line.isJson ? ListingForm::Json : ListingForm::Text;
     return print(listing(*plugin.value(), path.value().string(), form));
 }
@@ -193,8 +217,8 @@ int run(const CommandLine& line) {
     case Action::Audition:
         return runAudition(line);
     case Action::Programs:
-        return runListing(line, [](Plugin& plugin, const std::string&, ListingForm form) {
-            return programListing(plugin, form);
+        return runListing(line, [&line](Plugin& plugin, const std::string&, ListingForm form) {
+            return programListing(plugin, form, line.search);
         });
     case Action::Parameters:
         return runListing(line, [](Plugin& plugin, const std::string&, ListingForm form) {

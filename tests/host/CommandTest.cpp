@@ -118,6 +118,9 @@ TEST_F(CommandTest, WhatCannotBeDoneIsOneClearLineAndLeavesEverythingAsItWas) {
         Row{1, "show --play words", "--play: words: is not audio"},
         Row{2, "show --scale 5", "--scale: \"5\" is not a number from 0.5 to 4"},
         Row{2, "show --seconds=-1", "--seconds: \"-1\""},
+        Row{1, "convert a.zmb kept.zmb --slot 140=a.zmt", "--slot: there is no slot 140"},
+        Row{1, "convert a.zmb kept.zmb --slot 1=a.chunk", "a host chunk, not a program"},
+        Row{2, "diff a.zmb", "B is required, or --program"},
         Row{2, "diff a.zmb gone.zmb", "gone.zmb: No such file"},
         Row{2, "diff a.zmb a.zmm", "nothing to compare"},
     }) {
@@ -260,6 +263,21 @@ TEST_F(CommandTest, AProgramOfAFileIsChosenByNameOrSlot) {
     const Outcome diff = run("diff f.chunk g.chunk");
     EXPECT_EQ(diff.status, 1);
     EXPECT_EQ(diff.out, "current program: 0 \"Default\" -> 119 \"Manual HPF 24dB/oct\"\n");
+}
+
+TEST_F(CommandTest, OneProgramOfABankIsReplacedComparedAndFound) {
+    writeText(folder_ / "f.zmb", textOf(storedForm(as(DocumentKind::Bank, factoryDocument()))));
+    writeText(folder_ / "wah.json", R"({"format": "ZMT pedlFilter", "version": 1, "kind": "program",
+        "program": {"name": "My Wah", "parameters": {"Filter Cutoff": "1.2 kHz"}}})");
+    EXPECT_EQ(run("convert f.zmb g.zmb --slot 12=wah.json").status, 0);
+    const std::string differs = "\"  Filter Cutoff: 1002 -> 1200\n";
+    EXPECT_TRUE(run("diff f.zmb g.zmb").out.ends_with(differs));
+    const Outcome within = run("diff g.zmb --program Default 12");
+    EXPECT_EQ(within.status, 1);
+    EXPECT_EQ(within.out, "\"Default\"  name: \"Default\" -> \"My Wah\"\n\"Default" + differs);
+    EXPECT_EQ(run("programs --bank g.zmb --search 'my w'").out, "slot  name\n  12  My Wah\n");
+    EXPECT_NE(run("params --bank g.zmb --program 12").out.find("  1200 Hz\n"), std::string::npos);
+    EXPECT_NE(run("params --preset wah.json").out.find("  1200 Hz\n"), std::string::npos);
 }
 
 TEST_F(CommandTest, RepairsAreWarnedAboutAndLongListsCut) {
