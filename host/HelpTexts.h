@@ -94,9 +94,8 @@ puts its texts right.)";
 
 constexpr const char* kDiffNotes = R"(
 A and B are anything that convert reads. A program is compared with the current one of a bank;
---program compares two of A's own. Each
-line names slot, program and parameter, with both texts; values with the same text are given as
-numbers.
+--program compares two of A's own. Each line names slot, program and parameter, with both texts;
+values with the same text are given as numbers.
 
 Exit status:
   0    there is no difference

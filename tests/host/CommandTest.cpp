@@ -102,7 +102,7 @@ TEST_F(CommandTest, WhatCannotBeDoneIsOneClearLineAndLeavesEverythingAsItWas) {
         Row{2, "rendr in.wav kept", "there is no command \"rendr\"; did you mean render?"},
         Row{2, "render in.wav kept --prgram X", "no option --prgram; did you mean --program?"},
         Row{2, "--verison", "there is no option --verison; did you mean --version?"},
-        Row{1, "render $'g\\e[31mo\\nne' kept", "g [31mo ne: No such file or directory"},
+        Row{1, "render \"$(printf 'g\\033[31mo\\nne')\" kept", "g [31mo ne: No such file or directory"},
         Row{1, "convert gone.zmb kept.zmb", "gone.zmb: No such file or directory"},
         Row{1, "convert bad.json kept.zmb", "bad.json: line 1, column 2"},
         Row{1, "convert words kept.zmb", "words: is no program, bank, MIDI settings"},
