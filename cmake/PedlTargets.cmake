@@ -8,6 +8,7 @@ set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
+include(GNUInstallDirs)
 # Where hosts look for VST 2.4 plug-ins, below the prefix.
 set(PEDL_PLUGIN_FOLDER lib/vst)
 
@@ -79,6 +80,17 @@ function(pedl_library name)
         target_compile_options(${name} PRIVATE -fpch-preprocess)
         target_precompile_headers(${name} REUSE_FROM pedl_library_headers)
     endif()
+endfunction()
+
+# pedl_install_notices(COMPONENT PACKAGE...): our licence, and the notices of what others wrote that is
+# inside the files of that component. docs/third-party.md tells which and why.
+function(pedl_install_notices component)
+    install(FILES ${PROJECT_SOURCE_DIR}/LICENSE
+        DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT ${component})
+    foreach(package ${ARGN})
+        install(FILES /usr/share/doc/${package}/copyright RENAME ${package}.copyright
+            DESTINATION ${CMAKE_INSTALL_DOCDIR}/licences COMPONENT ${component} OPTIONAL)
+    endforeach()
 endfunction()
 
 # pedl_test_program(NAME SOURCES ... LIBS ...): one GoogleTest program. Its own sources start from one
