@@ -110,6 +110,22 @@ endfunction()
 # of the user who runs them.
 function(pedl_test name)
     pedl_test_program(${name} ${ARGN})
+    pedl_test_label(label)
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
-        PROPERTIES ENVIRONMENT "XDG_CONFIG_HOME=/nonexistent/zmt-pedlfilter-tests")
+        PROPERTIES ENVIRONMENT "XDG_CONFIG_HOME=/nonexistent/zmt-pedlfilter-tests" LABELS ${label})
+endfunction()
+
+# pedl_test_label(OUT): what the tests of this folder are called together, for `ctest -L`: the folder,
+# without tests/.
+function(pedl_test_label out)
+    file(RELATIVE_PATH label ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+    string(REGEX REPLACE "^tests/" "" label ${label})
+    set(${out} ${label} PARENT_SCOPE)
+endfunction()
+
+# pedl_label_tests(): gives that label to the folder's tests that are no cases of GoogleTest. Last.
+function(pedl_label_tests)
+    pedl_test_label(label)
+    get_directory_property(names TESTS)
+    set_tests_properties(${names} PROPERTIES LABELS ${label})
 endfunction()
