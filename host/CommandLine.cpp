@@ -3,12 +3,17 @@
 #include "convert/Conversion.h"
 #include "foundation/text/NameMatch.h"
 #include "foundation/text/PrintableText.h"
+#include "host/HelpExamples.h"
+#include "host/HelpFormatter.h"
 #include "host/HelpTexts.h"
+#include "host/Messages.h"
 #include "host/StoredFiles.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cstdio>
+#include <iostream>
 #include <utility>
 
 namespace pedl {
@@ -52,8 +57,10 @@ void addFile(CLI::App& command, const char* name, std::string& target, const cha
 
 void addPluginOption(CLI::App& command, CommandLine& line) {
     command
-        .add_option("--plugin", line.plugin, "VST 2.4 library to load instead of ZMTpedlFilter.so")
-        ->type_name("PATH");
+        .add_option("--plugin", line.plugin,
+                    "VST 2.4 library to load instead of ZMTpedlFilter.so: its path, or its "
+                    "name where hosts look for plug-ins")
+        ->type_name("PATH|NAME");
     command.add_flag("--verbose", line.isVerbose,
                      "Let through what the plug-in writes to standard error");
 }
@@ -218,7 +225,7 @@ CLI::App* addAudition(CLI::App& app, CommandLine& line) {
 
 /// One of them, to be asked whether it was named.
 struct SubCommand {
-    const CLI::App* command;
+    CLI::App* command;
     Action action;
 };
 
@@ -243,6 +250,10 @@ std::vector<SubCommand> addSubCommands(CLI::App& app, CommandLine& line) {
     all.push_back({addConvert(app, line), Action::Convert});
     all.push_back({addDiff(app, line), Action::Diff});
     all.push_back({addAudition(app, line), Action::Audition});
+    for (const SubCommand& each : all) {
+        const std::string notes = each.command->get_footer();
+        each.command->footer(notes + (notes.empty() ? "" : "\n") + examplesOf(each.action));
+    }
     return all;
 }
 
@@ -284,6 +295,16 @@ std::string strangeWord(const CLI::App& app, const std::vector<std::string>& wor
     return {};
 }
 
+/// What a command line that asks for nothing ends with: help and version are output like any other.
+int statusOf(const CLI::App& app, const CLI::ParseError& error) {
+    if (app.exit(error) != 0)
+        return kWrongUse;
+    if (std::cout.flush())
+        return 0;
+    std::fputs("zmt-pedlfilter: standard output cannot be written\n", messages());
+    return 1;
+}
+
 } // namespace
 
 std::variant<CommandLine, int> readCommandLine(int count, char** words) {
@@ -292,6 +313,7 @@ std::variant<CommandLine, int> readCommandLine(int count, char** words) {
                  "editor and what it offers, converts and compares its files.",
                  "zmt-pedlfilter");
     app.set_version_flag("--version", "zmt-pedlfilter " PEDL_VERSION);
+    app.formatter(std::make_shared<HelpFormatter>());
     app.require_subcommand(1);
     app.footer(kExamples);
     const std::vector<std::string> spread = spreadLists(count, words);
@@ -306,7 +328,7 @@ std::variant<CommandLine, int> readCommandLine(int count, char** words) {
         std::reverse(arguments.begin(), arguments.end()); // the parser takes them from the back
         app.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : kWrongUse;
+        return statusOf(app, error);
     }
     for (const SubCommand& named : subCommands)
         if (named.command->parsed())

@@ -55,7 +55,7 @@ StartingState startingState(const CommandLine& line) {
 
 Result<std::filesystem::path> pluginFor(const CommandLine& line) {
     if (!line.plugin.empty())
-        return std::filesystem::path(line.plugin);
+        return findPlugin(line.plugin);
     return findPlugin();
 }
 

@@ -18,8 +18,10 @@ Examples:
   $ zmt-pedlfilter diff bank.zmb --program 12 "Auto Wah"
 
 `zmt-pedlfilter SUBCOMMAND --help` tells the rest. Without --plugin, ZMTpedlFilter.so is looked for
-beside the command, in ../plugin and ../lib/vst from there, and in /usr/local/lib/vst. It reads the
-user's defaults as it does in any host.
+beside the command, in ../plugin and ../lib/vst from there, and where hosts look for plug-ins: in the
+folders that VST_PATH names (with colons between them), ~/.vst, /usr/local/lib/vst and /usr/lib/vst.
+There the name alone will do for --plugin too. ZMT pedlFilter reads the user's defaults as it does in
+any host.
 
 Exit status:
   0    all went well; for diff, there is no difference

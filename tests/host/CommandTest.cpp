@@ -9,7 +9,9 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <csignal>
+#include <sstream>
 
 namespace pedl {
 namespace {
@@ -237,6 +239,34 @@ TEST_F(CommandTest, OtherMakersPlugInsAreListedAndRenderedWithoutAHitch) {
         EXPECT_EQ(rendered.error, "") << "such as samples that are not finite";
     }
     EXPECT_GE(effects, 5);
+}
+
+TEST_F(CommandTest, HelpFitsATerminalWithExamplesThatAShellReads) {
+    for (const std::string command :
+         {"", "render", "show", "programs", "params", "info", "convert", "diff"}) {
+        std::istringstream lines(run(command + " --help").out);
+        int examples = 0;
+        for (std::string line; std::getline(lines, line);) {
+            EXPECT_LT(line.size(), 80U) << command << ": " << line;
+            EXPECT_EQ(std::count(line.begin(), line.end(), '"') % 2, 0)
+                << "broken within quotes: " << line;
+            examples += line.starts_with("  $ zmt-pedlfilter " + command) ? 1 : 0;
+        }
+        EXPECT_GE(examples, 2) << command;
+    }
+    const std::string onFullDisk = "! '" PEDL_COMMAND "' render --help 2>/dev/null >/dev/full";
+    EXPECT_EQ(run("--help", onFullDisk).status, 0);
+}
+
+TEST_F(CommandTest, APluginIsFoundByItsNameWhereHostsLook) {
+    const std::string place =
+        "mkdir -p home/.vst listed; cp $STUB home/.vst/Named.so; cp $STUB listed/Other.so; "
+        "export HOME=$PWD/home VST_PATH=/nonexistent:$PWD/listed";
+    EXPECT_NE(run("programs --plugin Named", place).out.find("Loud"), std::string::npos);
+    EXPECT_NE(run("programs --plugin Other.so", place).out.find("Loud"), std::string::npos);
+    const Outcome missing = run("programs --plugin Neither", place);
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_NE(missing.error.find("/home/.vst/Neither.so, /usr/local/lib/vst/"), std::string::npos);
 }
 
 TEST_F(CommandTest, EveryKindOfFileGoesThroughTextAndBackWithoutADifference) {
