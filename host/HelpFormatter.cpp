@@ -1,12 +1,23 @@
 #include "host/HelpFormatter.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <sstream>
 
 namespace pedl {
 
 namespace {
 
-constexpr std::size_t kColumns = 79; // a terminal of 80 wraps at its last column
+/// What fits into a line: a terminal wraps at its last column. The man pages ask for wide lines,
+/// since they break them themselves.
+std::size_t lineColumns() {
+    constexpr long kTerminal = 80;
+    constexpr long kLeast = 60;
+    constexpr long kMost = 1000;
+    const char* const asked = std::getenv("COLUMNS");
+    const long columns = asked == nullptr ? kTerminal : std::strtol(asked, nullptr, 10);
+    return static_cast<std::size_t>(columns < kLeast ? kTerminal : std::min(columns, kMost)) - 1;
+}
 
 /// The last space at which `line` can be broken so that at most `columns` stand before it, or the
 /// first behind them; none that is within quotes or at `least` or before.
@@ -50,10 +61,10 @@ constexpr const char* kContinued = "     "; // a line of a table that goes on be
 /// column.
 std::string keptLine(const std::string& line) {
     if (line.starts_with(kExample))
-        return wrapped(line, kColumns, " \\", "      ");
+        return wrapped(line, lineColumns(), " \\", "      ");
     const std::size_t gap = line.find("  ", line.find_first_not_of(' '));
     const std::size_t column = gap == std::string::npos ? 2 : line.find_first_not_of(' ', gap);
-    return wrapped(line, kColumns, "", std::string(column, ' '));
+    return wrapped(line, lineColumns(), "", std::string(column, ' '));
 }
 
 /// Lines of one paragraph, or of one line of a table, are joined, whatever their length in the
@@ -64,7 +75,8 @@ std::string filled(const std::string& text) {
     std::string whole;
     const auto end = [&] {
         if (!joined.empty())
-            whole += (joined.front() == ' ' ? keptLine(joined) : wrapped(joined, kColumns)) + '\n';
+            whole +=
+                (joined.front() == ' ' ? keptLine(joined) : wrapped(joined, lineColumns())) + '\n';
         joined.clear();
     };
     for (std::string line; std::getline(lines, line);) {
@@ -93,13 +105,13 @@ std::string HelpFormatter::make_footer(const CLI::App* app) const {
 }
 
 std::string HelpFormatter::make_option_desc(const CLI::Option* option) const {
-    return wrapped(CLI::Formatter::make_option_desc(option), kColumns - kNameColumns);
+    return wrapped(CLI::Formatter::make_option_desc(option), lineColumns() - kNameColumns);
 }
 
 std::string HelpFormatter::make_subcommand(const CLI::App* command) const {
     std::ostringstream out;
     CLI::detail::format_help(out, command->get_name(),
-                             wrapped(command->get_description(), kColumns - kNameColumns),
+                             wrapped(command->get_description(), lineColumns() - kNameColumns),
                              kNameColumns);
     return out.str();
 }

@@ -6,7 +6,8 @@
 
 namespace pedl {
 
-/// Sets the command's help so that it stands in a terminal of 80 columns. Paragraphs are filled;
+/// Sets the command's help so that it stands in a terminal of 80 columns, or of as many as the
+/// environment's COLUMNS tells. Paragraphs are filled;
 /// lines that begin with a space are kept as they are, a table's or an example's, and broken where
 /// they are too long: an example so that a shell still reads it.
 class HelpFormatter : public CLI::Formatter {

@@ -244,7 +244,7 @@ TEST_F(CommandTest, OtherMakersPlugInsAreListedAndRenderedWithoutAHitch) {
 TEST_F(CommandTest, HelpFitsATerminalWithExamplesThatAShellReads) {
     for (const std::string command :
          {"", "render", "show", "programs", "params", "info", "convert", "diff"}) {
-        std::istringstream lines(run(command + " --help").out);
+        std::istringstream lines(run(command + " --help", "unset COLUMNS").out);
         int examples = 0;
         for (std::string line; std::getline(lines, line);) {
             EXPECT_LT(line.size(), 80U) << command << ": " << line;
