@@ -49,6 +49,11 @@ Examples:
 Examples:
   $ zmt-pedlfilter diff old.zmb new.zmb
   $ zmt-pedlfilter diff mine.zmt bank.json)";
+    case Action::Audition:
+        return R"(
+Examples:
+  $ zmt-pedlfilter audition
+  $ zmt-pedlfilter audition --program "Auto Wah" 35 --material riff.wav --out heard)";
     }
     return "";
 }
