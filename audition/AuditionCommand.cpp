@@ -104,9 +104,9 @@ Result<std::vector<ProgramRecord>> programsOf(const std::optional<fs::path>& ban
 Result<std::vector<std::size_t>> wantedSlots(const std::vector<ProgramRecord>& programs,
                                              const std::vector<std::string>& wanted) {
     std::vector<std::size_t> slots;
-    std::vector<NamedItem> items;
+    std::vector<std::string> names;
     for (std::size_t slot = 0; slot < programs.size(); ++slot) {
-        items.push_back({static_cast<int>(slot), {std::string(nameText(programs[slot].name))}});
+        names.emplace_back(nameText(programs[slot].name));
         const auto isLike = [&](std::size_t other) {
             return programs[other].name == programs[slot].name &&
                    programs[other].normalised == programs[slot].normalised;
@@ -115,10 +115,10 @@ Result<std::vector<std::size_t>> wantedSlots(const std::vector<ProgramRecord>& p
             slots.push_back(slot);
     }
     for (const std::string& text : wanted) {
-        const Result<int> found = findByNameOrNumber(text, items, "program", "the bank");
+        const Result<FoundName> found = findNumbered(text, names, "program", "the bank");
         if (!found.ok())
             return found.problem().of("--program");
-        slots.push_back(static_cast<std::size_t>(found.value()));
+        slots.push_back(static_cast<std::size_t>(found.value().index));
     }
     return slots;
 }

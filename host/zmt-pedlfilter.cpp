@@ -1,7 +1,7 @@
 // The command: reads what the user wants, calls the host library, writes what came of it.
 
-#include "host/AuditionCommand.h"
 #include "foundation/text/PrintableText.h"
+#include "host/AuditionCommand.h"
 #include "host/CommandRequests.h"
 #include "host/FileCommands.h"
 #include "host/Interrupt.h"

@@ -26,8 +26,7 @@ struct NamedItem {
 ///    a blank or the terminator can take one more;
 /// 3. a name that begins with `wanted`;
 /// 4. a name that has `wanted` in it, and a short name that ends with an abbreviation of it:
-/// "cutoff"
-///    for "FltrCut".
+///    "cutoff" for "FltrCut".
 ///
 /// Cut names can be alike ("Filter S" stands for slope and for saturate). Then the item decides
 /// whose other name abbreviates `wanted` at most length: "FltrSlp" keeps to the order of the
