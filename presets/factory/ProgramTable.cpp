@@ -80,7 +80,7 @@ private:
 
     /// "[7] Goes Down" or "[120-139] Init".
     Done takeHeading(std::string_view line) {
-        if (const Done ended = endProgram(); !ended.ok())
+        if (Done ended = endProgram(); !ended.ok())
             return ended;
         const std::size_t close = line.find(']');
         TableProgram program;
@@ -144,7 +144,7 @@ private:
     /// "kFilterCutoffFreq = 450 Hz, kFilterReso = 60 %"
     Done takeValues(std::string_view line) {
         for (const std::string& assignment : parts(line, ','))
-            if (const Done taken = takeValue(assignment); !taken.ok())
+            if (Done taken = takeValue(assignment); !taken.ok())
                 return taken;
         return done();
     }

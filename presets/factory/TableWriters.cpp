@@ -89,7 +89,7 @@ std::string programsPage(const ProgramTable& table) {
         std::string slots;
         for (const TableProgram& program : table.programs)
             if (program.family == family)
-                slots += (slots.empty() ? "" : ", ") + slotsText(program);
+                slots.append(slots.empty() ? "" : ", ").append(slotsText(program));
         page += "- " + family + ": " + slots + "\n";
     }
     page += "\n## Programs\n\n| slot | name | family | for | turn first |\n|---|---|---|---|---|\n";
