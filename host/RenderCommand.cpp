@@ -163,6 +163,19 @@ Done checkStrictly(const std::vector<std::string>& warnings) {
                    (more > 0 ? "; and " + std::to_string(more) + " more" : "")};
 }
 
+/// Says what there is to say of a sound that is rendered, and gives OUT its name.
+Result<RenderReport> finish(const RenderRequest& request, RenderReport report,
+                            std::vector<std::string> warnings, AudioWriter& writer) {
+    report.warnings = std::move(warnings);
+    addRemarks(request, report);
+    if (request.isStrict)
+        if (const Done checked = checkStrictly(report.warnings); !checked.ok())
+            return checked.problem();
+    if (const Done committed = writer.commit(); !committed.ok())
+        return committed.problem();
+    return report;
+}
+
 } // namespace
 
 Result<RenderReport> render(const RenderRequest& request) {
@@ -219,14 +232,7 @@ Result<RenderReport> render(const RenderRequest& request) {
     Result<RenderReport> report = renderer.run(request.precision);
     if (!report.ok())
         return report;
-    report.value().warnings = std::move(warnings.value());
-    addRemarks(request, report.value());
-    if (request.isStrict)
-        if (const Done checked = checkStrictly(report.value().warnings); !checked.ok())
-            return checked.problem();
-    if (const Done committed = writer.value().commit(); !committed.ok())
-        return committed.problem();
-    return report;
+    return finish(request, std::move(report.value()), std::move(warnings.value()), writer.value());
 }
 
 } // namespace pedl

@@ -49,6 +49,18 @@ Result<RenderReport> Renderer::run(Precision precision) {
     return precision == Precision::Double ? runAs<double>() : runAs<float>();
 }
 
+/// As a host does before the first block.
+void Renderer::switchOn() {
+    applied_.assign(automation_.size(), -1.0F);
+    plugin_.services().transport.isPlaying = true;
+    plugin_.services().processLevel = kVstProcessLevelOffline;
+    plugin_.services().jumpTo(0);
+    applyCurves(); // before the switch-on, so that nothing glides from another value at the start
+    if (midi_)
+        midi_->playTo(plugin_);
+    plugin_.resume();
+}
+
 template <typename Sample> Result<RenderReport> Renderer::runAs() {
     const int channels = reader_.channels();
     const Channels<Sample> inputs(plugin_.record().numInputs, blockFrames_);
@@ -60,15 +72,7 @@ template <typename Sample> Result<RenderReport> Renderer::runAs() {
 
     RenderReport report;
     report.sampleRateHz = reader_.sampleRateHz();
-    applied_.assign(automation_.size(), -1.0F);
-    plugin_.services().transport.isPlaying = true;
-    plugin_.services().processLevel = kVstProcessLevelOffline;
-    plugin_.services().jumpTo(0);
-    applyCurves(); // before the switch-on, so that nothing glides from another value at the start
-    if (midi_)
-        midi_->playTo(plugin_);
-    plugin_.resume();
-
+    switchOn();
     const SteadyClock::time_point start = SteadyClock::now();
     bool isInTail = false;
     for (std::int64_t tailLeft = tailFrames_;;) {

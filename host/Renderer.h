@@ -65,6 +65,7 @@ public:
 
 private:
     template <typename Sample> Result<RenderReport> runAs();
+    void switchOn();
     void applyCurves();
     template <typename Sample>
     void process(const Channels<Sample>& inputs, const Channels<Sample>& outputs, VstInt32 frames);
