@@ -62,7 +62,7 @@ Done putIntoSlot(const std::string& text, Document& bank) {
     if (read.value().kind != DocumentKind::Program)
         return Problem{path + ": holds " + contentsName(read.value().kind) + ", not a program"};
     for (const std::string& warning : read.value().warnings)
-        bank.warnings.push_back(path + ": " + warning);
+        bank.warnings.push_back(std::string(path).append(": ").append(warning));
     bank.programs[static_cast<std::size_t>(*slot)] = currentProgram(read.value());
     return done();
 }

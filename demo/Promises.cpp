@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdio>
 #include <functional>
 #include <initializer_list>
@@ -260,7 +261,7 @@ void leadsLeft(Case& c) {
     int bestLag = 0;
     for (int lag = -1000; lag <= 1000; lag += 10) {
         double sum = 0.0;
-        for (int i = 1000; i < std::ssize(left) - 1000; ++i)
+        for (std::ptrdiff_t i = 1000; i < std::ssize(left) - 1000; ++i)
             sum += left[static_cast<std::size_t>(i)] * right[static_cast<std::size_t>(i + lag)];
         if (sum > best) {
             best = sum;

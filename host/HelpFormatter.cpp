@@ -47,8 +47,8 @@ std::string wrapped(const std::string& text, std::size_t columns, const std::str
         const std::size_t space = breakOf(line, columns - lineEnd.size(), least);
         if (space == std::string::npos)
             break;
-        whole += line.substr(0, space) + lineEnd + '\n';
-        line = indent + line.substr(space + 1);
+        whole.append(line, 0, space).append(lineEnd).append("\n");
+        line = std::string(indent).append(line, space + 1);
         least = indent.size();
     }
     return whole + line;

@@ -38,7 +38,7 @@ std::string unitOf(Plugin& plugin, VstInt32 index) {
 }
 
 Result<float> valueReading(Plugin& plugin, VstInt32 index, std::string_view text) {
-    const Result<float> value = valueFromText(text, unitOf(plugin, index), [&](float normalised) {
+    Result<float> value = valueFromText(text, unitOf(plugin, index), [&](float normalised) {
         return plugin.displayTextAt(index, normalised);
     });
     if (value.ok())
