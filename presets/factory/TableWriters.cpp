@@ -90,7 +90,7 @@ std::string programsPage(const ProgramTable& table) {
         for (const TableProgram& program : table.programs)
             if (program.family == family)
                 slots.append(slots.empty() ? "" : ", ").append(slotsText(program));
-        page += "- " + family + ": " + slots + "\n";
+        page.append("- ").append(family).append(": ").append(slots).append("\n");
     }
     page += "\n## Programs\n\n| slot | name | family | for | turn first |\n|---|---|---|---|---|\n";
     for (const TableProgram& program : table.programs)
