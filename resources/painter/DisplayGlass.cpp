@@ -24,8 +24,8 @@ Picture part(const SkinBitmap& size, int scale, double from) {
     const Patch patch(kDisplay.width, kDisplay.height, scale, 0, 0);
     const Light softbox = linear(palette::kSoftbox);
     Canvas canvas(size.width, size.frameHeight, scale);
-    canvas.put(patch.light([&](int column, int row) -> Sample {
-        return {softbox, reflection(patch.x(column), patch.y(row))};
+    canvas.put(patch.light([&](const Spot& spot) -> Sample {
+        return {softbox, reflection(spot.x, spot.y)};
     }),
                -from, 0);
     return canvas.picture();

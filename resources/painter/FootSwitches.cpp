@@ -85,9 +85,9 @@ Light hardware(const Facet& facet, const Polar& place, float x, float y) {
     return light;
 }
 
-Light plunger(const Patch& patch, const Field& dome, int column, int row, float x, float y,
+Light plunger(const Patch& patch, const Field& dome, const Spot& spot, float x, float y,
               const Plunger& kind) {
-    Light light = metal(patch.facet(dome, column, row), linear(palette::kChrome));
+    Light light = metal(patch.facet(dome, spot), linear(palette::kChrome));
     if (kind.pressed) { // lower, in the nut's shade
         light *= 0.46F + 0.16F * smoothStep(-10.0F, 12.0F, x * 0.6F + y * 0.8F);
         light *= 1.0F - 0.45F * smoothStep(9.5F, 13.6F, std::hypot(x - 1.8F, y - 2.3F));
@@ -130,16 +130,16 @@ Picture footSwitch(const SkinBitmap& size, int scale, const Plunger& kind, Colla
         return kSize * (kind.dome * std::sqrt(std::max(1.06F - share * share, 0.02F)) +
                         0.7F * smoothStep(kind.radius, kind.radius - 1.6F, radius));
     });
-    return patch.light([&](int column, int row) -> Sample {
-        const float x = patch.x(column) / kSize;
-        const float y = patch.y(row) / kSize;
+    const auto washer = [](float x, float y) {
+        return (Polar(x / kSize, y / kSize).radius - kWasherRadius) * kSize;
+    };
+    return patch.light(washer, [&](const Spot& spot) {
+        const float x = spot.x / kSize;
+        const float y = spot.y / kSize;
         const Polar place(x, y);
         const auto cover = [&patch](float distance) { return patch.cover(distance * kSize); };
-        const float whole = cover(place.radius - kWasherRadius);
-        if (whole <= 0.0F)
-            return {};
-        Light light = hardware(patch.facet(relief, column, row), place, x, y);
-        light *= 1.0F - hidden.row(row)[column];
+        Light light = hardware(patch.facet(relief, spot), place, x, y);
+        light *= 1.0F - hidden.row(spot.row)[spot.column];
         light *= 1.0F - 0.5F * cover(std::fabs(nutDistance(x, y)) - 0.35F);
         if (lit)
             light = light * kBesideRing + ringGlow(place);
@@ -148,11 +148,11 @@ Picture footSwitch(const SkinBitmap& size, int scale, const Plunger& kind, Colla
         else
             light = mix(light, ring(place, lit), cover(place.radius - hole));
         light = mix(light, grey(0.01F), cover(place.radius - kRingInner));
-        Light top = plunger(patch, dome, column, row, x, y, kind);
+        Light top = plunger(patch, dome, spot, x, y, kind);
         if (lit)
             top = top * kInsideRing + ringGlow(place) * 0.5F;
         light = mix(light, top, cover(place.radius - kind.radius));
-        return {light, whole};
+        return light;
     });
 }
 

@@ -65,15 +65,13 @@ Picture bezelFrame(Rectangle box, double radius, int scale) {
         return 1.5F * smoothStep(0.2F, -1.2F, outer(x, y)) -
                2.2F * smoothStep(0.9F, -0.6F, inner(x, y));
     });
-    return patch.light([&](int column, int row) -> Sample {
-        const float x = patch.x(column);
-        const float y = patch.y(row);
-        if (inner(x, y) < -2.0F) // glass goes there
+    return patch.light([&](const Spot& spot) -> Sample {
+        if (inner(spot.x, spot.y) < -2.0F) // glass goes there
             return {};
-        const Facet facet = patch.facet(relief, column, row);
+        const Facet facet = patch.facet(relief, spot);
         const Light bronze = linear(palette::kBronze);
         return {mix(dielectric(facet, bronze, 0.3F), metal(facet, bronze), 0.75F),
-                patch.cover(outer(x, y))};
+                patch.cover(outer(spot.x, spot.y))};
     });
 }
 

@@ -43,22 +43,20 @@ Picture keyCap(double width, double height, int scale, bool lit, double radius) 
     };
     const Field relief = patch.relief(
         0.12, [&](float x, float y) { return 1.6F * smoothStep(0.1F, -1.5F, outline(x, y)); });
-    return patch.light([&](int column, int row) -> Sample {
-        const float x = patch.x(column);
-        const float y = patch.y(row);
-        const float seat = patch.cover(
-            roundRectDistance(x, y, halfWidth - 0.5F, halfHeight - 0.5F, corner + 0.6F));
-        if (seat <= 0.0F)
-            return {};
-        const Facet facet = patch.facet(relief, column, row);
-        const float distance = outline(x, y);
+    const auto seat = [=](float x, float y) {
+        return roundRectDistance(x, y, halfWidth - 0.5F, halfHeight - 0.5F, corner + 0.6F);
+    };
+    return patch.light(seat, [&](const Spot& spot) {
+        const Facet facet = patch.facet(relief, spot);
+        const float distance = outline(spot.x, spot.y);
         Light light = linear(palette::kSeat);
         if (lit)
             light +=
                 linear(palette::kKeyGlow) * (0.55F * std::exp(-std::max(distance, 0.0F) / 0.7F));
-        const Light cap = lit ? litCap(facet, lampLight(x, y, 2 * halfWidth, 2 * halfHeight))
-                              : dielectric(facet, linear(palette::kKeyDark), 0.35F);
-        return {mix(light, cap, patch.cover(distance)), seat};
+        const Light cap =
+            lit ? litCap(facet, lampLight(spot.x, spot.y, 2 * halfWidth, 2 * halfHeight))
+                : dielectric(facet, linear(palette::kKeyDark), 0.35F);
+        return mix(light, cap, patch.cover(distance));
     });
 }
 
@@ -72,16 +70,13 @@ Picture roundKeyCap(const RoundKey& key, int scale) {
     };
     const Field relief = patch.relief(
         0.12, [&](float x, float y) { return 1.6F * smoothStep(0.1F, -2.2F, outline(x, y)); });
-    return patch.light([&](int column, int row) -> Sample {
-        const float x = patch.x(column);
-        const float y = patch.y(row);
-        const float seat = patch.cover(
-            roundRectDistance(x, y, halfWidth + 0.9F, halfHeight + 0.9F, corner + 0.9F));
-        if (seat <= 0.0F)
-            return {};
-        const Light cap = dielectric(patch.facet(relief, column, row), linear(key.colour), 0.35F) *
+    const auto seat = [=](float x, float y) {
+        return roundRectDistance(x, y, halfWidth + 0.9F, halfHeight + 0.9F, corner + 0.9F);
+    };
+    return patch.light(seat, [&](const Spot& spot) {
+        const Light cap = dielectric(patch.facet(relief, spot), linear(key.colour), 0.35F) *
                           (key.lit ? 1.15F : 1.0F);
-        return {mix(linear(palette::kSeat), cap, patch.cover(outline(x, y))), seat};
+        return mix(linear(palette::kSeat), cap, patch.cover(outline(spot.x, spot.y)));
     });
 }
 
@@ -102,15 +97,12 @@ Picture barKeyCap(double width, double height, int scale, KeyState state, double
     };
     const Field relief = patch.relief(
         0.1, [&](float x, float y) { return rise * smoothStep(0.1F, -1.2F, outline(x, y)); });
-    return patch.light([&](int column, int row) -> Sample {
-        const float x = patch.x(column);
-        const float y = patch.y(row);
-        const float seat =
-            patch.cover(roundRectDistance(x, y, halfWidth - 0.5F, halfHeight - 0.5F, corner));
-        if (seat <= 0.0F)
-            return {};
-        const Light cap = dielectric(patch.facet(relief, column, row), linear(colour), gloss);
-        return {mix(grey(0.004F), cap, patch.cover(outline(x, y))), seat};
+    const auto seat = [=](float x, float y) {
+        return roundRectDistance(x, y, halfWidth - 0.5F, halfHeight - 0.5F, corner);
+    };
+    return patch.light(seat, [&](const Spot& spot) {
+        const Light cap = dielectric(patch.facet(relief, spot), linear(colour), gloss);
+        return mix(grey(0.004F), cap, patch.cover(outline(spot.x, spot.y)));
     });
 }
 

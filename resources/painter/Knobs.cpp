@@ -79,34 +79,30 @@ Picture paintLargeKnob(const SkinBitmap& size, int frame, int scale) {
         return largeProfile()(flutes.radius(place)) - 0.3F * capMark(x, y);
     });
     const Field hidden = patch.occlusion(relief, 0.10F, 2.5);
-    return patch.light([&](int column, int row) -> Sample {
-        const float x = patch.x(column);
-        const float y = patch.y(row);
-        const Polar place(x, y);
-        const float cover = patch.cover(flutes.radius(place) - kLarge);
-        if (cover <= 0.0F)
-            return {};
-        const Facet facet = patch.facet(relief, column, row);
+    const auto outline = [&](float x, float y) { return flutes.radius(Polar(x, y)) - kLarge; };
+    return patch.light(outline, [&](const Spot& spot) {
+        const Polar place(spot.x, spot.y);
+        const Facet facet = patch.facet(relief, spot);
         const float cap = patch.cover(place.radius - kCapRadius);
         Light light;
         if (cap < 1.0F) {
-            const float line =
-                patch.cover(markDistance(pointer.place(x, y), 1.05F, 12.8F, kLarge - 0.6F));
+            const float line = patch.cover(
+                markDistance(pointer.place(spot.x, spot.y), 1.05F, 12.8F, kLarge - 0.6F));
             light = dielectric(facet, mix(kBakelite, kIvoryInlay, line), 0.85F - 0.75F * line);
             light = inlay(light, line, 0.75F);
         }
         if (cap > 0.0F) {
-            const float mark = capMark(x, y);
+            const float mark = capMark(spot.x, spot.y);
             const Light albedo = kAluminium * (1.0F + 0.045F * latheNoise(place.radius, 5));
             const float cut = smoothStep(11.4F, 10.8F, place.radius);
             Light top = mix(metal(facet, albedo), cutMetal(facet, albedo, -place.y, place.x), cut);
             top = mix(top, dielectric(facet, kGroove, 0.1F), mark);
             light = mix(light, top, cap);
         }
-        light *= 1.0F - hidden.row(row)[column];
+        light *= 1.0F - hidden.row(spot.row)[spot.column];
         light *= 1.0F - 0.75F * patch.cover(std::fabs(place.radius - 12.15F) - 0.32F);
         light *= 1.0F - kRimShade * patch.cover(std::fabs(place.radius - kLarge) - kRimLine);
-        return {light, cover};
+        return light;
     });
 }
 
@@ -132,21 +128,17 @@ Picture paintMediumKnob(const SkinBitmap& size, int frame, int scale) {
     const Field relief = patch.relief(
         0.38, [&](float x, float y) { return mediumProfile()(flutes.radius(Polar(x, y))); });
     const Field hidden = patch.occlusion(relief, 0.10F, 2.5);
-    return patch.light([&](int column, int row) -> Sample {
-        const float x = patch.x(column);
-        const float y = patch.y(row);
-        const Polar place(x, y);
-        const float cover = patch.cover(flutes.radius(place) - kMedium);
-        if (cover <= 0.0F)
-            return {};
-        const Facet facet = patch.facet(relief, column, row);
+    const auto outline = [&](float x, float y) { return flutes.radius(Polar(x, y)) - kMedium; };
+    return patch.light(outline, [&](const Spot& spot) {
+        const Polar place(spot.x, spot.y);
+        const Facet facet = patch.facet(relief, spot);
         const float line =
-            patch.cover(markDistance(pointer.place(x, y), 1.0F, 3.4F, kMedium - 0.7F));
+            patch.cover(markDistance(pointer.place(spot.x, spot.y), 1.0F, 3.4F, kMedium - 0.7F));
         Light light = dielectric(facet, mix(kBakelite, kIvoryInlay, line), 0.85F - 0.73F * line);
-        light *= 1.0F - hidden.row(row)[column];
+        light *= 1.0F - hidden.row(spot.row)[spot.column];
         light = inlay(light, line, 0.70F);
         light *= 1.0F - kRimShade * patch.cover(std::fabs(place.radius - kMedium) - kRimLine);
-        return {light, cover};
+        return light;
     });
 }
 
@@ -176,22 +168,17 @@ Picture paintSmallKnob(const SkinBitmap& size, int frame, int scale) {
         const float knurl = share > 0.0F ? 0.20F * share * knurls(place) : 0.0F;
         return smallProfile()(place.radius + knurl) - 0.35F * groove(x, y);
     });
-    return patch.light([&](int column, int row) -> Sample {
-        const float x = patch.x(column);
-        const float y = patch.y(row);
-        const Polar place(x, y);
-        const float cover = patch.cover(place.radius - kSmall);
-        if (cover <= 0.0F)
-            return {};
-        const Facet facet = patch.facet(relief, column, row);
+    return patch.light(disc(kSmall), [&](const Spot& spot) {
+        const Polar place(spot.x, spot.y);
+        const Facet facet = patch.facet(relief, spot);
         const Light albedo = place.radius < 7.6F
                                  ? kAluminium * (1.0F + 0.05F * latheNoise(place.radius, 3))
                                  : kAluminium;
         const float cut = smoothStep(8.0F, 7.4F, place.radius);
         Light light = mix(metal(facet, albedo), cutMetal(facet, albedo, -place.y, place.x), cut);
-        light = mix(light, dielectric(facet, kGroove, 0.1F), groove(x, y));
+        light = mix(light, dielectric(facet, kGroove, 0.1F), groove(spot.x, spot.y));
         light *= 1.0F - 0.35F * smoothStep(8.6F, 10.2F, place.radius);
-        return {light, cover};
+        return light;
     });
 }
 
@@ -232,27 +219,22 @@ Picture paintEncoder(const SkinBitmap& size, int frame, int scale) {
         return encoderProfile()(flutes.radius(place)) - bowlDepth(fromDimple(x, y));
     });
     const Field hidden = patch.occlusion(relief, 0.03F, 3.0);
-    return patch.light([&](int column, int row) -> Sample {
-        const float x = patch.x(column);
-        const float y = patch.y(row);
-        const Polar place(x, y);
-        const float cover = patch.cover(place.radius - kEncoder);
-        if (cover <= 0.0F)
-            return {};
-        const float distance = fromDimple(x, y);
+    return patch.light(disc(kEncoder), [&](const Spot& spot) {
+        const Polar place(spot.x, spot.y);
+        const float distance = fromDimple(spot.x, spot.y);
         const float dimple = smoothStep(kDimpleRadius, 6.6F, distance);
-        Facet facet = patch.facet(relief, column, row);
+        Facet facet = patch.facet(relief, spot);
         const float ring = patch.cover(std::fabs(place.radius - kInlayRadius) - 0.55F);
         const Light albedo =
             kAluminium * ((1.0F + 0.045F * latheNoise(place.radius, 11)) * (1.0F - 0.9F * ring));
         const float cut = smoothStep(28.6F, 28.0F, place.radius) * (1.0F - ring) *
                           (1.0F - smoothStep(7.4F, 6.2F, distance));
         Light light = mix(metal(facet, albedo), cutMetal(facet, albedo, -place.y, place.x), cut);
-        light *= 1.0F - hidden.row(row)[column];
+        light *= 1.0F - hidden.row(spot.row)[spot.column];
         light = mix(light, bowl(facet, kAluminium), dimple);
         light *= 1.0F - 0.25F * patch.cover(std::fabs(place.radius - 3.2F) - 0.22F);
         light *= 1.0F - 0.25F * smoothStep(31.4F, 33.2F, place.radius);
-        return {light, cover};
+        return light;
     });
 }
 

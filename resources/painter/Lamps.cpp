@@ -60,14 +60,14 @@ Picture lamp(int scale, const Glow* glow, double size) {
     const Field relief = patch.relief(0.15, [shrink](float x, float y) {
         return shrink * bezelProfile()(Polar(x, y).radius / shrink);
     });
-    return patch.light([&](int column, int row) -> Sample {
-        const float x = patch.x(column) / shrink;
-        const float y = patch.y(row) / shrink;
+    const auto bezel = [shrink](float x, float y) {
+        return (Polar(x / shrink, y / shrink).radius - kBezelRadius) * shrink;
+    };
+    return patch.light(bezel, [&](const Spot& spot) {
+        const float x = spot.x / shrink;
+        const float y = spot.y / shrink;
         const Polar place(x, y);
-        const float cover = patch.cover((place.radius - kBezelRadius) * shrink);
-        if (cover <= 0.0F)
-            return {};
-        Light light = metal(patch.facet(relief, column, row), linear(palette::kAluminium) * 0.9F);
+        Light light = metal(patch.facet(relief, spot), linear(palette::kAluminium) * 0.9F);
         if (glow != nullptr)
             light = light * 0.5F +
                     linear(glow->colour) *
@@ -78,7 +78,7 @@ Picture lamp(int scale, const Glow* glow, double size) {
         jewel += grey((glow != nullptr ? 0.35F : 0.55F) * glint(facet, 0.90F, 0.99F));
         light = mix(light, jewel, patch.cover(place.radius - kJewelRadius));
         light *= 1.0F - 0.6F * patch.cover(std::fabs(place.radius - kJewelRadius) - 0.22F);
-        return {light, cover};
+        return light;
     });
 }
 

@@ -16,6 +16,14 @@ struct Sample {
     float cover = 0.0F;
 };
 
+/// Where a sample lies: in the fields, and in logical pixels from the part's centre.
+struct Spot {
+    int column;
+    int row;
+    float x;
+    float y;
+};
+
 /// A rounding of four channels to a word; `nudge` (-0.5..0.5) against bands of equal colour.
 std::uint32_t toWord(float red, float green, float blue, float alpha, float nudge);
 
@@ -67,7 +75,9 @@ public:
     }
 
     /// How the surface of the relief stands at a sample.
-    [[nodiscard]] Facet facet(const Field& relief, int column, int row) const {
+    [[nodiscard]] Facet facet(const Field& relief, const Spot& spot) const {
+        const int column = spot.column;
+        const int row = spot.row;
         const int left = std::max(column - 1, 0);
         const int right = std::min(column + 1, relief.width - 1);
         const int above = std::max(row - 1, 0);
@@ -78,7 +88,7 @@ public:
                     static_cast<float>(below - above)};
     }
 
-    /// Calls `shade` (column, row) for the Sample of every place, averages them into pixels.
+    /// Calls `shade` (Spot) for the Sample of every place, averages them into pixels.
     template <class Shade> [[nodiscard]] Picture light(Shade&& shade) const {
         Picture picture{pixelsWide_, pixelsHigh_, {}};
         picture.pixels.reserve(static_cast<std::size_t>(pixelsWide_ * pixelsHigh_));
@@ -88,13 +98,25 @@ public:
         return picture;
     }
 
+    /// The same for a part with an outline: `outline` (x, y) is the distance to it, negative
+    /// inside, and `shade` (Spot) the Light of what it covers.
+    template <class Outline, class Shade>
+    [[nodiscard]] Picture light(Outline&& outline, Shade&& shade) const {
+        return light([&](const Spot& spot) -> Sample {
+            const float covered = cover(outline(spot.x, spot.y));
+            return covered <= 0.0F ? Sample{} : Sample{shade(spot), covered};
+        });
+    }
+
 private:
     template <class Shade> std::uint32_t pixel(int column, int row, Shade& shade) const {
         Light sum;
         float alpha = 0.0F;
         for (int i = 0; i < perPixel_ * perPixel_; ++i) {
+            const int sampleColumn = column * perPixel_ + i % perPixel_;
+            const int sampleRow = row * perPixel_ + i / perPixel_;
             const Sample sample =
-                shade(column * perPixel_ + i % perPixel_, row * perPixel_ + i / perPixel_);
+                shade(Spot{sampleColumn, sampleRow, x(sampleColumn), y(sampleRow)});
             if (sample.cover <= 0.0F)
                 continue;
             const Colour colour = screen(sample.light);

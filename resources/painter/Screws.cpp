@@ -31,19 +31,15 @@ Picture screw(float turn, int scale) {
     const Pointer pointer(turn);
     const Field relief =
         patch.relief(0.15, [](float x, float y) { return kProfile(Polar(x, y).radius); });
-    return patch.light([&](int column, int row) -> Sample {
-        const float x = patch.x(column);
-        const float y = patch.y(row);
-        const Polar place(x, y);
-        const float cover = patch.cover(place.radius - kRadius);
-        if (cover <= 0.0F)
-            return {};
-        const Facet facet = patch.facet(relief, column, row);
+    return patch.light(disc(kRadius), [&](const Spot& spot) {
+        const Polar place(spot.x, spot.y);
+        const Facet facet = patch.facet(relief, spot);
         const Light albedo = linear(palette::kAluminium) * 0.82F;
         const Light head = mix(metal(facet, albedo), cutMetal(facet, albedo, -place.y, place.x),
                                smoothStep(3.9F, 3.4F, place.radius));
-        const Light socket = grey(0.012F + 0.10F * smoothStep(-1.5F, 2.2F, x * 0.6F + y * 0.8F));
-        return {mix(head, socket, patch.cover(socketDistance(pointer.place(x, y)))), cover};
+        const Light socket =
+            grey(0.012F + 0.10F * smoothStep(-1.5F, 2.2F, spot.x * 0.6F + spot.y * 0.8F));
+        return mix(head, socket, patch.cover(socketDistance(pointer.place(spot.x, spot.y))));
     });
 }
 

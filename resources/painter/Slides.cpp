@@ -43,13 +43,10 @@ Picture slideBody(double height, int position, double down, int scale) {
     });
     const Field button =
         patch.relief(0.1, [at](float x, float y) { return buttonHeight(x - at, y); });
-    return patch.light([&](int column, int row) -> Sample {
-        const float x = patch.x(column);
-        const float y = patch.y(row);
-        const float cover = patch.cover(plateDistance(x, y));
-        if (cover <= 0.0F)
-            return {};
-        const Facet facet = patch.facet(plate, column, row);
+    return patch.light(plateDistance, [&](const Spot& spot) {
+        const float x = spot.x;
+        const float y = spot.y;
+        const Facet facet = patch.facet(plate, spot);
         const Light gunMetal = linear(palette::kGunMetal);
         Light light = mix(dielectric(facet, gunMetal, 0.3F), metal(facet, gunMetal), 0.9F);
         const float slot = patch.cover(slotDistance(x, y));
@@ -59,13 +56,13 @@ Picture slideBody(double height, int position, double down, int scale) {
         light *= 1.0F - 0.8F * shadow * slot;
         const float top = patch.cover(roundRectDistance(x - at, y, 5.8F, 4.1F, 0.9F));
         if (top > 0.0F) {
-            const Facet upper = patch.facet(button, column, row);
+            const Facet upper = patch.facet(button, spot);
             const Light aluminium = linear(palette::kAluminium);
             const Light cut =
                 mix(metal(upper, aluminium), cutMetal(upper, aluminium, 0.0F, 1.0F), 0.55F);
             light = mix(light, cut * (1.02F + 0.34F * smoothStep(5.0F, -5.0F, y)), top);
         }
-        return {light, cover};
+        return light;
     });
 }
 

@@ -16,6 +16,11 @@ struct Polar {
         : radius(std::sqrt(toX * toX + toY * toY) + 1e-6F), x(toX / radius), y(toY / radius) {}
 };
 
+/// A turned part's outline, as a Patch takes it.
+inline auto disc(float radius) {
+    return [radius](float x, float y) { return Polar(x, y).radius - radius; };
+}
+
 /// A wave that goes round a part `number` times, 1 where the pointer is: cos(n (angle - pointer))
 /// as powers of complex numbers, for it is asked of every sample.
 class RoundWave {
