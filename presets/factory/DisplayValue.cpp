@@ -3,6 +3,7 @@
 #include "foundation/text/NameMatch.h"
 #include "foundation/text/ValueFromText.h"
 #include "parameters/ParameterCatalogue.h"
+#include "parameters/ValueText.h"
 
 #include <array>
 #include <charconv>
@@ -18,31 +19,6 @@ constexpr std::array<std::string_view, kNumParams> kIdentifiers{
 #undef PEDL_IDENTIFIER_TEXT
 
 constexpr std::string_view kNormalised = "normalised ";
-
-/// What stands behind the number; nothing for texts that are none.
-std::string_view unitOf(TextRule rule) {
-    switch (rule) {
-    case TextRule::GainDb:
-    case TextRule::ThresholdDb:
-    case TextRule::LevelDb:
-        return "dB";
-    case TextRule::Percent:
-    case TextRule::BipolarPercent:
-        return "%";
-    case TextRule::SpreadDegrees:
-        return "deg";
-    case TextRule::LfoRateHz:
-    case TextRule::CutoffHz:
-        return "Hz";
-    case TextRule::TempoBpm:
-        return "bpm";
-    case TextRule::AttackMs:
-    case TextRule::ReleaseMs:
-        return "ms";
-    default:
-        return {};
-    }
-}
 
 Result<float> normalisedValue(std::string_view text) {
     float value = -1.0F;
@@ -65,7 +41,8 @@ std::optional<ParameterIndex> parameterByIdentifier(std::string_view identifier)
 Result<float> valueInDisplayTerms(ParameterIndex parameter, std::string_view text) {
     if (text.starts_with(kNormalised))
         return normalisedValue(trimmed(text.substr(kNormalised.size())));
-    const std::string_view unit = unitOf(kParameterRows[static_cast<std::size_t>(parameter)].text);
+    const std::string_view unit =
+        valueUnit(kParameterRows[static_cast<std::size_t>(parameter)].text);
     if (!unit.empty() && !text.ends_with(unit))
         return Problem{"\"" + std::string(text) + "\" wants the unit " + std::string(unit)};
     text.remove_suffix(unit.size());
