@@ -100,9 +100,10 @@ void SoundOutput::beSilent() {
         // Reckoned from the start, so that no rounding makes it drift.
         for (std::int64_t frames = 0; !end.stop_requested(); frames += blockFrames_) {
             source_(unheard.data(), blockFrames_);
-            std::this_thread::sleep_until(
-                start +
-                std::chrono::nanoseconds((frames + blockFrames_) * 1'000'000'000 / sampleRateHz_));
+            const std::chrono::duration<double> played(static_cast<double>(frames + blockFrames_) /
+                                                       sampleRateHz_);
+            std::this_thread::sleep_until(start +
+                                          std::chrono::duration_cast<Clock::duration>(played));
         }
     });
 }

@@ -65,8 +65,9 @@ int failOf(const Problem& problem) {
     return fail(problem.text, signal != 0 ? 128 + signal : kFailed);
 }
 
-int runRender(const CommandLine& line) {
-    Result<RenderRequest> request = renderRequest(line);
+/// Has `serve` do what the line asks for, with the plug-in that the line names.
+template <typename Request, typename Serve>
+int runWithPlugin(const CommandLine& line, Result<Request> request, const Serve& serve) {
     if (!request.ok())
         return fail(request.problem().text, kWrongUse);
     const Result<std::filesystem::path> plugin = pluginFor(line);
@@ -74,26 +75,27 @@ int runRender(const CommandLine& line) {
         return fail(plugin.problem().text);
     request.value().plugin = plugin.value();
     const PluginSilence silence(line.isVerbose);
-    const Result<RenderReport> rendered = render(request.value());
-    return rendered.ok() ? report(line, rendered.value()) : failOf(rendered.problem());
+    return serve(request.value());
+}
+
+int runRender(const CommandLine& line) {
+    return runWithPlugin(line, renderRequest(line), [&line](const RenderRequest& request) {
+        const Result<RenderReport> rendered = render(request);
+        return rendered.ok() ? report(line, rendered.value()) : failOf(rendered.problem());
+    });
 }
 
 int runShow(const CommandLine& line) {
-    Result<ShowRequest> request = showRequest(line);
-    if (!request.ok())
-        return fail(request.problem().text, kWrongUse);
-    const Result<std::filesystem::path> plugin = pluginFor(line);
-    if (!plugin.ok())
-        return fail(plugin.problem().text);
-    request.value().plugin = plugin.value();
-    const PluginSilence silence(line.isVerbose);
-    const Result<ShowReport> shown = show(request.value());
-    if (!shown.ok())
-        return failOf(shown.problem());
-    if (line.screenshot.empty())
-        return 0;
-    return print(printableText(line.screenshot) + ": " + std::to_string(shown.value().widthPixels) +
-                 " x " + std::to_string(shown.value().heightPixels) + " pixels\n");
+    return runWithPlugin(line, showRequest(line), [&line](const ShowRequest& request) {
+        const Result<ShowReport> shown = show(request);
+        if (!shown.ok())
+            return failOf(shown.problem());
+        if (line.screenshot.empty())
+            return 0;
+        return print(printableText(line.screenshot) + ": " +
+                     std::to_string(shown.value().widthPixels) + " x " +
+                     std::to_string(shown.value().heightPixels) + " pixels\n");
+    });
 }
 
 constexpr std::size_t kMostWarnings = 20;
