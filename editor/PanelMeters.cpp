@@ -9,7 +9,7 @@ namespace {
 
 constexpr float kFallMs = 500.0F; // from lit to dark
 
-/// Root of a level: 24 dB down is still half lit.
+/// Power of a peak that is its light: 48 dB down is still half lit.
 constexpr double kPeakBend = 0.125;
 
 float averageOf(const float* values, std::size_t count) {
