@@ -1,11 +1,11 @@
 #include "demo/Fingerprint.h"
 
-#include <fftw3.h>
-
 #include <algorithm>
 #include <cmath>
-#include <memory>
 #include <numbers>
+#include <span>
+
+#include "demo/RealTransform.h"
 
 namespace pedl::demo {
 
@@ -36,33 +36,23 @@ double bandOf(double hertz) {
 /// Power by bin of both channels together, one window at a time.
 class Windows {
 public:
-    Windows()
-        : input_(fftw_alloc_real(kWindowFrames)),
-          output_(fftw_alloc_complex(kWindowFrames / 2 + 1)),
-          plan_(fftw_plan_dft_r2c_1d(kWindowFrames, input_.get(), output_.get(), FFTW_ESTIMATE)) {}
-
     std::vector<double> powerAt(const StereoSound& sound, std::size_t frame) {
         std::vector<double> power(kWindowFrames / 2);
         for (const auto* channel : {&sound.left, &sound.right}) {
+            const std::span<double> input = transform_.input();
             for (std::size_t i = 0; i < kWindowFrames; ++i)
-                input_[i] = static_cast<double>((*channel)[frame + i]) *
-                            (0.5 - 0.5 * std::cos(2.0 * std::numbers::pi * static_cast<double>(i) /
-                                                  kWindowFrames));
-            fftw_execute(plan_.get());
+                input[i] = static_cast<double>((*channel)[frame + i]) *
+                           (0.5 - 0.5 * std::cos(2.0 * std::numbers::pi * static_cast<double>(i) /
+                                                 kWindowFrames));
+            transform_.run();
             for (std::size_t bin = 1; bin < power.size(); ++bin)
-                power[bin] += output_[bin][0] * output_[bin][0] + output_[bin][1] * output_[bin][1];
+                power[bin] += transform_.power(bin);
         }
         return power;
     }
 
 private:
-    struct Free {
-        void operator()(void* memory) const { fftw_free(memory); }
-        void operator()(fftw_plan plan) const { fftw_destroy_plan(plan); }
-    };
-    std::unique_ptr<double[], Free> input_;
-    std::unique_ptr<fftw_complex[], Free> output_;
-    std::unique_ptr<fftw_plan_s, Free> plan_;
+    RealTransform transform_{kWindowFrames};
 };
 
 void addMoment(ShortTimes& times, const std::vector<double>& power, int sampleRateHz,

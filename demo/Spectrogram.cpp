@@ -1,12 +1,11 @@
 #include "demo/Spectrogram.h"
 
-#include <fftw3.h>
-
 #include <algorithm>
 #include <cmath>
-#include <memory>
 #include <numbers>
 #include <span>
+
+#include "demo/RealTransform.h"
 
 namespace pedl::demo {
 
@@ -22,10 +21,7 @@ constexpr double kSilencePower = 1e-15; // -150 dB: silence has a level too
 class WindowedTransform {
 public:
     explicit WindowedTransform(std::size_t frames)
-        : window_(frames), power_(frames / 2 + 1), input_(fftw_alloc_real(frames)),
-          output_(fftw_alloc_complex(frames / 2 + 1)),
-          plan_(fftw_plan_dft_r2c_1d(static_cast<int>(frames), input_.get(), output_.get(),
-                                     FFTW_ESTIMATE)) {
+        : window_(frames), power_(frames / 2 + 1), transform_(frames) {
         for (std::size_t i = 0; i < frames; ++i)
             window_[i] = 0.5 - 0.5 * std::cos(2.0 * std::numbers::pi * static_cast<double>(i) /
                                               static_cast<double>(frames));
@@ -45,30 +41,21 @@ public:
 private:
     void addPower(const std::vector<float>& channel, std::ptrdiff_t centreFrame) {
         const std::ptrdiff_t start = centreFrame - static_cast<std::ptrdiff_t>(window_.size() / 2);
+        const std::span<double> input = transform_.input();
         for (std::size_t i = 0; i < window_.size(); ++i) {
             const std::ptrdiff_t frame = start + static_cast<std::ptrdiff_t>(i);
             const bool isInside = frame >= 0 && frame < std::ssize(channel);
-            input_[i] = isInside ? window_[i] * channel[static_cast<std::size_t>(frame)] : 0.0;
+            input[i] = isInside ? window_[i] * channel[static_cast<std::size_t>(frame)] : 0.0;
         }
-        fftw_execute(plan_.get());
+        transform_.run();
         const double sineAtFullScale = 0.25 * frames(); // half the window's sum
-        for (std::size_t bin = 0; bin < power_.size(); ++bin) {
-            const double real = output_[bin][0] / sineAtFullScale;
-            const double imaginary = output_[bin][1] / sineAtFullScale;
-            power_[bin] += 0.5 * (real * real + imaginary * imaginary);
-        }
+        for (std::size_t bin = 0; bin < power_.size(); ++bin)
+            power_[bin] += 0.5 * transform_.power(bin) / (sineAtFullScale * sineAtFullScale);
     }
-
-    struct Free {
-        void operator()(void* memory) const { fftw_free(memory); }
-        void operator()(fftw_plan plan) const { fftw_destroy_plan(plan); }
-    };
 
     std::vector<double> window_;
     std::vector<double> power_;
-    std::unique_ptr<double[], Free> input_;
-    std::unique_ptr<fftw_complex[], Free> output_;
-    std::unique_ptr<fftw_plan_s, Free> plan_;
+    RealTransform transform_;
 };
 
 /// The strongest bin between two positions on the bin axis; between two bins, what joins them.
