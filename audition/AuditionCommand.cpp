@@ -154,7 +154,7 @@ Result<std::string> renderAll(const AuditionRequest& request,
     AuditionPage page(request.bank ? printableText(request.bank->filename().string())
                                    : std::string("factory programs"),
                       materials.forPage());
-    ProgressBar progress;
+    ProgressBar progress(true);
     std::size_t sounds = 0;
     for (std::size_t i = 0; i < slots.size(); ++i) {
         progress.show(static_cast<double>(i) / static_cast<double>(slots.size()));

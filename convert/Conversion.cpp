@@ -3,8 +3,11 @@
 #include "convert/DocumentReader.h"
 #include "convert/DocumentWriter.h"
 #include "convert/TextForm.h"
+#include "foundation/platform/StandardStream.h"
 #include "foundation/text/NameMatch.h"
+#include "foundation/text/PrintableText.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <span>
 #include <string_view>
@@ -20,7 +23,7 @@ struct Form {
 };
 
 std::optional<Form> formOf(const std::string& out) {
-    if (out == kStandardOutput)
+    if (out == kStandardStream)
         return Form{true, std::nullopt};
     const std::string ending = lowerCase(std::filesystem::path(out).extension().string());
     if (ending == kTextEnding)
@@ -44,18 +47,11 @@ std::vector<std::byte> bytesOf(std::string_view text) {
     return {bytes.begin(), bytes.end()};
 }
 
-/// Puts the program of a file in a slot: "12=wah.zmt".
-Done putIntoSlot(const std::string& text, Document& bank) {
-    if (!hasBank(bank.kind))
-        return Problem{"there are no slots in " + contentsName(bank.kind)};
-    const std::size_t equals = text.find('=');
-    const std::optional<int> slot = indexFrom(text.substr(0, equals));
-    if (equals == std::string::npos || !slot)
-        return Problem{'"' + text + "\" is not SLOT=FILE"};
-    if (static_cast<std::size_t>(*slot) >= bank.programs.size())
-        return Problem{"there is no slot " + std::to_string(*slot) + "; a bank has " +
+/// Reads the program of a file into a slot.
+Done readIntoSlot(const std::string& path, std::size_t slot, Document& bank) {
+    if (slot >= bank.programs.size())
+        return Problem{"there is no slot " + std::to_string(slot) + "; a bank has " +
                        std::to_string(bank.programs.size()) + ", counted from 0"};
-    const std::string path = text.substr(equals + 1);
     const Result<Document> read = readDocument(path);
     if (!read.ok())
         return read.problem();
@@ -63,8 +59,44 @@ Done putIntoSlot(const std::string& text, Document& bank) {
         return Problem{path + ": holds " + contentsName(read.value().kind) + ", not a program"};
     for (const std::string& warning : read.value().warnings)
         bank.warnings.push_back(std::string(path).append(": ").append(warning));
-    bank.programs[static_cast<std::size_t>(*slot)] = currentProgram(read.value());
+    bank.programs[slot] = currentProgram(read.value());
     return done();
+}
+
+/// "12=wah.zmt".
+Done putIntoSlot(const std::string& text, Document& bank) {
+    if (!hasBank(bank.kind))
+        return Problem{"there are no slots in " + contentsName(bank.kind)};
+    const std::size_t equals = text.find('=');
+    const std::optional<int> slot = indexFrom(text.substr(0, equals));
+    if (equals == std::string::npos || !slot)
+        return Problem{'"' + text + "\" is not SLOT=FILE"};
+    return readIntoSlot(text.substr(equals + 1), static_cast<std::size_t>(*slot), bank);
+}
+
+/// One file, or a bank of programs.
+Result<Document> readAll(const std::vector<std::string>& paths) {
+    if (paths.size() == 1)
+        return readDocument(paths.front());
+    const Result<Document> bank = converted(factoryDocument(), DocumentKind::Bank);
+    if (!bank.ok())
+        return bank;
+    Document joined = bank.value();
+    for (std::size_t slot = 0; slot < paths.size(); ++slot)
+        if (const Done put = readIntoSlot(paths[slot], slot, joined); !put.ok())
+            return put.problem();
+    return joined;
+}
+
+/// A name of a program as a part of one of a file: nothing that a path or a shell takes for its
+/// own.
+std::string nameForFiles(const ProgramName& name) {
+    constexpr std::string_view kNotInNames = "/\\:*?\"<>|";
+    std::string text = printableText(shownName(name));
+    for (char& letter : text)
+        if (kNotInNames.find(letter) != std::string_view::npos)
+            letter = '-';
+    return text;
 }
 
 } // namespace
@@ -73,11 +105,13 @@ Result<Conversion> convert(const ConversionRequest& request) {
     const std::optional<Form> form = formOf(request.out);
     if (!form)
         return Problem{request.out + ": the ending names no form; " + knownForms()};
-    Result<Document> read = readDocument(request.in);
+    Result<Document> read = readAll(request.in);
     if (!read.ok())
         return read.problem();
     Document& document = read.value();
     DocumentKind kind = form->kind.value_or(document.kind);
+    if (request.in.size() > 1 && !hasBank(kind))
+        return Problem{request.out + ": holds no bank, which several programs make"};
     for (const std::string& slot : request.slots)
         if (const Done put = putIntoSlot(slot, document); !put.ok())
             return put.problem().of("--slot");
@@ -85,15 +119,41 @@ Result<Conversion> convert(const ConversionRequest& request) {
         if (kind == DocumentKind::MidiSettings)
             return Problem{"--program: " + request.out + " holds no program"};
         if (const Done selected = selectProgram(document, *request.program); !selected.ok())
-            return selected.problem().of(request.in).of("--program");
+            return selected.problem().of(request.in.front()).of("--program");
         if (form->isText)
             kind = DocumentKind::Program;
     }
     const Result<Document> made = converted(document, kind);
     if (!made.ok())
-        return made.problem().of(request.in);
+        return made.problem().of(request.in.front());
     return Conversion{form->isText ? bytesOf(textForm(made.value())) : storedForm(made.value()),
                       kind, form->isText, made.value().warnings};
+}
+
+Result<std::vector<ProgramFile>> split(const std::string& in, const std::string& format) {
+    const std::string ending = '.' + lowerCase(format);
+    const bool isText = ending == kTextEnding;
+    if (!isText && ending != kindEnding(DocumentKind::Program))
+        return Problem{"--format: \"" + format + "\" is not zmt or json"};
+    Result<Document> read = readDocument(in);
+    if (!read.ok())
+        return read.problem();
+    Document& bank = read.value();
+    if (!hasBank(bank.kind))
+        return Problem{in + ": holds " + contentsName(bank.kind) + ", not a bank"};
+    std::vector<ProgramFile> files;
+    for (std::size_t slot = 0; slot < bank.programs.size(); ++slot) {
+        Document program;
+        program.kind = DocumentKind::Program;
+        program.programs = {bank.programs[slot]};
+        std::string number = std::to_string(slot);
+        number.insert(0, 3 - std::min<std::size_t>(3, number.size()), '0'); // sorted as slots are
+        files.push_back(
+            {number + ' ' + nameForFiles(bank.programs[slot].name) + ending,
+             {isText ? bytesOf(textForm(program)) : storedForm(program), DocumentKind::Program,
+              isText, slot == 0 ? bank.warnings : std::vector<std::string>()}});
+    }
+    return files;
 }
 
 } // namespace pedl

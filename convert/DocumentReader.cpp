@@ -3,6 +3,7 @@
 #include "convert/TextForm.h"
 #include "foundation/platform/DiagnosticStream.h"
 #include "foundation/platform/FileReading.h"
+#include "foundation/platform/StandardStream.h"
 #include "foundation/text/PrintableText.h"
 #include "parameters/ListPosition.h"
 #include "presets/FactoryPrograms.h"
@@ -214,12 +215,14 @@ Result<Document> documentOf(std::span<const std::byte> contents) {
 }
 
 Result<Document> readDocument(const std::string& path) {
-    const FileContents contents = readFile(path, kLimit);
+    const bool isStandard = path == kStandardStream;
+    const std::string name = isStandard ? kStandardInput : path;
+    const FileContents contents = isStandard ? readStandardInput(kLimit) : readFile(path, kLimit);
     if (contents.result != ReadResult::Read)
-        return Problem{path + ": " + problemText(contents)};
+        return Problem{name + ": " + problemText(contents)};
     Result<Document> document = documentOf(contents.bytes);
     if (!document.ok())
-        return document.problem().of(path);
+        return document.problem().of(name);
     return document;
 }
 

@@ -18,6 +18,7 @@ constexpr std::size_t kMaxTextBytes = std::size_t{1} << 24;
 /// streams, both byte orders and version-1 chunks are read. Damage is repaired as the plug-in
 /// repairs it and listed in the document's warnings.
 ///
+/// @param path  a file, or "-" for standard input
 /// @return the document, or one line that begins with the path
 Result<Document> readDocument(const std::string& path);
 

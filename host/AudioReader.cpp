@@ -1,5 +1,7 @@
 #include "host/AudioReader.h"
 
+#include "foundation/platform/StandardStream.h"
+
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -13,12 +15,22 @@ namespace pedl {
 
 namespace {
 
-/// Programs that write into a pipe promise this much or more: they cannot know.
+/// Programs that write into a pipe promise this many bytes or more: they cannot know.
 constexpr long long kOpenLength = 0x7FFFF000;
+
+/// What such a promise is at least in frames, whatever their form.
+constexpr sf_count_t kOpenLengthFrames = kOpenLength / static_cast<long long>(2 * sizeof(double));
+
+/// No file has as many: the library says so where a file's head says nothing.
+constexpr sf_count_t kNoLengthFrames = sf_count_t{1} << 40;
 
 } // namespace
 
 Result<AudioReader> AudioReader::open(const std::filesystem::path& path) {
+    if (path == kStandardStream && isatty(STDIN_FILENO) == 1)
+        return Problem{std::string(kStandardInput) + ": is a terminal, not audio"};
+    if (path == kStandardStream)
+        return read(STDIN_FILENO, false, kStandardInput);
     const std::string name = path.string();
     struct stat status {};
     if (stat(path.c_str(), &status) != 0)
@@ -29,11 +41,14 @@ Result<AudioReader> AudioReader::open(const std::filesystem::path& path) {
     const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0)
         return Problem{name + ": " + systemText(errno)};
+    return read(descriptor, true, name);
+}
 
+/// @param isOurs  the library closes it, also where it cannot read it
+Result<AudioReader> AudioReader::read(int descriptor, bool isOurs, std::string name) {
     AudioReader reader;
     SF_INFO info{};
-    reader.file_.reset(
-        sf_open_fd(descriptor, SFM_READ, &info, SF_TRUE)); // closes it, also on error
+    reader.file_.reset(sf_open_fd(descriptor, SFM_READ, &info, isOurs ? SF_TRUE : SF_FALSE));
     if (reader.file_ == nullptr)
         return Problem{name + ": is not audio that can be read: " + sf_strerror(nullptr)};
     if (info.channels != 1 && info.channels != 2)
@@ -45,11 +60,20 @@ Result<AudioReader> AudioReader::open(const std::filesystem::path& path) {
                        std::to_string(kHighestRateHz) + " Hz"};
     if (info.frames <= 0)
         return Problem{name + ": holds no audio"};
-    reader.name_ = name;
+    reader.name_ = std::move(name);
     reader.channels_ = info.channels;
     reader.sampleRateHz_ = info.samplerate;
-    reader.lengthFrames_ = info.frames;
+    if (info.frames < (info.seekable != 0 ? kNoLengthFrames : kOpenLengthFrames))
+        reader.lengthFrames_ = info.frames;
     return reader;
+}
+
+SoundTags AudioReader::tags() const {
+    SoundTags tags;
+    for (int tag = SF_STR_FIRST; tag <= SF_STR_LAST; ++tag)
+        if (const char* const text = sf_get_string(file_.get(), tag); text != nullptr)
+            tags.emplace_back(tag, text);
+    return tags;
 }
 
 std::int64_t AudioReader::read(float* frames, std::int64_t most) {

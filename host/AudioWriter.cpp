@@ -1,36 +1,18 @@
 #include "host/AudioWriter.h"
 
-#include "foundation/text/NameMatch.h"
+#include "foundation/platform/StandardStream.h"
+#include "host/OutputFile.h"
+#include "host/SoundHead.h"
+#include "host/StandardOutput.h"
 
-#include <array>
 #include <sndfile.h>
-#include <string_view>
+#include <unistd.h>
 
 namespace pedl {
 
 namespace {
 
-struct Format {
-    std::string_view ending;
-    int code; // libsndfile's
-};
-
-// clang-format off
-constexpr std::array<Format, 9> kFormats{{
-    {".wav",  SF_FORMAT_WAV  | SF_FORMAT_FLOAT},
-    {".flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_24},
-    {".aiff", SF_FORMAT_AIFF | SF_FORMAT_FLOAT},
-    {".aif",  SF_FORMAT_AIFF | SF_FORMAT_FLOAT},
-    {".ogg",  SF_FORMAT_OGG  | SF_FORMAT_VORBIS},
-    {".oga",  SF_FORMAT_OGG  | SF_FORMAT_VORBIS},
-    {".caf",  SF_FORMAT_CAF  | SF_FORMAT_FLOAT},
-    {".w64",  SF_FORMAT_W64  | SF_FORMAT_FLOAT},
-    {".rf64", SF_FORMAT_RF64 | SF_FORMAT_FLOAT},
-}};
-// clang-format on
-
 constexpr int kChannels = 2;
-constexpr std::int64_t kBytesPerFrame = kChannels * sizeof(float);
 
 /// A WAV's length field has 32 bits; some room is left for its heads.
 constexpr std::int64_t kMostWavBytes = 0xFFFF'0000;
@@ -38,91 +20,83 @@ constexpr std::int64_t kMostWavBytes = 0xFFFF'0000;
 /// Vorbis quality, 0 to 1: near transparent, some 200 kbit/s.
 constexpr double kVorbisQuality = 0.7;
 
-const Format* formatOf(const std::filesystem::path& path) {
-    const std::string ending = lowerCase(path.extension().string());
-    if (ending.empty())
-        return &kFormats.front();
-    for (const Format& format : kFormats)
-        if (format.ending == ending)
-            return &format;
-    return nullptr;
+/// Whether the length field of a WAV will do.
+bool fitsWav(const SoundDescription& sound) {
+    const std::int64_t frameBytes = kChannels * sound.format.bytesPerSample();
+    return sound.mostFrames && *sound.mostFrames <= kMostWavBytes / frameBytes;
 }
 
-OutputFile& fileOf(void* file) {
-    return *static_cast<OutputFile*>(file);
-}
-
-sf_count_t sizeOf(void* file) {
-    return fileOf(file).sizeBytes();
-}
-
-sf_count_t seekIn(sf_count_t offset, int whence, void* file) {
-    const sf_count_t start = whence == SEEK_CUR   ? fileOf(file).placeBytes()
-                             : whence == SEEK_END ? fileOf(file).sizeBytes()
-                                                  : 0;
-    fileOf(file).seek(start + offset);
-    return start + offset;
-}
-
-sf_count_t readFrom(void* /*buffer*/, sf_count_t /*bytes*/, void* /*file*/) {
-    return 0; // write only
-}
-
-sf_count_t writeTo(const void* data, sf_count_t bytes, void* file) {
-    return static_cast<sf_count_t>(fileOf(file).write(data, static_cast<std::size_t>(bytes)));
-}
-
-sf_count_t placeIn(void* file) {
-    return fileOf(file).placeBytes();
+Result<std::unique_ptr<ByteSink>> sinkOf(const std::filesystem::path& path, AudioFormat format) {
+    if (path != kStandardStream) {
+        Result<std::unique_ptr<OutputFile>> file = OutputFile::create(path);
+        if (!file.ok())
+            return file.problem();
+        return std::unique_ptr<ByteSink>(std::move(file.value()));
+    }
+    if (isatty(STDOUT_FILENO) == 1)
+        return Problem{std::string(kStandardOutput) +
+                       ": is a terminal; audio goes into a file or a pipe"};
+    std::unique_ptr<ByteSink> output = StandardOutput::create();
+    if (!output->canGoBack() && !format.canStream())
+        return Problem{std::string(kStandardOutput) + ": is a pipe, and " + format.ending() +
+                       " is not written without going back; .wav, .aiff, .flac and .ogg are"};
+    return output;
 }
 
 } // namespace
 
-Done AudioWriter::checkName(const std::filesystem::path& path) {
-    if (formatOf(path) != nullptr)
-        return done();
-    std::string endings;
-    for (const Format& format : kFormats)
-        endings += (endings.empty() ? "" : ", ") + std::string(format.ending);
-    return Problem{path.string() + ": audio with the ending " + path.extension().string() +
-                   " cannot be written; there are " + endings};
-}
+Result<AudioWriter> AudioWriter::create(const std::filesystem::path& path,
+                                        const SoundDescription& sound) {
+    Result<std::unique_ptr<ByteSink>> sink = sinkOf(path, sound.format);
+    if (!sink.ok())
+        return sink.problem();
+    AudioWriter writer(sound.format);
+    writer.name_ = path == kStandardStream ? std::string(kStandardOutput) : path.string();
+    writer.appearsWhole_ = path != kStandardStream;
+    writer.target_ = std::make_unique<EncoderTarget>(std::move(sink.value()));
 
-Result<AudioWriter> AudioWriter::create(const std::filesystem::path& path, int sampleRateHz,
-                                        std::int64_t lengthFrames) {
-    if (const Done named = checkName(path); !named.ok())
-        return named.problem();
-    const Format& format = *formatOf(path);
-    Result<std::unique_ptr<OutputFile>> file = OutputFile::create(path);
-    if (!file.ok())
-        return file.problem();
+    const int container = sound.format.container();
+    const bool goesBack = writer.target_->sink().canGoBack();
+    if (!goesBack && (container == SF_FORMAT_WAV || container == SF_FORMAT_AIFF))
+        writer.target_->holdHead();
 
-    AudioWriter writer;
-    writer.file_ = std::move(file.value());
-    writer.name_ = path.string();
-    const int subtype = format.code & SF_FORMAT_SUBMASK;
-    writer.cutsAtFullScale_ = subtype == SF_FORMAT_PCM_24 || subtype == SF_FORMAT_VORBIS;
-
-    SF_INFO info{};
-    info.samplerate = sampleRateHz;
-    info.channels = kChannels;
-    info.format = format.code;
-    const bool isWav = (format.code & SF_FORMAT_TYPEMASK) == SF_FORMAT_WAV;
-    if (isWav && lengthFrames > kMostWavBytes / kBytesPerFrame)
-        info.format = SF_FORMAT_RF64 | SF_FORMAT_FLOAT;
-
-    SF_VIRTUAL_IO access{sizeOf, seekIn, readFrom, writeTo, placeIn};
-    writer.encoder_.reset(sf_open_virtual(&access, SFM_WRITE, &info, writer.file_.get()));
-    if (const Done state = writer.file_->state(); !state.ok())
+    SF_INFO info{0, sound.sampleRateHz, kChannels, sound.format.code(), 0, 0};
+    const bool canGrow = goesBack && container == SF_FORMAT_WAV && !fitsWav(sound);
+    if (canGrow)
+        info.format = SF_FORMAT_RF64 | (info.format & SF_FORMAT_SUBMASK);
+    SF_VIRTUAL_IO access = EncoderTarget::functions();
+    writer.encoder_.reset(sf_open_virtual(&access, SFM_WRITE, &info, writer.target_.get()));
+    if (const Done state = writer.target_->sink().state(); !state.ok())
         return state.problem(); // a full disk shows with the first head
     if (writer.encoder_ == nullptr)
-        return Problem{path.string() + ": cannot be written: " + sf_strerror(nullptr)};
-    sf_command(writer.encoder_.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
-    // The peak chunk bears the time of writing: the same samples would give other bytes.
-    sf_command(writer.encoder_.get(), SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE);
-    double quality = kVorbisQuality;
-    sf_command(writer.encoder_.get(), SFC_SET_VBR_ENCODING_QUALITY, &quality, sizeof quality);
+        return Problem{writer.name_ + ": cannot be written: " + sf_strerror(nullptr)};
+    if (canGrow) // and is an ordinary WAV in the end if it has not grown
+        sf_command(writer.encoder_.get(), SFC_RF64_AUTO_DOWNGRADE, nullptr, SF_TRUE);
+    writer.prepare(sound);
+    if (writer.target_->holdsHead())
+        if (const Done released = writer.releaseHead(sound.lengthFrames); !released.ok())
+            return released.problem();
     return writer;
+}
+
+void AudioWriter::prepare(const SoundDescription& sound) {
+    SNDFILE* const encoder = encoder_.get();
+    sf_command(encoder, SFC_SET_CLIPPING, nullptr, SF_TRUE);
+    // The peak chunk bears the time of writing: the same samples would give other bytes.
+    sf_command(encoder, SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE);
+    double quality = kVorbisQuality;
+    sf_command(encoder, SFC_SET_VBR_ENCODING_QUALITY, &quality, sizeof quality);
+    for (const auto& [tag, text] : sound.tags)
+        sf_set_string(encoder, tag, text.c_str());
+}
+
+/// The encoder writes the head once more, with the tags, and behind it goes on.
+Done AudioWriter::releaseHead(std::optional<std::int64_t> lengthFrames) {
+    sf_command(encoder_.get(), SFC_UPDATE_HEADER_NOW, nullptr, 0);
+    std::vector<std::byte> head = target_->takeHead();
+    writeLengthInto(head, lengthFrames, kChannels * format_.bytesPerSample());
+    target_->sink().write(head.data(), head.size());
+    return target_->sink().state();
 }
 
 Done AudioWriter::write(const float* frames, std::int64_t count) {
@@ -134,7 +108,7 @@ Done AudioWriter::write(const double* frames, std::int64_t count) {
 }
 
 Done AudioWriter::stateAfter(bool wroteAll) {
-    if (const Done state = file_->state(); !state.ok())
+    if (const Done state = target_->sink().state(); !state.ok())
         return state.problem();
     if (!wroteAll)
         return Problem{name_ + ": cannot be written: " + sf_strerror(encoder_.get())};
@@ -143,11 +117,11 @@ Done AudioWriter::stateAfter(bool wroteAll) {
 
 Done AudioWriter::commit() {
     const int error = sf_close(encoder_.release()); // writes the head with the final length
-    if (const Done state = file_->state(); !state.ok())
+    if (const Done state = target_->sink().state(); !state.ok())
         return state.problem();
     if (error != 0)
         return Problem{name_ + ": cannot be completed: " + sf_error_number(error)};
-    return file_->commit();
+    return target_->sink().commit();
 }
 
 void AudioWriter::Closer::operator()(sf_private_tag* encoder) const {

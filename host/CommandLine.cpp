@@ -51,6 +51,13 @@ void addTextOption(CLI::App& command, const char* name, Target& target, const ch
     command.add_option(name, target, description)->type_name(type)->allow_extra_args(false);
 }
 
+/// What is read and, unless it all goes into a folder, written last.
+void addFiles(CLI::App& command, CommandLine& line, const char* description) {
+    command.add_option("FILE", line.files, description)->required()->type_name("");
+    addTextOption(command, "--to", line.folder, "FOLDER",
+                  "Folder for what is written; every FILE is read then");
+}
+
 void addFile(CLI::App& command, const char* name, std::string& target, const char* description) {
     command.add_option(name, target, description)->required()->type_name("");
 }
@@ -87,6 +94,12 @@ void addPresetOption(CLI::App& command, CommandLine& line) {
                   "Program to load into the slot: a program file or the JSON of one");
 }
 
+void addFactoryFlag(CLI::App& command, CommandLine& line) {
+    command.add_flag("--factory", line.isFactory,
+                     "Begin with the factory's programs, whatever defaults and memories the user "
+                     "has stored");
+}
+
 /// What the plug-in is to hold, in the order in which it takes effect.
 void addStateOptions(CLI::App& command, CommandLine& line) {
     const auto add = [&command](const char* name, auto& target, const char* type,
@@ -98,6 +111,7 @@ void addStateOptions(CLI::App& command, CommandLine& line) {
     addPresetOption(command, line);
     add(storedFileOption(DocumentKind::MidiSettings), line.midiSettings, "FILE",
         "MIDI links to load: a MIDI-settings file or the JSON of one");
+    addFactoryFlag(command, line);
     add("--set", line.settings, "PARAMETER=VALUE",
         "Values to set, in this order, after the program");
     add("--link", line.links, "PARAMETER=CONTROLLER",
@@ -110,8 +124,13 @@ CLI::App* addRender(CLI::App& app, CommandLine& line) {
                                const char* description) {
         addTextOption(*command, name, target, type, description);
     };
-    addFile(*command, "IN", line.in, "Sound file to read");
-    addFile(*command, "OUT", line.out, "Sound file to write; its ending names the format");
+    addFiles(*command, line,
+             "Sound file to read, then the one to write; its ending names the format. \"-\" is "
+             "standard input or output");
+    add("--format", line.format, "FORMAT",
+        "Format to write, whatever the ending says: wav, flac, aiff, ogg, caf, w64, rf64");
+    add("--bits", line.bits, "16|24|32f", "Integers or floats to write, where the format has them");
+    command->add_flag("--no-clobber", line.keepsExisting, "Leave files that exist as they are");
     addStateOptions(*command, line);
     add("--automate", line.automations, "PARAMETER=CURVE.csv", "Curves for parameters to follow");
     add("--midi", line.midi, "FILE.mid",
@@ -119,8 +138,11 @@ CLI::App* addRender(CLI::App& app, CommandLine& line) {
     add("--tempo", line.tempo, "BPM",
         "Song tempo in beats per minute, 1 to 999, until the MIDI file has one (120)");
     add("--block", line.block, "N", "Frames in a block, 1 to 65536 (512)");
-    add("--tail", line.tail, "SECONDS", "Silence to process after the end, up to 3600 s (0)");
+    add("--tail", line.tail, "SECONDS|auto",
+        "Silence to process after the end, up to 3600 s (0); auto: until none sounds, 60 s at "
+        "most");
     command->add_flag("--strict", line.isStrict, "Take warnings for errors: OUT stays as it is");
+    command->add_flag("--quiet", line.isQuiet, "Tell of errors and warnings only");
     command->add_flag("--double", line.isDouble, "Process 64-bit instead of 32-bit samples");
     addPluginOption(*command, line);
     command->footer(kRenderNotes);
@@ -179,8 +201,12 @@ CLI::App* addConvert(CLI::App& app, CommandLine& line) {
     CLI::App* const command = app.add_subcommand(
         "convert", "Turn stored programs, banks, MIDI settings and host chunks into one another, "
                    "or into text and back");
-    addFile(*command, "IN", line.in, "File to read");
-    addFile(*command, "OUT", line.out, "File to write; its ending names the form");
+    addFiles(
+        *command, line,
+        "File to read, then the one to write; its ending names the form. Several programs that "
+        "are read make a bank. \"-\" is standard input or output");
+    addTextOption(*command, "--format", line.format, "zmt|json",
+                  "Form of the programs that --to writes (zmt)");
     addTextOption(*command, "--program", line.program, "NAME|SLOT",
                   "Program to take, by name or slot from 0");
     addTextOption(*command, "--slot", line.slots, "SLOT=FILE",
@@ -236,6 +262,7 @@ std::vector<SubCommand> addSubCommands(CLI::App& app, CommandLine& line) {
     CLI::App* const programs =
         addListing(app, "programs", "List the programs by slot and name", line);
     addBankOption(*programs, line);
+    addFactoryFlag(*programs, line);
     addTextOption(*programs, "--search", line.search, "TEXT",
                   "Only those with that in their name, in upper or lower case");
     all.push_back({programs, Action::Programs});
@@ -244,6 +271,7 @@ std::vector<SubCommand> addSubCommands(CLI::App& app, CommandLine& line) {
     addBankOption(*parameters, line);
     addProgramOption(*parameters, line);
     addPresetOption(*parameters, line);
+    addFactoryFlag(*parameters, line);
     all.push_back({parameters, Action::Parameters});
     all.push_back({addListing(app, "info", "Show everything that the plug-in declares", line),
                    Action::Information});

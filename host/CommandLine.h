@@ -15,11 +15,15 @@ constexpr int kWrongUse = 2;
 /// What stands on the command line, as text; nothing of it is looked at yet.
 struct CommandLine {
     Action action = Action::Render;
-    std::string in, out, plugin, program, bank, preset, midiSettings, midi,
+    std::string in, out, folder, format, bits, plugin, program, bank, preset, midiSettings, midi,
         tempo = "120", block = "512", tail = "0", play, screenshot, scale, seconds, search;
-    std::vector<std::string> settings, links, automations, materials, programs, slots, compared;
+    std::vector<std::string> files, settings, links, automations, materials, programs, slots,
+        compared;
+    bool keepsExisting = false;
     bool isDouble = false;
+    bool isFactory = false;
     bool isJson = false;
+    bool isQuiet = false;
     bool isStrict = false;
     bool isVerbose = false;
 };

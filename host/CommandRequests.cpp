@@ -1,6 +1,7 @@
 #include "host/CommandRequests.h"
 
 #include "host/PluginLocator.h"
+#include "host/RenderBatch.h"
 
 #include <array>
 #include <charconv>
@@ -40,6 +41,39 @@ template <typename Wanted> void give(const std::string& text, Wanted& wanted) {
         wanted = text;
 }
 
+/// The seconds of --tail, and whether it waits for silence.
+Result<double> readTail(const CommandLine& line, RenderRequest& request) {
+    request.tailEndsInSilence = line.tail == "auto";
+    if (request.tailEndsInSilence)
+        return kLongestTailSeconds;
+    return numberWithin("--tail", line.tail, kTailRange);
+}
+
+/// What a render is asked for, its files apart.
+Result<RenderRequest> commonRequest(const CommandLine& line) {
+    RenderRequest request;
+    request.start = startingState(line);
+    request.automations = line.automations;
+    give(line.midi, request.midi);
+    request.keepsExisting = line.keepsExisting;
+    request.isStrict = line.isStrict;
+    request.isQuiet = line.isQuiet;
+    request.precision = line.isDouble ? Precision::Double : Precision::Float;
+
+    const Result<double> tempo = numberWithin("--tempo", line.tempo, kTempoRange);
+    const Result<double> tail = readTail(line, request);
+    Result<double> block = numberWithin("--block", line.block, kBlockRange);
+    if (block.ok() && block.value() != std::floor(block.value()))
+        block = Problem{"--block: \"" + line.block + "\" is not a whole number of frames"};
+    for (const Result<double>* number : {&tempo, &tail, static_cast<const Result<double>*>(&block)})
+        if (!number->ok())
+            return number->problem();
+    request.tempoBpm = tempo.value();
+    request.tailSeconds = tail.value();
+    request.blockFrames = static_cast<VstInt32>(block.value());
+    return request;
+}
+
 } // namespace
 
 StartingState startingState(const CommandLine& line) {
@@ -53,34 +87,47 @@ StartingState startingState(const CommandLine& line) {
     return start;
 }
 
+Result<SourcesAndTarget> sourcesAndTarget(const CommandLine& line) {
+    if (line.files.size() < 2)
+        return Problem{"OUT is required behind IN, or --to FOLDER"};
+    return SourcesAndTarget{{line.files.begin(), line.files.end() - 1}, line.files.back()};
+}
+
 Result<std::filesystem::path> pluginFor(const CommandLine& line) {
     if (!line.plugin.empty())
         return findPlugin(line.plugin);
     return findPlugin();
 }
 
-Result<RenderRequest> renderRequest(const CommandLine& line) {
-    RenderRequest request;
-    request.in = line.in;
-    request.out = line.out;
-    request.start = startingState(line);
-    request.automations = line.automations;
-    give(line.midi, request.midi);
-    request.isStrict = line.isStrict;
-    request.precision = line.isDouble ? Precision::Double : Precision::Float;
-
-    const Result<double> tempo = numberWithin("--tempo", line.tempo, kTempoRange);
-    const Result<double> tail = numberWithin("--tail", line.tail, kTailRange);
-    Result<double> block = numberWithin("--block", line.block, kBlockRange);
-    if (block.ok() && block.value() != std::floor(block.value()))
-        block = Problem{"--block: \"" + line.block + "\" is not a whole number of frames"};
-    for (const Result<double>* number : {&tempo, &tail, static_cast<const Result<double>*>(&block)})
-        if (!number->ok())
-            return number->problem();
-    request.tempoBpm = tempo.value();
-    request.tailSeconds = tail.value();
-    request.blockFrames = static_cast<VstInt32>(block.value());
-    return request;
+Result<std::vector<RenderRequest>> renderRequests(const CommandLine& line) {
+    const Result<RenderRequest> common = commonRequest(line);
+    if (!common.ok())
+        return common.problem();
+    std::optional<AudioFormat> format;
+    if (!line.format.empty()) {
+        const Result<AudioFormat> named = AudioFormat::named(line.format);
+        if (!named.ok())
+            return named.problem().of("--format");
+        format = named.value();
+    }
+    if (!line.folder.empty())
+        return renderBatch(common.value(), line.files, line.folder, format, line.bits);
+    const Result<SourcesAndTarget> files = sourcesAndTarget(line);
+    if (!files.ok())
+        return files.problem();
+    if (files.value().sources.size() > 1)
+        return Problem{"IN and OUT are two files, not " + std::to_string(line.files.size()) +
+                       "; --to FOLDER takes many"};
+    RenderRequest request = common.value();
+    request.in = files.value().sources.front();
+    request.out = files.value().target;
+    Result<AudioFormat> own = format ? Result(*format) : AudioFormat::ofFile(request.out);
+    if (own.ok() && !line.bits.empty())
+        own = own.value().withBits(line.bits);
+    if (!own.ok())
+        return own.problem();
+    request.format = own.value();
+    return std::vector{request};
 }
 
 Result<ShowRequest> showRequest(const CommandLine& line) {

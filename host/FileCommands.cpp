@@ -19,4 +19,18 @@ Result<std::string> writeConversion(const Conversion& conversion, const std::str
            " bytes" + (problem ? ", which may not outlive a loss of power" : "");
 }
 
+Result<std::string> writeProgramFiles(const std::vector<ProgramFile>& files,
+                                      const std::filesystem::path& folder) {
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (!std::filesystem::is_directory(folder))
+        return Problem{folder.string() + ": is no folder" + (error ? ": " + error.message() : "")};
+    for (const ProgramFile& file : files) {
+        const Result<std::string> written = writeConversion(file.content, folder / file.name);
+        if (!written.ok())
+            return written;
+    }
+    return printableText(folder.string()) + ": " + std::to_string(files.size()) + " programs";
+}
+
 } // namespace pedl

@@ -16,7 +16,9 @@ Examples:
   $ zmt-pedlfilter render pad.wav out.wav --automate "Filter Cutoff=sweep.csv" --block 64 --tail 2
   $ zmt-pedlfilter render pad.wav out.wav --midi song.mid --link "Filter Cutoff=74"
   $ zmt-pedlfilter render pad.wav out.wav --bank mine.zmb --program 12 --set LFOsync=hostBPM --tempo 96
-  $ zmt-pedlfilter render riff.wav out.wav --plugin /usr/lib/vst/other.so --set 0=0.25)";
+  $ zmt-pedlfilter render riff.wav out.wav --plugin /usr/lib/vst/other.so --set 0=0.25
+  $ zmt-pedlfilter render *.wav --to filtered --format flac --bits 16 --tail auto
+  $ sox riff.mp3 -t wav - | zmt-pedlfilter render - - | sox -t wav - out.mp3)";
     case Action::Show:
         return R"(
 Examples:
@@ -43,12 +45,15 @@ Examples:
 Examples:
   $ zmt-pedlfilter convert bank.zmb bank.json
   $ zmt-pedlfilter convert bank.zmb wah.zmt --program "Auto Wah"
+  $ zmt-pedlfilter convert bank.zmb --to programs
+  $ zmt-pedlfilter convert programs/*.zmt bank.zmb
   $ zmt-pedlfilter convert project.chunk -)";
     case Action::Diff:
         return R"(
 Examples:
   $ zmt-pedlfilter diff old.zmb new.zmb
-  $ zmt-pedlfilter diff mine.zmt bank.json)";
+  $ zmt-pedlfilter diff mine.zmt bank.json
+  $ git show HEAD:bank.zmb | zmt-pedlfilter diff - bank.zmb)";
     case Action::Audition:
         return R"(
 Examples:

@@ -10,6 +10,7 @@ Examples:
   $ zmt-pedlfilter render riff.wav out.flac --set "Filter Cutoff=1200" "Filter Slope=24 dB" 20=0.4
   $ zmt-pedlfilter render pad.wav out.wav --automate "Filter Cutoff=sweep.csv" --block 64 --tail 2
   $ zmt-pedlfilter render pad.wav out.wav --midi song.mid --link "Filter Cutoff=74" --set LFOsync=hostBPM
+  $ zmt-pedlfilter render *.wav --to filtered --format flac
   $ zmt-pedlfilter show --program "Auto Wah" --play riff.wav
   $ zmt-pedlfilter params --program 5 --json
   $ zmt-pedlfilter convert bank.zmb bank.json
@@ -31,6 +32,10 @@ Exit status:
   128  and the signal's number: interrupted)";
 
 constexpr const char* kRenderNotes = R"(
+`render IN OUT` processes one file, `render IN ... --to FOLDER` many, each with an instance of the
+plug-in of its own, into files with their names. One that fails is told of and does not keep the
+others from it.
+
 PARAMETER is an index from `zmt-pedlfilter params`, or a name: upper and lower case are alike, and
 the full name ("Filter Cutoff"), its unmistakable beginning and "cutoff" will do. Of several programs
 with the same name --program takes the first and says so. VALUE after a name is a
@@ -59,8 +64,15 @@ says, input beyond full scale, output that was cut off there, repairs of stored 
 
 IN is mono or stereo at 44100 to 192000 Hz, in any format that libsndfile reads. OUT is stereo: 32-bit
 float for .wav (and without an ending), .aiff, .caf, .w64 and .rf64, 24 bits for .flac, Vorbis for
-.ogg. OUT appears whole or not at all; an existing file is replaced only by a finished render. It is
-what the plug-in gives: a latency that `zmt-pedlfilter info` shows is not taken out.)";
+.ogg. --bits 16 and 24 round to integers, without dither. Title, artist and what else IN says of
+itself are kept where OUT has room for them. OUT appears whole or not at all; an existing file is
+replaced only by a finished render. It is what the plug-in gives: a latency that `zmt-pedlfilter info`
+shows is not taken out.
+
+"-" as IN takes WAV or AIFF from a pipe as it comes, "-" as OUT gives .wav (or --format aiff, flac,
+ogg) as it is made; what is told of it goes to standard error.
+
+--tail auto ends OUT where all that follows is below -100 dBFS.)";
 
 constexpr const char* kShowNotes = R"(
 The window closes by its button, by Ctrl-C, or after --seconds. Every VST 2.4 library that has an
@@ -84,6 +96,9 @@ of OUT says what it becomes:
 )";
 
 constexpr const char* kConvertEnd = R"(
+`convert bank.zmb --to FOLDER` takes a bank apart into its 140 programs, "000 Default.zmt" and so on;
+`convert FOLDER/*.zmt bank.zmb` joins them again. Several programs make a bank, from slot 0 on.
+
 --slot 12=wah.zmt puts the program of a file into slot 12 of what was read; everything else stays.
 MIDI settings hold no programs, so they become .zmm, .chunk or .json only. A bank file that is made
 of a host chunk leaves its MIDI links out, with a warning. With a bank or a host chunk as OUT,
@@ -95,7 +110,7 @@ it. What is missing is the factory's. OUT is replaced whole or not at all and ma
 puts its texts right.)";
 
 constexpr const char* kDiffNotes = R"(
-A and B are anything that convert reads. A program is compared with the current one of a bank;
+A and B are anything that convert reads; one of them can be "-", standard input. A program is compared with the current one of a bank;
 --program compares two of A's own. Each line names slot, program and parameter, with both texts;
 values with the same text are given as numbers.
 

@@ -3,7 +3,6 @@
 #include "foundation/platform/FileReplacement.h"
 #include "host/Interrupt.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -43,7 +42,7 @@ Done OutputFile::open() {
     }
     if (exists && !S_ISREG(held.st_mode))
         return Problem{shown_.string() +
-                       ": is not a file; audio cannot be written where it cannot go back"};
+                       ": is not a file; \"-\" writes into a pipe, as standard output"};
     if (exists && access(target_.c_str(), W_OK) != 0)
         return failed(errno);
     return openNew(exists ? &held : nullptr);
@@ -81,20 +80,12 @@ OutputFile::~OutputFile() {
 }
 
 std::size_t OutputFile::write(const void* data, std::size_t bytes) {
-    const auto* from = static_cast<const std::byte*>(data);
     const int descriptor = file_ != nullptr ? file_->number() : device_.number();
-    for (std::size_t written = 0; written < bytes && errorNumber_ == 0;) {
-        const ssize_t more = pwrite(descriptor, from + written, bytes - written,
-                                    placeBytes_ + static_cast<std::int64_t>(written));
-        if (more > 0)
-            written += static_cast<std::size_t>(more);
-        else if (more == 0 || errno != EINTR)
-            errorNumber_ = more == 0 ? EIO : errno;
-    }
+    if (errorNumber_ == 0)
+        errorNumber_ = writeWhole(descriptor, data, bytes, placeBytes());
     if (errorNumber_ != 0)
         return 0;
-    placeBytes_ += static_cast<std::int64_t>(bytes);
-    sizeBytes_ = std::max(sizeBytes_, placeBytes_);
+    moveOn(bytes);
     return bytes;
 }
 

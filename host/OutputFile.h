@@ -3,9 +3,9 @@
 #include "foundation/platform/FileDescriptor.h"
 #include "foundation/platform/NewFile.h"
 #include "foundation/text/Result.h"
+#include "host/ByteSink.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -20,26 +20,16 @@ namespace pedl {
 /// process ends; where the file system has no such files, the next one for the same name removes
 /// what a killed process has left. A link is followed: the file it leads to is replaced, and
 /// keeps its permissions. A device (/dev/null) is written directly.
-class OutputFile {
+class OutputFile final : public ByteSink {
 public:
     static Result<std::unique_ptr<OutputFile>> create(const std::filesystem::path& path);
-    ~OutputFile();
-    OutputFile(const OutputFile&) = delete;
-    OutputFile& operator=(const OutputFile&) = delete;
+    ~OutputFile() override;
 
-    /// Writes at the place where the file stands. Once a write has failed, all others do.
-    /// @return bytes written: all or, after a failure, 0
-    std::size_t write(const void* data, std::size_t bytes);
-
-    void seek(std::int64_t placeBytes) { placeBytes_ = placeBytes; }
-    [[nodiscard]] std::int64_t placeBytes() const { return placeBytes_; }
-    [[nodiscard]] std::int64_t sizeBytes() const { return sizeBytes_; }
-
-    /// Whether every write worked; otherwise a line that says why not.
-    [[nodiscard]] Done state() const;
-
-    /// The last call: puts the file in its place.
-    Done commit();
+    [[nodiscard]] bool canGoBack() const override { return true; }
+    std::size_t write(const void* data, std::size_t bytes) override;
+    [[nodiscard]] Done state() const override;
+    /// Puts the file in its place.
+    Done commit() override;
 
 private:
     OutputFile(std::filesystem::path shown, std::filesystem::path target)
@@ -56,8 +46,6 @@ private:
     std::unique_ptr<NewFile> file_; // null for a device
     FileDescriptor device_;
     int errorNumber_ = 0; // of the first write that failed
-    std::int64_t placeBytes_ = 0;
-    std::int64_t sizeBytes_ = 0;
 };
 
 } // namespace pedl

@@ -28,9 +28,9 @@ int barColumns() {
 
 } // namespace
 
-ProgressBar::ProgressBar()
-    : isOnTerminal_(isatty(messageDescriptor()) == 1), start_(std::chrono::steady_clock::now()),
-      shown_(start_) {}
+ProgressBar::ProgressBar(bool isWanted)
+    : isOnTerminal_(isWanted && isatty(messageDescriptor()) == 1),
+      start_(std::chrono::steady_clock::now()), shown_(start_) {}
 
 ProgressBar::~ProgressBar() {
     if (isShown_)

@@ -7,7 +7,8 @@ namespace pedl {
 /// A line on the terminal that fills up. Writes nothing where standard error is not a terminal.
 class ProgressBar {
 public:
-    ProgressBar();
+    /// @param isWanted  where not, it writes nothing
+    explicit ProgressBar(bool isWanted);
     ~ProgressBar(); // wipes the line
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;

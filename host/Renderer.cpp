@@ -18,9 +18,9 @@ double secondsSince(SteadyClock::time_point start) {
 }
 
 template <typename Sample>
-void measure(const std::vector<Sample>& stereo, VstInt32 frames, bool cutsAtFullScale,
+void measure(const Sample* stereo, std::int64_t frames, bool cutsAtFullScale,
              RenderReport& report) {
-    for (std::size_t i = 0; i < 2 * static_cast<std::size_t>(frames); ++i) {
+    for (std::int64_t i = 0; i < 2 * frames; ++i) {
         const double level = std::abs(static_cast<double>(stereo[i]));
         if (!std::isfinite(level)) {
             ++report.samplesNotFinite;
@@ -30,6 +30,18 @@ void measure(const std::vector<Sample>& stereo, VstInt32 frames, bool cutsAtFull
         if (level > 1.0 && cutsAtFullScale)
             ++report.samplesCut;
     }
+}
+
+/// What is no louder than this is silence, and silence for so long is the end.
+constexpr double kSilence = 1e-5; // -100 dBFS
+constexpr double kSilentSeconds = 1.0;
+
+/// Stereo frames up to the last that sounds.
+template <typename Sample> std::size_t framesUntilSilence(const std::vector<Sample>& stereo) {
+    std::size_t samples = stereo.size();
+    while (samples > 0 && std::abs(static_cast<double>(stereo[samples - 1])) <= kSilence)
+        --samples;
+    return (samples + 1) / 2;
 }
 
 template <typename Sample>
@@ -61,60 +73,103 @@ void Renderer::switchOn() {
     plugin_.resume();
 }
 
-template <typename Sample> Result<RenderReport> Renderer::runAs() {
-    const int channels = reader_.channels();
-    const Channels<Sample> inputs(plugin_.record().numInputs, blockFrames_);
-    const Channels<Sample> outputs(plugin_.record().numOutputs, blockFrames_);
-    const auto block = static_cast<std::size_t>(blockFrames_);
-    std::vector<Sample> fromFile(block * static_cast<std::size_t>(channels));
-    std::vector<Sample> toFile(block * 2);
-    const double wholeFrames = static_cast<double>(reader_.lengthFrames() + tailFrames_);
+/// One block on its way through the plug-in: interleaved as in files, and by channel.
+template <typename Sample> struct Renderer::Buffers {
+    Buffers(const Plugin& plugin, int channels, VstInt32 blockFrames)
+        : inputs(plugin.record().numInputs, blockFrames),
+          outputs(plugin.record().numOutputs, blockFrames),
+          fromFile(static_cast<std::size_t>(blockFrames) * static_cast<std::size_t>(channels)),
+          toFile(static_cast<std::size_t>(blockFrames) * 2) {}
 
+    Channels<Sample> inputs, outputs;
+    std::vector<Sample> fromFile; // mono or stereo
+    std::vector<Sample> toFile;   // stereo
+};
+
+template <typename Sample> Result<RenderReport> Renderer::runAs() {
+    Buffers<Sample> buffers(plugin_, reader_.channels(), blockFrames_);
     RenderReport report;
     report.sampleRateHz = reader_.sampleRateHz();
     switchOn();
     const SteadyClock::time_point start = SteadyClock::now();
-    bool isInTail = false;
-    for (std::int64_t tailLeft = tailFrames_;;) {
-        VstInt32 frames = 0;
-        if (!isInTail) {
-            frames = static_cast<VstInt32>(reader_.read(fromFile.data(), blockFrames_));
-            isInTail = frames == 0;
-            if (isInTail)
-                report.framesMissing =
-                    std::max<std::int64_t>(0, reader_.lengthFrames() - report.frames);
-        }
-        if (isInTail) {
-            frames = static_cast<VstInt32>(std::min<std::int64_t>(tailLeft, blockFrames_));
-            tailLeft -= frames;
-            std::fill(fromFile.begin(), fromFile.end(), Sample{0});
-        }
-        if (frames == 0)
-            break;
-
-        report.inputPeak =
-            peakOf(fromFile, static_cast<std::size_t>(frames) * static_cast<std::size_t>(channels),
-                   report.inputPeak);
-        fillInputs<Sample>(fromFile.data(), channels, frames, inputs);
-        const SteadyClock::time_point entered = SteadyClock::now();
-        process(inputs, outputs, frames);
-        report.pluginSeconds += secondsSince(entered);
-        interleave(outputs, frames, toFile.data());
-
-        measure(toFile, frames, writer_.cutsAtFullScale(), report);
-        if (const Done written = writer_.write(toFile.data(), frames); !written.ok())
-            return written.problem();
-        report.frames += frames;
-        if (listener_)
-            listener_(std::min(1.0, static_cast<double>(report.frames) / wholeFrames));
-        if (Interrupt::signalNumber() != 0)
-            return Problem{"interrupted; nothing was written"};
-    }
+    Done played = playSound(buffers, report);
+    if (played.ok())
+        played = playTail(buffers, report);
     plugin_.suspend();
     report.wallSeconds = secondsSince(start);
-    if (const Done read = reader_.state(); !read.ok())
-        return read.problem();
+    if (!played.ok())
+        return played.problem();
     return report;
+}
+
+template <typename Sample>
+Done Renderer::playSound(Buffers<Sample>& buffers, RenderReport& report) {
+    for (;;) {
+        const auto frames =
+            static_cast<VstInt32>(reader_.read(buffers.fromFile.data(), blockFrames_));
+        if (frames == 0)
+            break;
+        const auto samples =
+            static_cast<std::size_t>(frames) * static_cast<std::size_t>(reader_.channels());
+        report.inputPeak = peakOf(buffers.fromFile, samples, report.inputPeak);
+        renderBlock(buffers, frames, report);
+        if (Done written = write(buffers.toFile.data(), frames, report); !written.ok())
+            return written;
+    }
+    if (reader_.lengthFrames())
+        report.framesMissing = std::max<std::int64_t>(0, *reader_.lengthFrames() - report.frames);
+    return reader_.state();
+}
+
+/// A silence is written only when sound comes after it.
+template <typename Sample> Done Renderer::playTail(Buffers<Sample>& buffers, RenderReport& report) {
+    const auto enoughFrames =
+        static_cast<std::size_t>(std::lround(kSilentSeconds * report.sampleRateHz));
+    std::vector<Sample> unwritten;
+    std::fill(buffers.fromFile.begin(), buffers.fromFile.end(), Sample{0});
+    for (std::int64_t left = tail_.frames; left > 0;) {
+        const auto frames = static_cast<VstInt32>(std::min<std::int64_t>(left, blockFrames_));
+        left -= frames;
+        renderBlock(buffers, frames, report);
+        unwritten.insert(unwritten.end(), buffers.toFile.begin(),
+                         buffers.toFile.begin() + 2 * std::ptrdiff_t{frames});
+        const std::size_t ready =
+            tail_.endsInSilence ? framesUntilSilence(unwritten) : unwritten.size() / 2;
+        if (Done written = write(unwritten.data(), static_cast<std::int64_t>(ready), report);
+            !written.ok())
+            return written;
+        unwritten.erase(unwritten.begin(),
+                        unwritten.begin() + 2 * static_cast<std::ptrdiff_t>(ready));
+        if (tail_.endsInSilence && unwritten.size() / 2 >= enoughFrames)
+            return done();
+    }
+    report.endsInSound = tail_.endsInSilence && tail_.frames > 0;
+    return done();
+}
+
+/// What stands in `fromFile` through the plug-in into `toFile`.
+template <typename Sample>
+void Renderer::renderBlock(Buffers<Sample>& buffers, VstInt32 frames, RenderReport& report) {
+    fillInputs<Sample>(buffers.fromFile.data(), reader_.channels(), frames, buffers.inputs);
+    const SteadyClock::time_point entered = SteadyClock::now();
+    process(buffers.inputs, buffers.outputs, frames);
+    report.pluginSeconds += secondsSince(entered);
+    interleave(buffers.outputs, frames, buffers.toFile.data());
+}
+
+/// Writes frames and says how far the render is; a problem also where an end signal has come.
+template <typename Sample>
+Done Renderer::write(const Sample* stereo, std::int64_t frames, RenderReport& report) {
+    measure(stereo, frames, writer_.cutsAtFullScale(), report);
+    if (Done written = writer_.write(stereo, frames); !written.ok())
+        return written;
+    report.frames += frames;
+    if (listener_ && reader_.lengthFrames())
+        listener_(std::min(1.0, static_cast<double>(report.frames) /
+                                    static_cast<double>(*reader_.lengthFrames() + tail_.frames)));
+    if (Interrupt::signalNumber() != 0)
+        return Problem{writer_.appearsWhole() ? "interrupted; nothing was written" : "interrupted"};
+    return done();
 }
 
 /// One block of the file, which MIDI cuts into several for the plug-in.

@@ -25,6 +25,12 @@ struct Automation {
     AutomationCurve curve;
 };
 
+/// What is processed after the sound, so that what it set ringing rings out.
+struct Tail {
+    std::int64_t frames = 0;    // of silence that go in
+    bool endsInSilence = false; // and what comes out ends where it is silent for good
+};
+
 /// What a finished render tells about itself.
 struct RenderReport {
     std::int64_t frames = 0;
@@ -36,6 +42,7 @@ struct RenderReport {
     std::int64_t samplesCut = 0; // beyond full scale in a format that ends there
     std::int64_t samplesNotFinite = 0;
     std::int64_t framesMissing = 0;    // that the file's head promised
+    bool endsInSound = false;          // where silence was waited for and did not come
     std::vector<std::string> warnings; // what the user should know, a line each
 
     [[nodiscard]] double audioSeconds() const { return static_cast<double>(frames) / sampleRateHz; }
@@ -55,8 +62,8 @@ public:
 
     void follow(std::vector<Automation> automation) { automation_ = std::move(automation); }
     void play(MidiPlayback midi) { midi_ = std::move(midi); }
-    void addTail(std::int64_t frames) { tailFrames_ = frames; }
-    /// @param share  of the whole length, 0 to 1; called after each block
+    void addTail(Tail tail) { tail_ = tail; }
+    /// @param share  of the whole length, 0 to 1; called after each block where the length is known
     void onProgress(std::function<void(double share)> listener) { listener_ = std::move(listener); }
 
     /// Renders and leaves the writer to be committed. Ends early, with a problem, when a file fails
@@ -64,17 +71,25 @@ public:
     Result<RenderReport> run(Precision precision);
 
 private:
+    template <typename Sample> struct Buffers;
+
     template <typename Sample> Result<RenderReport> runAs();
     void switchOn();
     void applyCurves();
+    template <typename Sample> Done playSound(Buffers<Sample>& buffers, RenderReport& report);
+    template <typename Sample> Done playTail(Buffers<Sample>& buffers, RenderReport& report);
+    template <typename Sample>
+    void renderBlock(Buffers<Sample>& buffers, VstInt32 frames, RenderReport& report);
     template <typename Sample>
     void process(const Channels<Sample>& inputs, const Channels<Sample>& outputs, VstInt32 frames);
+    template <typename Sample>
+    Done write(const Sample* stereo, std::int64_t frames, RenderReport& report);
 
     Plugin& plugin_;
     AudioReader& reader_;
     AudioWriter& writer_;
     VstInt32 blockFrames_;
-    std::int64_t tailFrames_ = 0;
+    Tail tail_;
     std::vector<Automation> automation_;
     std::vector<float> applied_; // last value of each curve, -1 before the first
     std::optional<MidiPlayback> midi_;

@@ -3,6 +3,8 @@
 #include "host/Selection.h"
 #include "host/StoredFiles.h"
 
+#include <cstdlib>
+
 namespace pedl {
 
 namespace {
@@ -53,6 +55,10 @@ Done applySettings(Plugin& plugin, const StartingState& wanted) {
 }
 
 } // namespace
+
+void ignoreUserSettings() {
+    setenv("XDG_CONFIG_HOME", "/dev/null", 1); // settings are below it: no folder, none can be made
+}
 
 Result<std::vector<std::string>> applyStartingState(Plugin& plugin, const StartingState& wanted) {
     Result<std::vector<std::string>> warnings = applyFiles(plugin, wanted);

@@ -20,6 +20,10 @@ struct StartingState {
     std::vector<std::string> links;    // "parameter=controller"
 };
 
+/// From now on, plug-ins of this process find nothing that the user has stored for them, and store
+/// nothing: ours begins with the factory's programs.
+void ignoreUserSettings();
+
 /// Gives the plug-in the bank, the choice of a program, the program and the MIDI links of files,
 /// then the settings and the links in their order.
 ///

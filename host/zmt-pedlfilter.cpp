@@ -1,5 +1,6 @@
 // The command: reads what the user wants, calls the host library, writes what came of it.
 
+#include "foundation/platform/StandardStream.h"
 #include "foundation/text/PrintableText.h"
 #include "host/AuditionCommand.h"
 #include "host/CommandRequests.h"
@@ -21,13 +22,17 @@ using namespace pedl;
 
 constexpr int kFailed = 1;
 
-int fail(const std::string& text, int status = kFailed) {
+void say(const std::string& text) {
     std::fprintf(messages(), "zmt-pedlfilter: %s\n", printableText(text).c_str());
+}
+
+int fail(const std::string& text, int status = kFailed) {
+    say(text);
     return status;
 }
 
 void warn(const std::string& text) {
-    std::fprintf(messages(), "zmt-pedlfilter: warning: %s\n", printableText(text).c_str());
+    say("warning: " + text);
 }
 
 /// Writes to standard output; a full disk or a closed pipe there is a failure too.
@@ -46,9 +51,11 @@ std::string levelText(double peak) {
     return text.data();
 }
 
-int report(const CommandLine& line, const RenderReport& done) {
+int report(const CommandLine& line, const std::filesystem::path& out, const RenderReport& done) {
     for (const std::string& warning : done.warnings)
         warn(warning);
+    if (line.isQuiet)
+        return 0;
     std::array<char, 256> figures{};
     std::snprintf(figures.data(), figures.size(),
                   ": %.2f s at %d Hz, %s, rendered in %.3f s: %.1f times realtime"
@@ -56,7 +63,11 @@ int report(const CommandLine& line, const RenderReport& done) {
                   done.audioSeconds(), done.sampleRateHz, levelText(done.peak).c_str(),
                   done.wallSeconds, done.audioSeconds() / done.wallSeconds,
                   done.audioSeconds() / done.pluginSeconds);
-    return print(printableText(line.out) + figures.data());
+    if (out == kStandardStream) { // which is the sound's
+        std::fprintf(messages(), "%s%s", kStandardOutput, figures.data());
+        return 0;
+    }
+    return print(printableText(out.string()) + figures.data());
 }
 
 /// With the signal's status where one ended the command.
@@ -74,15 +85,43 @@ int runWithPlugin(const CommandLine& line, Result<Request> request, const Serve&
     if (!plugin.ok())
         return fail(plugin.problem().text);
     request.value().plugin = plugin.value();
+    if (line.isFactory)
+        ignoreUserSettings();
     const PluginSilence silence(line.isVerbose);
     return serve(request.value());
 }
 
+/// One file after the other; one that cannot be rendered does not keep the others from it.
 int runRender(const CommandLine& line) {
-    return runWithPlugin(line, renderRequest(line), [&line](const RenderRequest& request) {
-        const Result<RenderReport> rendered = render(request);
-        return rendered.ok() ? report(line, rendered.value()) : failOf(rendered.problem());
+    Result<std::vector<RenderRequest>> requests = renderRequests(line);
+    if (!requests.ok())
+        return fail(requests.problem().text, kWrongUse);
+    std::erase_if(requests.value(), [](const RenderRequest& request) {
+        const bool stays = request.keepsExisting && std::filesystem::exists(request.out);
+        if (stays)
+            say(request.out.string() + ": exists and stays as it is");
+        return stays;
     });
+    const Result<std::filesystem::path> plugin = pluginFor(line);
+    if (!plugin.ok())
+        return fail(plugin.problem().text);
+    if (line.isFactory)
+        ignoreUserSettings();
+    const PluginSilence silence(line.isVerbose);
+    const Result<PluginLibrary> library =
+        PluginLibrary::open(plugin.value()); // loaded for them all
+    if (!library.ok())
+        return fail(library.problem().text);
+    for (RenderRequest& request : requests.value())
+        request.plugin = plugin.value();
+    int status = 0;
+    renderAll(requests.value(),
+              [&](const RenderRequest& request, const Result<RenderReport>& rendered) {
+                  const int own = rendered.ok() ? report(line, request.out, rendered.value())
+                                                : failOf(rendered.problem());
+                  status = own != 0 ? own : status;
+              });
+    return status;
 }
 
 int runShow(const CommandLine& line) {
@@ -108,24 +147,48 @@ void warn(const std::string& path, const std::vector<std::string>& lines) {
         warn(path + ": and " + std::to_string(lines.size() - kMostWarnings) + " more");
 }
 
-int runConvert(const CommandLine& line) {
-    ConversionRequest request{line.in, line.out, std::nullopt, {}};
+int runJoin(const CommandLine& line, const SourcesAndTarget& files) {
+    ConversionRequest request{files.sources, files.target, std::nullopt, line.slots};
     if (!line.program.empty())
         request.program = line.program;
-    request.slots = line.slots;
     const Result<Conversion> conversion = convert(request);
     if (!conversion.ok())
         return fail(conversion.problem().text);
     int status = 0;
-    if (line.out == kStandardOutput) {
+    if (files.target == kStandardStream) {
         status = print(textOf(conversion.value()));
     } else {
-        const Result<std::string> written = writeConversion(conversion.value(), line.out);
+        const Result<std::string> written = writeConversion(conversion.value(), files.target);
         status = written.ok() ? print(written.value() + '\n') : fail(written.problem().text);
     }
     if (status == 0)
-        warn(line.in, conversion.value().warnings);
+        warn(files.sources.front(), conversion.value().warnings);
     return status;
+}
+
+int runSplit(const CommandLine& line) {
+    if (line.files.size() != 1 || !line.program.empty() || !line.slots.empty())
+        return fail("convert: --to takes one bank apart, and nothing else at the same time",
+                    kWrongUse);
+    const std::string& bank = line.files.front();
+    const Result<std::vector<ProgramFile>> files =
+        split(bank, line.format.empty() ? "zmt" : line.format);
+    if (!files.ok())
+        return fail(files.problem().text);
+    const Result<std::string> written = writeProgramFiles(files.value(), line.folder);
+    if (!written.ok())
+        return fail(written.problem().text);
+    warn(bank, files.value().front().content.warnings);
+    return print(written.value() + '\n');
+}
+
+int runConvert(const CommandLine& line) {
+    if (!line.folder.empty())
+        return runSplit(line);
+    if (!line.format.empty())
+        return fail("convert: --format is for --to; the ending of OUT names its form", kWrongUse);
+    const Result<SourcesAndTarget> files = sourcesAndTarget(line);
+    return files.ok() ? runJoin(line, files.value()) : fail(files.problem().text, kWrongUse);
 }
 
 /// Leaves the two programs of one bank.
@@ -147,6 +210,8 @@ int runDiff(const CommandLine& line) {
     constexpr int kDifferent = 1;
     constexpr int kTrouble = 2;
     const bool isWithinOne = !line.compared.empty();
+    if (line.in == kStandardStream && (isWithinOne || line.out == kStandardStream))
+        return fail("diff: standard input can be read once", kTrouble);
     if (isWithinOne != line.out.empty())
         return fail(isWithinOne ? "diff: --program compares programs of A; leave B out"
                                 : "diff: B is required, or --program",
@@ -181,6 +246,8 @@ template <typename Listing> int runListing(const CommandLine& line, const Listin
     const Result<std::filesystem::path> path = pluginFor(line);
     if (!path.ok())
         return fail(path.problem().text);
+    if (line.isFactory)
+        ignoreUserSettings();
     const PluginSilence silence(line.isVerbose);
     Result<std::unique_ptr<Plugin>> plugin = Plugin::load(path.value());
     if (!plugin.ok())

@@ -26,7 +26,7 @@ FileContents tooLarge(ReadLimit limit) {
 }
 
 /// Until the end, which the size only promises: it may be cut or grow while it is read.
-FileContents readToEnd(const FileDescriptor& file, std::size_t promisedBytes, ReadLimit limit) {
+FileContents readToEnd(int descriptor, std::size_t promisedBytes, ReadLimit limit) {
     FileContents contents{ReadResult::Read, {}, {}};
     std::vector<std::byte>& bytes = contents.bytes;
     bytes.reserve(promisedBytes + 1);
@@ -34,7 +34,7 @@ FileContents readToEnd(const FileDescriptor& file, std::size_t promisedBytes, Re
         const std::size_t before = bytes.size();
         bytes.resize(before + kStepBytes);
         const ssize_t step =
-            uninterrupted([&] { return ::read(file.number(), bytes.data() + before, kStepBytes); });
+            uninterrupted([&] { return ::read(descriptor, bytes.data() + before, kStepBytes); });
         if (step < 0)
             return failure("read");
         bytes.resize(before + static_cast<std::size_t>(step));
@@ -59,7 +59,11 @@ FileContents readFile(const std::string& path, ReadLimit limit) {
         return refusal(ReadResult::NotAFile, {"not a file"});
     if (status.st_size > static_cast<off_t>(limit.bytes))
         return tooLarge(limit);
-    return readToEnd(file, static_cast<std::size_t>(status.st_size), limit);
+    return readToEnd(file.number(), static_cast<std::size_t>(status.st_size), limit);
+}
+
+FileContents readStandardInput(ReadLimit limit) {
+    return readToEnd(STDIN_FILENO, 0, limit);
 }
 
 bool canRead(const std::string& path) {

@@ -38,6 +38,9 @@ constexpr ReadLimit kStoredFileLimit{kMaxFileBytes, "larger than 1 MiB"};
 /// writer. A file that grows meanwhile beyond the limit is too large. Thread: any but audio.
 [[nodiscard]] FileContents readFile(const std::string& path, ReadLimit limit = kStoredFileLimit);
 
+/// Reads what comes through standard input to its end, at most to the limit.
+[[nodiscard]] FileContents readStandardInput(ReadLimit limit);
+
 /// Whether there is something at `path` that may be read. Thread: any but audio.
 [[nodiscard]] bool canRead(const std::string& path);
 

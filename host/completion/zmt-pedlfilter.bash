@@ -21,6 +21,18 @@ _zmt_pedlfilter() {
             awk 'NR > 1 && $2 !~ /^[0-9.]+$/ {print $2}')" -- "$word"))
         return
         ;;
+    --bits) COMPREPLY=($(compgen -W $'16\n24\n32f' -- "$word")) && return ;;
+    --format)
+        local formats=$'wav\nflac\naiff\nogg\ncaf\nw64\nrf64'
+        [[ $subcommand == convert ]] && formats=$'zmt\njson'
+        COMPREPLY=($(compgen -W "$formats" -- "$word"))
+        return
+        ;;
+    --to)
+        compopt -o filenames
+        COMPREPLY=($(compgen -d -- "$word"))
+        return
+        ;;
     --tempo | --block | --tail | --scale | --seconds) return ;;
     esac
 

@@ -9,6 +9,16 @@ function __zmt_pedlfilter_complete
             $command programs 2>/dev/null | sed -n '2,$s/^ *[0-9]* *//p' | sort -u
         case --set --link --automate
             $command params 2>/dev/null | awk 'NR > 1 && $2 !~ /^[0-9.]+$/ {print $2 "="}'
+        case --bits
+            printf '%s\n' 16 24 32f
+        case --format
+            if test $words[2] = convert
+                printf '%s\n' zmt json
+            else
+                printf '%s\n' wav flac aiff ogg caf w64 rf64
+            end
+        case --to
+            __fish_complete_directories (commandline -ct)
         case --tempo --block --tail --scale --seconds
         case '*'
             if test (count $words) -eq 1

@@ -74,7 +74,7 @@ TEST_F(CommandTest, WhatCannotBeDoneIsOneClearLineAndLeavesEverythingAsItWas) {
         Row{1, "render low.wav kept", "sample rate of 22050 Hz"},
         Row{1, "render quad.wav kept", "has 4 channels"},
         Row{1, "render in.wav soft.wav", "soft.wav: is the same file as in.wav"},
-        Row{1, "render in.wav out.xyz", "ending .xyz cannot be written"},
+        Row{2, "render in.wav out.xyz", "ending .xyz cannot be written"},
         Row{1, "render in.wav gone/out.wav", "cannot be written in the folder gone"},
         Row{1, "render in.wav /dev/full", "/dev/full: cannot be written: No space left"},
         Row{1, "render in.wav kept --program 'Auto Waw'", "--program: no program is called"},
@@ -101,6 +101,12 @@ TEST_F(CommandTest, WhatCannotBeDoneIsOneClearLineAndLeavesEverythingAsItWas) {
         Row{2, "render in.wav kept --block 2.5", "--block: \"2.5\""},
         Row{2, "render in.wav kept --tail=-1", "--tail: \"-1\""},
         Row{2, "render in.wav", "OUT is required"},
+        Row{2, "render in.wav quad.wav kept", "IN and OUT are two files, not 3; --to FOLDER"},
+        Row{2, "render in.wav ./in.wav --to x", "in.wav and ./in.wav would both become x/in.wav"},
+        Row{2, "render in.wav --to kept", "kept: is no folder"},
+        Row{2, "render in.wav kept --format mp3", "--format: \"mp3\" is no format; there are .wav,"},
+        Row{2, "render in.wav kept.ogg --bits 16", ".ogg has no samples of 16 bits"},
+        Row{1, "render - kept < words", "standard input: is not audio"},
         Row{2, "rendr in.wav kept", "there is no command \"rendr\"; did you mean render?"},
         Row{2, "render in.wav kept --prgram X", "no option --prgram; did you mean --program?"},
         Row{2, "--verison", "there is no option --verison; did you mean --version?"},
@@ -122,6 +128,11 @@ TEST_F(CommandTest, WhatCannotBeDoneIsOneClearLineAndLeavesEverythingAsItWas) {
         Row{2, "show --seconds=-1", "--seconds: \"-1\""},
         Row{1, "convert a.zmb kept.zmb --slot 140=a.zmt", "--slot: there is no slot 140"},
         Row{1, "convert a.zmb kept.zmb --slot 1=a.chunk", "a host chunk, not a program"},
+        Row{1, "convert a.zmt a.zmb kept.zmb", "a.zmb: holds a bank, not a program"},
+        Row{1, "convert a.zmt a.zmt kept.zmt", "kept.zmt: holds no bank, which several"},
+        Row{2, "convert a.zmb --to x --program 1", "--to takes one bank apart"},
+        Row{1, "convert a.zmt --to x", "a.zmt: holds a program, not a bank"},
+        Row{2, "diff - -", "standard input can be read once"},
         Row{2, "diff a.zmb", "B is required, or --program"},
         Row{2, "diff a.zmb gone.zmb", "gone.zmb: No such file"},
         Row{2, "diff a.zmb a.zmm", "nothing to compare"},
@@ -133,6 +144,65 @@ TEST_F(CommandTest, WhatCannotBeDoneIsOneClearLineAndLeavesEverythingAsItWas) {
     // A limit on the size of files stands for a full disk: the write fails alike, for any user.
     expectRefused(run("render in.wav kept", "ulimit -f 16"), 1,
                   "cannot be written: File too large");
+}
+
+TEST_F(CommandTest, ManyFilesGoIntoAFolderOneThatFailsAsideAndNoneIsReplacedAgainstTheWish) {
+    const Outcome all = run("render in.wav gone.wav low.wav --to new/x --format flac --bits 16");
+    EXPECT_EQ(all.status, 1);
+    EXPECT_TRUE(all.out.starts_with("new/x/in.flac: 0.10 s")) << all.out;
+    EXPECT_EQ(readSound(folder_ / "new/x/in.flac").info.format, SF_FORMAT_FLAC | SF_FORMAT_PCM_16);
+    EXPECT_EQ(run("render in.wav alone.flac --bits 16 --quiet").out, "");
+    EXPECT_EQ(readText(folder_ / "alone.flac"), readText(folder_ / "new/x/in.flac"));
+    EXPECT_EQ(run("render in.wav kept --no-clobber").error,
+              "zmt-pedlfilter: kept: exists and stays as it is\n");
+    EXPECT_EQ(readText(folder_ / "kept"), "precious");
+}
+
+TEST_F(CommandTest, SoundGoesThroughPipesLikeThroughFiles) {
+    for (const std::string format : {"wav", "aiff", "flac"}) {
+        SCOPED_TRACE(format);
+        const std::string file = "out." + format, piped = "piped." + format;
+        EXPECT_EQ(run("render in.wav " + file).status, 0);
+        run("render - - --format " + format + " < in.wav 2> told | cat > " + piped + "; true");
+        EXPECT_TRUE(readText(folder_ / "told").starts_with("standard output: 0.10 s"));
+        if (format != "flac") { // which has no length then, but all the rest
+            EXPECT_EQ(readText(folder_ / piped), readText(folder_ / file));
+            continue;
+        }
+        EXPECT_EQ(run("render out.flac a.wav").status, 0);
+        EXPECT_EQ(run("render piped.flac b.wav").error, "");
+        EXPECT_EQ(readSound(folder_ / "b.wav").samples, readSound(folder_ / "a.wav").samples);
+    }
+    std::string open = readText(folder_ / "in.wav"); // of somebody who could not know
+    open.replace(open.find("data") + 4, 4, "\xFF\xFF\xFF\xFF");
+    writeText(folder_ / "open.wav", open);
+    EXPECT_EQ(run("render - open-out.wav; }", "cat open.wav | { true").error, "");
+    EXPECT_TRUE(readText(folder_ / "open-out.wav").starts_with("RIFF")) << "no need of an RF64";
+    EXPECT_EQ(readSound(folder_ / "open-out.wav").samples, readSound(folder_ / "out.wav").samples);
+}
+
+TEST_F(CommandTest, TagsAreKept) {
+    SF_INFO info{0, 48000, 2, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0, 0};
+    {
+        const auto file = opened(folder_ / "tagged.wav", SFM_WRITE, info);
+        sf_set_string(file.get(), SF_STR_TITLE, "Riff");
+        const std::array<short, 4> samples{};
+        sf_writef_short(file.get(), samples.data(), 2);
+    }
+    EXPECT_EQ(run("render tagged.wav out.flac").status, 0);
+    const auto file = opened(folder_ / "out.flac", SFM_READ, info);
+    EXPECT_STREQ(sf_get_string(file.get(), SF_STR_TITLE), "Riff");
+}
+
+TEST_F(CommandTest, TheFactorysProgramsAreHeardWhateverTheUserHasStored) {
+    const std::string own = "mkdir -p x/ZMT-sonics/ZMTpedlFilter; "
+                            "cp a.zmb x/ZMT-sonics/ZMTpedlFilter/DefaultBank; "
+                            "export XDG_CONFIG_HOME=$PWD/x";
+    EXPECT_EQ(run("programs", own).out.find("Auto Wah"), std::string::npos);
+    EXPECT_NE(run("programs --factory", own).out.find("Auto Wah"), std::string::npos);
+    EXPECT_EQ(run("render in.wav a.flac --factory", own).status, 0);
+    EXPECT_EQ(run("render in.wav b.flac").status, 0);
+    EXPECT_EQ(readText(folder_ / "a.flac"), readText(folder_ / "b.flac"));
 }
 
 TEST_F(CommandTest, WhatIsNoPlugInIsRefusedWithTheReason) {
@@ -308,6 +378,17 @@ TEST_F(CommandTest, OneProgramOfABankIsReplacedComparedAndFound) {
     EXPECT_EQ(run("programs --bank g.zmb --search 'my w'").out, "slot  name\n  12  My Wah\n");
     EXPECT_NE(run("params --bank g.zmb --program 12").out.find("  1200 Hz\n"), std::string::npos);
     EXPECT_NE(run("params --preset wah.json").out.find("  1200 Hz\n"), std::string::npos);
+}
+
+TEST_F(CommandTest, ABankIsTakenApartAndJoinedAgain) {
+    writeText(folder_ / "f.zmb", textOf(storedForm(as(DocumentKind::Bank, factoryDocument()))));
+    for (const std::string format : {"zmt", "json"}) {
+        EXPECT_EQ(run("convert f.zmb --to apart --format " + format).out, "apart: 140 programs\n");
+        EXPECT_EQ(run("convert apart/*." + format + " joined.zmb").status, 0);
+        EXPECT_EQ(readText(folder_ / "joined.zmb"), readText(folder_ / "f.zmb"));
+    }
+    EXPECT_TRUE(std::filesystem::exists(folder_ / "apart/117 Manual LPF 24dB-oct.zmt"));
+    EXPECT_EQ(run("diff - f.zmb < joined.zmb").status, 0);
 }
 
 TEST_F(CommandTest, RepairsAreWarnedAboutAndLongListsCut) {

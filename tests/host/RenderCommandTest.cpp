@@ -78,6 +78,27 @@ TEST_F(Render, AMonoFileGoesIntoBothInputsAndATailOfSilenceFollows) {
     EXPECT_EQ(Samples(out.begin() + 200, out.end()), Samples(882, 0.0));
 }
 
+/// The stub's sound is over with its input; our filter rings.
+TEST_F(Render, ATailThatWaitsForSilenceEndsWithTheSound) {
+    const auto click = [](long frame, int) { return frame == 0 ? 0.9 : 0.0; };
+    writeSound(request.in, 2, 48000, 100, click);
+    request.tailSeconds = 2.0;
+    request.tailEndsInSilence = true;
+    EXPECT_EQ(rendered().size(), 200U);
+    request.plugin = PEDL_PLUGIN;
+    for (const VstInt32 block : {64, 1000}) {
+        request.blockFrames = block;
+        const Samples out = rendered({"Filter Cutoff=100", "Filter Q=80"});
+        ASSERT_GT(out.size(), 2000U);
+        EXPECT_LT(out.size(), 2U * 96000U);
+        EXPECT_GT(std::max(std::abs(out.back()), std::abs(out[out.size() - 2])), 1e-5);
+        EXPECT_FALSE(report.endsInSound);
+    }
+    request.tailSeconds = 0.01;
+    rendered({"Filter Cutoff=100", "Filter Q=80"});
+    EXPECT_TRUE(report.endsInSound);
+}
+
 TEST_F(Render, ACurveIsReadAtEachBlocksStart) {
     writeSound(request.in, 1, 48000, 480, [](long, int) { return 1.0; });
     writeText(folder / "curve.csv", "\xEF\xBB\xBFseconds,value\r\n# a fall\r\n 0.001 , 1\r\n\r\n"
@@ -104,6 +125,7 @@ TEST_F(Render, TheEndingNamesTheFormatWhatWasCutIsCountedAndTheBytesAreTheSameAg
                           Row{"a.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_24, 1000},
                           Row{"a", SF_FORMAT_WAV | SF_FORMAT_FLOAT, 0}}) {
         request.out = folder / row.name;
+        request.format = valueOf(AudioFormat::ofFile(request.out));
         rendered();
         EXPECT_EQ(readSound(request.out).info.format, row.format) << row.name;
         EXPECT_EQ(report.samplesCut, row.cut) << row.name;
