@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kBecomes = " -> ";
 
-std::string inQuotes(const ProgramRecord& program) {
+std::string quotedName(const ProgramRecord& program) {
     return '"' + shownName(program.name) + '"';
 }
 
@@ -31,11 +31,11 @@ class Comparison {
 public:
     /// @param where  in front of the program's name: its slot and a blank, or nothing
     void programs(const std::string& where, const ProgramRecord& from, const ProgramRecord& to) {
-        const std::string place = where + inQuotes(from) + "  ";
+        const std::string place = where + quotedName(from) + "  ";
         if (from.name != to.name)
             lines_.push_back(place + "name: " +
                              (shownName(from.name) != shownName(to.name)
-                                  ? inQuotes(from) + kBecomes + inQuotes(to)
+                                  ? quotedName(from) + kBecomes + quotedName(to)
                                   : "stored in other bytes"));
         for (std::int32_t parameter = 0; parameter < kNumParams; ++parameter) {
             const float before = from.normalised[static_cast<std::size_t>(parameter)];
@@ -80,7 +80,7 @@ public:
 
 private:
     static std::string called(const Document& document) {
-        return std::to_string(document.currentSlot) + ' ' + inQuotes(currentProgram(document));
+        return std::to_string(document.currentSlot) + ' ' + quotedName(currentProgram(document));
     }
     static std::string channelName(std::int32_t channel) {
         return std::string(channelText(listValue(channel, kNumChannelTexts)));

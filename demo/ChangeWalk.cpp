@@ -12,7 +12,7 @@ namespace pedl::demo {
 
 namespace {
 
-constexpr double kSettleSeconds = 0.3; ///< the slowest glide of the engine takes 0.23 s
+constexpr double kWalkSettleSeconds = 0.3; ///< the slowest glide of the engine takes 0.23 s
 constexpr double kClickSeconds = 0.03;
 
 struct Peaks {
@@ -53,7 +53,7 @@ StereoSound loopedPad() {
 /// From each program of `first`, `first` + 2, ... to all others and back.
 void walkFrom(int first, int programs, const StereoSound& pad, const std::vector<Peaks>& own,
               std::vector<Change>& changes) {
-    const auto settle = static_cast<std::size_t>(kSettleSeconds * pad.sampleRateHz);
+    const auto settle = static_cast<std::size_t>(kWalkSettleSeconds * pad.sampleRateHz);
     const auto click = static_cast<std::size_t>(kClickSeconds * pad.sampleRateHz);
     for (int from = first; from < programs; from += 2) {
         ProgramWalk walk(factoryProgram(from), pad.sampleRateHz, {});

@@ -25,7 +25,7 @@ constexpr double kWidthStepDb = 2.5;
 constexpr double kNarrowestDb = -30.0; ///< a side below this is mono
 constexpr double kCrestStepDb = 1.5;
 
-double db(double power) {
+double powerDb(double power) {
     return 10.0 * std::log10(std::max(power, kFloorPower));
 }
 
@@ -80,8 +80,8 @@ void addLevels(ShortTimes& times, const StereoSound& sound, std::size_t from, st
         right += static_cast<double>(sound.right[i]) * static_cast<double>(sound.right[i]);
     }
     const auto count = static_cast<double>(frames);
-    times.levelDb.push_back(db(0.5 * (left + right) / count));
-    times.sideDb.push_back(db(left / count + 1e-9) - db(right / count + 1e-9));
+    times.levelDb.push_back(powerDb(0.5 * (left + right) / count));
+    times.sideDb.push_back(powerDb(left / count + 1e-9) - powerDb(right / count + 1e-9));
 }
 
 void addWhole(ShortTimes& times, const StereoSound& sound) {
@@ -95,10 +95,10 @@ void addWhole(ShortTimes& times, const StereoSound& sound) {
         peak = std::max({peak, std::abs(left), std::abs(right)});
     }
     const auto count = static_cast<double>(sound.lengthFrames());
-    times.totalDb = db(all / count);
-    times.peakDb = db(peak * peak);
+    times.totalDb = powerDb(all / count);
+    times.peakDb = powerDb(peak * peak);
     times.crestDb = times.peakDb - times.totalDb;
-    times.widthDb = std::max(kNarrowestDb, db(side / count) - db(middle / count));
+    times.widthDb = std::max(kNarrowestDb, powerDb(side / count) - powerDb(middle / count));
 }
 
 // Movement ----------------------------------------------------------------------------------------
@@ -200,7 +200,7 @@ ShortTimes shortTimesOf(const StereoSound& sound) {
         addMoment(times, windows.powerAt(sound, frame), sound.sampleRateHz, bands);
         addLevels(times, sound, frame + (kWindowFrames - hop) / 2, hop);
     }
-    std::ranges::transform(bands, times.bandDb.begin(), db);
+    std::ranges::transform(bands, times.bandDb.begin(), powerDb);
     addWhole(times, sound);
     return times;
 }

@@ -75,7 +75,7 @@ double shareOfShortWindow(double hertz) {
         std::log(hertz / kAllLongBelowHz) / std::log(kAllShortAboveHz / kAllLongBelowHz), 0.0, 1.0);
 }
 
-double decibels(double power) {
+double decibelsOfPower(double power) {
     return 10.0 * std::log10(std::max(power, kSilencePower));
 }
 
@@ -109,7 +109,7 @@ Spectrogram::Spectrogram(const StereoSound& sound, const FrequencyAxis& axis, st
                 axis.hertzAt(static_cast<double>(row + 1) / static_cast<double>(rows));
             const auto levelIn = [&](std::span<const double> power, double windowFrames) {
                 const double binsPerHz = windowFrames / sound.sampleRateHz;
-                return decibels(strongest(power, fromHz * binsPerHz, toHz * binsPerHz));
+                return decibelsOfPower(strongest(power, fromHz * binsPerHz, toHz * binsPerHz));
             };
             levelsDb_[column * rows + row] =
                 std::lerp(levelIn(longPower, longTransform.frames()),

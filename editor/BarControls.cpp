@@ -24,8 +24,6 @@ using namespace VSTGUI;
 
 namespace {
 
-const CPoint kCorner(0, 0);
-
 CPoint cornerOf(const ControlRow& row) {
     return {row.place.left, row.place.top};
 }
@@ -124,7 +122,7 @@ CControl* buildBarControl(const ControlRow& row, const ControlMakings& makings) 
     case ControlKind::FileButton:
         return new CSaveLoadButton(place, listener, row.tag, frameHeightOf(row), images[0]);
     case ControlKind::KickButton:
-        return new CZMKickButton(place, listener, row.tag, frameHeightOf(row), images[0], kCorner,
+        return new CZMKickButton(place, listener, row.tag, frameHeightOf(row), images[0], CPoint(),
                                  row.extras.doubleClickOnly);
     case ControlKind::ToggleButton:
         return new CZMOnOffButton(place, listener, row.tag, images[0]);

@@ -2,6 +2,7 @@
 
 #include "resources/painter/Palette.h"
 #include "resources/painter/Patch.h"
+#include "resources/painter/Shading.h"
 
 #include <array>
 #include <cmath>
@@ -21,10 +22,6 @@ template <class Function> Picture opaque(int width, int height, Function&& colou
                 toWord(c.red, c.green, c.blue, 1.0F, evenNoise(13, x, y) - 0.5F));
         }
     return picture;
-}
-
-constexpr float square(float x) {
-    return x * x;
 }
 
 /// Noise, run along the rows or the columns for `length` samples, of unit variance.

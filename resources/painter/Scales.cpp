@@ -18,10 +18,10 @@ struct Scale {
     double width;
     Colour ink;
 };
-constexpr Scale kLarge{kLargeRadius + 1.8, kLargeRadius + 4.0, 0.8, palette::kInk};
-constexpr Scale kMedium{kMediumRadius + 1.7, kMediumRadius + 3.5, 0.7, palette::kInk};
-constexpr Scale kSmall{kSmallRadius + 1.4, kSmallRadius + 2.7, 0.6, palette::kPrint};
-constexpr Scale kSmallOnIvory{kSmallRadius + 1.4, kSmallRadius + 2.7, 0.6, palette::kInk};
+constexpr Scale kLargeTicks{kLargeRadius + 1.8, kLargeRadius + 4.0, 0.8, palette::kInk};
+constexpr Scale kMediumTicks{kMediumRadius + 1.7, kMediumRadius + 3.5, 0.7, palette::kInk};
+constexpr Scale kSmallTicks{kSmallRadius + 1.4, kSmallRadius + 2.7, 0.6, palette::kPrint};
+constexpr Scale kSmallTicksOnIvory{kSmallRadius + 1.4, kSmallRadius + 2.7, 0.6, palette::kInk};
 
 void drawTick(Canvas& canvas, const KnobPlace& place, double degrees, const Scale& scale,
               double alpha) {
@@ -80,18 +80,18 @@ void drawScales(Canvas& canvas) {
     for (const KnobPlace& place : kEncoderPlaces)
         drawEncoderScale(canvas, place);
     for (const KnobPlace& place : kLargePlaces) {
-        drawScale(canvas, place, kLarge);
+        drawScale(canvas, place, kLargeTicks);
         if (place.signs)
             drawSigns(canvas, place, 28);
     }
     for (const KnobPlace& place : kMediumPlaces) {
-        drawScale(canvas, place, kMedium);
+        drawScale(canvas, place, kMediumTicks);
         if (place.signs)
             drawSigns(canvas, place, 22);
     }
     for (const KnobPlace& place : kSmallPlaces)
-        drawScale(canvas, place, kSmall);
-    drawScale(canvas, kExtendPlace, kSmallOnIvory);
+        drawScale(canvas, place, kSmallTicks);
+    drawScale(canvas, kExtendPlace, kSmallTicksOnIvory);
 }
 
 } // namespace pedl::skin

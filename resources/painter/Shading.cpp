@@ -42,10 +42,6 @@ const Vector kFill = unit({0.75F, 0.35F, 0.55F}); // the room's bounce
 const Vector kHalfKey = unit({kKey.x, kKey.y, kKey.z + 1.0F});
 const Vector kHalfFill = unit({kFill.x, kFill.y, kFill.z + 1.0F});
 
-constexpr float square(float x) {
-    return x * x;
-}
-
 } // namespace
 
 Vector unit(Vector vector) {

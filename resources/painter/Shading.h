@@ -18,6 +18,10 @@ Vector unit(Vector vector);
 /// Towards the softbox above left; not of unit length.
 inline constexpr Vector kKeyLight{-0.48F, -0.62F, 0.70F};
 
+constexpr float square(float x) {
+    return x * x;
+}
+
 /// From 0 at `a` to 1 at `b` without a corner; `a` may be the larger one.
 constexpr float smoothStep(float a, float b, float x) {
     float t = (x - a) / (b - a);

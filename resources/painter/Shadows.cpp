@@ -26,12 +26,12 @@ void drawShadow(Canvas& canvas, const KnobPlace& place, const Standing& part) {
         {palette::kWarmShadow, 0.75 * part.strength, 0.42 * height, 0.42 * height, 0.58 * height});
 }
 
-constexpr Standing kEncoder{kEncoderRadius + 0.5, 9, 0.5};
-constexpr Standing kLarge{kLargeRadius, 9, 0.5};
-constexpr Standing kMedium{kMediumRadius, 7, 0.5};
-constexpr Standing kSmall{kSmallRadius, 5.5, 0.62};
-constexpr Standing kSmallOnIvory{kSmallRadius, 5.5, 0.5};
-constexpr Standing kFootSwitch{23.7, 5, 0.8};
+constexpr Standing kEncoderStands{kEncoderRadius + 0.5, 9, 0.5};
+constexpr Standing kLargeStands{kLargeRadius, 9, 0.5};
+constexpr Standing kMediumStands{kMediumRadius, 7, 0.5};
+constexpr Standing kSmallStands{kSmallRadius, 5.5, 0.62};
+constexpr Standing kSmallStandsOnIvory{kSmallRadius, 5.5, 0.5};
+constexpr Standing kFootSwitchStands{23.7, 5, 0.8};
 
 void drawSeat(Canvas& canvas, const Seat& seat) {
     canvas.soft(roundRect(seat.box.inset(0.5), seat.radius),
@@ -48,16 +48,16 @@ void drawSeat(Canvas& canvas, const Seat& seat) {
 
 void drawShadows(Canvas& canvas) {
     for (const KnobPlace& place : kEncoderPlaces)
-        drawShadow(canvas, place, kEncoder);
+        drawShadow(canvas, place, kEncoderStands);
     for (const KnobPlace& place : kLargePlaces)
-        drawShadow(canvas, place, kLarge);
+        drawShadow(canvas, place, kLargeStands);
     for (const KnobPlace& place : kMediumPlaces)
-        drawShadow(canvas, place, kMedium);
+        drawShadow(canvas, place, kMediumStands);
     for (const KnobPlace& place : kSmallPlaces)
-        drawShadow(canvas, place, kSmall);
-    drawShadow(canvas, kExtendPlace, kSmallOnIvory);
+        drawShadow(canvas, place, kSmallStands);
+    drawShadow(canvas, kExtendPlace, kSmallStandsOnIvory);
     for (const KnobPlace& place : kFootSwitchPlaces)
-        drawShadow(canvas, place, kFootSwitch);
+        drawShadow(canvas, place, kFootSwitchStands);
     for (const Seat& seat : kSeatPlaces)
         drawSeat(canvas, seat);
     for (const Point& corner : kSlidePlaces)

@@ -28,8 +28,7 @@ namespace {
 
 using namespace VSTGUI;
 
-const CRect kPlace(4, 2, 24, 12);
-const CPoint kOrigin(0, 0);
+const CRect kSpot(4, 2, 24, 12);
 
 /// The frame that lies at a point once the control has drawn itself.
 uint32_t frameAt(CView& control, int x, int y, double scale = 1.0) {
@@ -46,9 +45,9 @@ template <typename Control> struct Held : std::unique_ptr<Control, Forget> {
 
 TEST(Picture, KnobsAndSwitchesRoundToTheNearestFrameInSinglePrecision) {
     const Bitmap frames = strip(101, 20, 10);
-    const Held knob(new CAnimKnobWithLabel(kPlace, nullptr, 1, 101, 20, 10, frames.get(), 12));
-    const Held plain(new CAnimKnob3(kPlace, nullptr, 1, 101, 20, 10, frames.get()));
-    const Held encoder(new CEcncoderKnob03(kPlace, nullptr, 1, 101, 20, 10, frames.get()));
+    const Held knob(new CAnimKnobWithLabel(kSpot, nullptr, 1, 101, 20, 10, frames.get(), 12));
+    const Held plain(new CAnimKnob3(kSpot, nullptr, 1, 101, 20, 10, frames.get()));
+    const Held encoder(new CEcncoderKnob03(kSpot, nullptr, 1, 101, 20, 10, frames.get()));
     struct Row {
         float value;
         uint32_t frame;
@@ -65,7 +64,7 @@ TEST(Picture, KnobsAndSwitchesRoundToTheNearestFrameInSinglePrecision) {
     EXPECT_EQ(knob->getViewSize().bottom, 24);
     const Bitmap three = strip(3, 20, 10);
     const Held choice(
-        new CHorizontalSwitchWithDynamicLabel(kPlace, nullptr, 1, 3, 10, 0, three.get(), kOrigin));
+        new CHorizontalSwitchWithDynamicLabel(kSpot, nullptr, 1, 3, 10, 0, three.get(), CPoint()));
     choice->setLabelStyle(kNoTextStyle);
     choice->setMin(-1.0F);
     choice->setValue(0.2F);
@@ -74,7 +73,7 @@ TEST(Picture, KnobsAndSwitchesRoundToTheNearestFrameInSinglePrecision) {
 
 TEST(Picture, ALabelIsWrittenByTheFirstProcedureThatIsThere) {
     const Bitmap frames = strip(3, 20, 10);
-    const Held knob(new CAnimKnobWithLabel(kPlace, nullptr, 7, 3, 20, 10, frames.get(), 12));
+    const Held knob(new CAnimKnobWithLabel(kSpot, nullptr, 7, 3, 20, 10, frames.get(), 12));
     const auto width = [&] {
         Canvas canvas(40, 40);
         knob->draw(canvas.context());
@@ -102,14 +101,14 @@ TEST(Picture, ALabelIsWrittenByTheFirstProcedureThatIsThere) {
 
 TEST(Picture, ButtonsShowPressAndHover) {
     const Bitmap two = strip(2, 20, 10), three = strip(3, 20, 10), five = strip(5, 20, 10);
-    const Held onOff(new ZMTOnOffButton(kPlace, nullptr, 1, two.get()));
+    const Held onOff(new ZMTOnOffButton(kSpot, nullptr, 1, two.get()));
     onOff->setValue(0.49F);
     EXPECT_EQ(frameAt(*onOff, 5, 3), 0U);
     onOff->setValue(0.5F);
     EXPECT_EQ(frameAt(*onOff, 5, 3), 1U);
 
-    const Held freeze(new ZMTMonoAndBistableButtonModulator(kPlace, nullptr, 1, two.get()));
-    const Held button(new ZMTMonoAndBistableButton(kPlace, nullptr, 1, two.get()));
+    const Held freeze(new ZMTMonoAndBistableButtonModulator(kSpot, nullptr, 1, two.get()));
+    const Held button(new ZMTMonoAndBistableButton(kSpot, nullptr, 1, two.get()));
     for (const int32_t mode : {0, 1, 2}) {
         freeze->setMode(mode);
         button->setMode(mode);
@@ -117,10 +116,10 @@ TEST(Picture, ButtonsShowPressAndHover) {
         EXPECT_EQ(frameAt(*button, 5, 3), mode == 2 ? 1U : 0U) << "a toggle starts on";
     }
     CPoint left(6, 5), right(20, 5);
-    const Held toggle(new CZMOnOffButton(kPlace, nullptr, 1, three.get()));
-    const Held kick(new CZMKickButton(kPlace, nullptr, 1, 10, three.get(), kOrigin, false));
-    const Held file(new CSaveLoadButton(kPlace, nullptr, 1, 10, three.get()));
-    const Held rocker(new CZMRockerSwitch(kPlace, nullptr, 1, 10, five.get()));
+    const Held toggle(new CZMOnOffButton(kSpot, nullptr, 1, three.get()));
+    const Held kick(new CZMKickButton(kSpot, nullptr, 1, 10, three.get(), CPoint(), false));
+    const Held file(new CSaveLoadButton(kSpot, nullptr, 1, 10, three.get()));
+    const Held rocker(new CZMRockerSwitch(kSpot, nullptr, 1, 10, five.get()));
     for (CControl* const control :
          {static_cast<CControl*>(toggle.get()), static_cast<CControl*>(kick.get()),
           static_cast<CControl*>(file.get()), static_cast<CControl*>(rocker.get())}) {
@@ -140,7 +139,7 @@ TEST(Picture, ButtonsShowPressAndHover) {
     kick->onMouseUp(left, 0);
     EXPECT_EQ(frameAt(*kick, 5, 3), 0U);
     const Bitmap four = strip(4, 20, 10);
-    const Held mix(new CPedlInvisibleMix2(kPlace, nullptr, 1, four.get()));
+    const Held mix(new CPedlInvisibleMix2(kSpot, nullptr, 1, four.get()));
     mix->setActive(true);
     mix->onMouseEntered(left, 0);
     EXPECT_EQ(frameAt(*mix, 5, 3), 3U);
@@ -197,9 +196,9 @@ TEST(Picture, LampsFadeByTheValue) {
         return static_cast<double>(canvas.at(6, 5) >> 24) / 255.0;
     };
     const auto meter = [&](CBitmap* first, CBitmap* second) {
-        return new ZMTMeterLED2Colors(kPlace, nullptr, 1, first, second, nullptr);
+        return new ZMTMeterLED2Colors(kSpot, nullptr, 1, first, second, nullptr);
     };
-    EXPECT_NEAR(alphaAt(new ZMTIndicatorLED(kPlace, nullptr, 1, lit.get(), nullptr), 0.3F), 0.3,
+    EXPECT_NEAR(alphaAt(new ZMTIndicatorLED(kSpot, nullptr, 1, lit.get(), nullptr), 0.3F), 0.3,
                 0.01);
     EXPECT_NEAR(alphaAt(meter(lit.get(), clear.get()), 0.5F), 0.706, 0.01);
     EXPECT_NEAR(alphaAt(meter(clear.get(), lit.get()), 0.7F), 0.0, 0.01);
@@ -209,7 +208,7 @@ TEST(Picture, LampsFadeByTheValue) {
 TEST(Picture, TheSliderKeepsItsHandleOnItsWay) {
     const Bitmap handle = strip(1, 17, 18), back = strip(2, 100, 9);
     const Held slider(new CpedlFilterRadioSlider(CRect(20, 0, 120, 18), nullptr, 1, 7, 60,
-                                                 handle.get(), nullptr, kOrigin));
+                                                 handle.get(), nullptr, CPoint()));
     const auto handleLeft = [&] {
         for (int x = 0; x < 150; ++x)
             if (frameAt(*slider, x, 3) == 0U)

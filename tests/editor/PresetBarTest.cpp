@@ -33,7 +33,7 @@ public:
     inline static std::vector<std::string> chosen;
 };
 
-constexpr CPoint kNowhere(5, 5);
+constexpr CPoint kOutside(5, 5);
 constexpr const char* kIdleText = "zmt-sonics.example";
 
 class PresetBar : public EditorWindow {
@@ -96,7 +96,7 @@ TEST_F(PresetBar, FilesGoThroughDialogsAndProblemsAreTold) {
     heard();
     choose(kPresetLoad, {folder / "foreign.zmt"});
     EXPECT_NE(heard().find("line "), std::string::npos) << "in the diagnostic stream";
-    hover(kNowhere);
+    hover(kOutside);
     idle(4900);
     EXPECT_NE(line().find("foreign.zmt"), std::string::npos);
     idle(100);
@@ -144,7 +144,7 @@ TEST_F(PresetBar, LearningAndForgettingExcludeEachOther) {
 
 TEST_F(PresetBar, HintsFollowTheMouseAndRestAfterItHasLeft) {
     EXPECT_EQ(lineOver(middleOf(kPower)), "Bypasses all audio processes: OFF");
-    lineOver(kNowhere);
+    lineOver(kOutside);
     idle(1470);
     EXPECT_EQ(line(), "");
     idle(20);
@@ -168,7 +168,7 @@ TEST_F(PresetBar, NamesTheControllerUnderTheMouse) {
     EXPECT_EQ(entryOver(middleOf(kFilterFreqSlider)), 74);
     EXPECT_EQ(entryOver(middleOf(kGain)), 128) << "not assigned";
     EXPECT_EQ(entryOver(middleOf(kAbout)), 129) << "not available";
-    EXPECT_EQ(entryOver(kNowhere), 130) << "nothing";
+    EXPECT_EQ(entryOver(kOutside), 130) << "nothing";
 
     VstMidiEvent event{};
     event.type = kVstMidiType;

@@ -3,6 +3,7 @@
 #include "foundation/vst24/VendorCalls.h"
 #include "presets/FactoryPrograms.h"
 #include "tests/plugin/EffectTest.h"
+#include "tests/support/OddNumbers.h"
 
 #include <algorithm>
 #include <array>
@@ -18,10 +19,10 @@
 namespace pedl {
 namespace {
 
+using test::kInfinity;
+using test::kNaN;
 using Lines = std::vector<std::string>;
 
-constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
 constexpr float kResetMarker = -1000.0F;
 
 VstTimeInfo timeInfo(VstInt32 flags, double tempoBpm, double positionQuarters) {

@@ -1,17 +1,19 @@
 #include "presets/MidiMap.h"
 
+#include "tests/support/OddNumbers.h"
+
 #include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
 #include <random>
 
 namespace pedl {
 namespace {
 
+using test::kInfinity;
+using test::kNaN;
+
 constexpr std::int32_t kNone = MidiMap::kNone;
 constexpr float kNoneValue = 999.5F / 129.0F;
-constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
 /// The value that selects a controller, or none with 128.
 float valueOf(int controller) {

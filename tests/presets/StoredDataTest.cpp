@@ -4,12 +4,12 @@
 #include "tests/presets/Journal.h"
 #include "tests/presets/PlainEffect.h"
 #include "tests/support/GuardedBytes.h"
+#include "tests/support/OddNumbers.h"
 #include "tests/support/StoredBytes.h"
 
 #include <array>
 #include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
 #include <set>
 #include <string>
 
@@ -18,15 +18,16 @@ namespace {
 
 using test::GuardedBytes;
 using test::Journal;
+using test::kInfinity;
+using test::kNaN;
 using test::PlainEffect;
 using test::StoredBytes;
 using Lines = std::vector<std::string>;
 using Order = StoredBytes::Order;
 using Kind = std::optional<FileKind>; // none: what a host stores
 
-constexpr std::int32_t kNone = MidiMap::kNone;
-constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
+constexpr std::int32_t kFree = MidiMap::kNone; // of a parameter without a controller
+
 constexpr unsigned kBankKind = 56, kProgramKind = 34, kMidiKind = 13;
 
 // Layouts. The example of each has the program "Cat" with a gain of 0.25, and the gain linked to
@@ -94,13 +95,13 @@ struct Layout {
 
 // clang-format off
 const std::array<Layout, 8> kLayouts{{
-    {"chunk",       {},                     chunk,      3, 64,    kNone, 4,  8,    217,  249,  281},
-    {"bank",        FileKind::Bank,         bank,       3, kNone, 7,     9,  41,   209,  241,  0},
-    {"program",     FileKind::Program,      program,    5, kNone, 7,     9,  41,   209,  241,  0},
-    {"midi",        FileKind::MidiSettings, midi,       5, 64,    kNone, 4,  41,   0,    0,    73},
+    {"chunk",       {},                     chunk,      3, 64,    kFree, 4,  8,    217,  249,  281},
+    {"bank",        FileKind::Bank,         bank,       3, kFree, 7,     9,  41,   209,  241,  0},
+    {"program",     FileKind::Program,      program,    5, kFree, 7,     9,  41,   209,  241,  0},
+    {"midi",        FileKind::MidiSettings, midi,       5, 64,    kFree, 4,  41,   0,    0,    73},
     {"old chunk",   {},                     oldChunk,   3, 64,    7,     17, 8,    0,    0,    0},
-    {"old bank",    FileKind::Bank,         oldBank,    0, kNone, 7,     9,  3365, 3365, 4485, 0},
-    {"old program", FileKind::Program,      oldProgram, 5, kNone, 7,     9,  29,   29,   37,   0},
+    {"old bank",    FileKind::Bank,         oldBank,    0, kFree, 7,     9,  3365, 3365, 4485, 0},
+    {"old program", FileKind::Program,      oldProgram, 5, kFree, 7,     9,  29,   29,   37,   0},
     {"old midi",    FileKind::MidiSettings, oldMidi,    5, 64,    7,     17, 5,    0,    0,    13},
 }};
 // clang-format on
@@ -169,7 +170,7 @@ TEST(StoredData, ComeInEveryLayoutAndEitherByteOrder) {
             const MidiMap& map = to.effect.midiMap();
             EXPECT_EQ(map.controllerOf(kGain), layout.controllerOfGain);
             EXPECT_EQ(map.controllerOf(kWet), layout.controllerOfWet);
-            EXPECT_EQ(map.drivenBy(7), layout.controllerOfWet == 7 ? kWet : kNone);
+            EXPECT_EQ(map.drivenBy(7), layout.controllerOfWet == 7 ? kWet : kFree);
             EXPECT_EQ(map.channel(), layout.channel);
             EXPECT_EQ(to.journal.count("view channel 0.972222"), layout.channel == 17 ? 1 : 0);
             EXPECT_TRUE(to.repairs().empty());
@@ -249,12 +250,12 @@ TEST(StoredData, TheLastUsableLinkCountsAndTheLowestParameterKeepsASharedControl
     };
     constexpr float kNoLink = 999.5F / 129.0F;
     for (const Row row :
-         {Row{1, 64, 0.5F}, Row{2, kNone, kNoLink}, Row{4, kNone, kNoLink}, Row{5, 96, 0.75F},
-          Row{10, 38, 0.3F}, Row{20, kNone, kNoLink}, Row{11, kNone, 0.996F}}) {
+         {Row{1, 64, 0.5F}, Row{2, kFree, kNoLink}, Row{4, kFree, kNoLink}, Row{5, 96, 0.75F},
+          Row{10, 38, 0.3F}, Row{20, kFree, kNoLink}, Row{11, kFree, 0.996F}}) {
         EXPECT_EQ(map.controllerOf(row.parameter), row.controller) << row.parameter;
         EXPECT_EQ(map.linkValue(row.parameter), row.value) << row.parameter;
     }
-    EXPECT_EQ(map.drivenBy(32), kNone) << "of the first link of 5";
+    EXPECT_EQ(map.drivenBy(32), kFree) << "of the first link of 5";
     EXPECT_EQ(map.drivenBy(38), 10);
     EXPECT_EQ(map.channel(), 17) << "the last record's, which lies outside";
     EXPECT_EQ(to.effect.currentSlot(), 0);
@@ -338,7 +339,7 @@ TEST(StoredData, RecordsTooShortForTheirFieldsAreSteppedOverAndNamesAreEnded) {
     EXPECT_EQ(to.effect.nameOf(1), name);
     EXPECT_EQ(to.effect.bank().value(1, kGain), 0.5F);
     EXPECT_EQ(to.effect.bank().value(2, kGain), 0.25F);
-    EXPECT_EQ(to.effect.midiMap().controllerOf(kGain), kNone);
+    EXPECT_EQ(to.effect.midiMap().controllerOf(kGain), kFree);
     EXPECT_EQ(to.effect.bank().name(3), toProgramName(withRest));
     EXPECT_EQ(to.effect.bank().name(4), toProgramName(std::string(23, 'x')));
 }
@@ -383,7 +384,7 @@ TEST(StoredData, OfTwoParametersWithOneControllerAnOldChunkLinksTheFirst) {
     Instance to;
     to.load({}, bytes);
     EXPECT_EQ(to.effect.midiMap().drivenBy(64), kGain);
-    EXPECT_EQ(to.effect.midiMap().controllerOf(kFilterReso), kNone);
+    EXPECT_EQ(to.effect.midiMap().controllerOf(kFilterReso), kFree);
 }
 
 // Damage

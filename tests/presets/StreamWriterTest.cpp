@@ -1,22 +1,22 @@
 #include "presets/StreamWriter.h"
 
 #include "tests/presets/Journal.h"
+#include "tests/support/OddNumbers.h"
 #include "tests/support/StoredBytes.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
 
 namespace pedl {
 namespace {
 
 using test::Journal;
+using test::kNaN;
 using test::StoredBytes;
 using Lines = std::vector<std::string>;
 
-constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
 constexpr float kNoLink = 999.5F / 129.0F;
 
 /// A bank and links with a value of their own in each place, but for a few broken ones at the ends,

@@ -10,13 +10,13 @@
 namespace VSTGUI {
 namespace {
 
-const CRect kPlace(20, 10, 80, 30);
+const CRect kListPlace(20, 10, 80, 30);
 
 /// A window with one menu; entries are "entry 0", "entry 1" and so on.
 class MenuWindow : public ToolkitWindow {
 public:
     explicit MenuWindow(int entries, int32_t style = kPopupStyle)
-        : menu(new COptionMenu(kPlace, this, 1, nullptr, nullptr, style)) {
+        : menu(new COptionMenu(kListPlace, this, 1, nullptr, nullptr, style)) {
         for (int i = 0; i < entries; ++i)
             menu->addEntry(("entry " + std::to_string(i)).c_str());
         theFrame().addView(menu);
@@ -46,7 +46,7 @@ public:
 };
 
 TEST(OptionMenu, EntriesMarksAndValue) {
-    COptionMenu* menu = new COptionMenu(kPlace, nullptr, 1);
+    COptionMenu* menu = new COptionMenu(kListPlace, nullptr, 1);
     for (const char* title : {"a", "-", "b", "c"})
         menu->addEntry(title);
     EXPECT_FLOAT_EQ(menu->getMax(), 3.0F);
@@ -122,7 +122,7 @@ TEST(OptionMenu, MayBeDraggedThroughFromTheFirstPress) {
 
     w.window().mouseDown(25, 15, kLButton);
     w.window().mouseMove(25, 15, kLButton);
-    const CPoint target = kPlace.getTopLeft() + w.middleOf(2);
+    const CPoint target = kListPlace.getTopLeft() + w.middleOf(2);
     w.window().mouseMove(target.x, target.y, kLButton);
     w.window().mouseUp(target.x, target.y);
     EXPECT_EQ(w.opened(), nullptr);
@@ -176,7 +176,7 @@ TEST(MenuList, PutsManyEntriesIntoColumns) {
         EXPECT_EQ(w.list().size(),
                   CPoint(2 + row.columns * first.width(),
                          2 + rowHeight * std::min<double>(row.rows, std::floor(798 / rowHeight))));
-        EXPECT_EQ(w.opened()->place().getTopLeft(), kPlace.getTopLeft());
+        EXPECT_EQ(w.opened()->place().getTopLeft(), kListPlace.getTopLeft());
     }
     MenuWindow narrow(140);
     narrow.menu->setNbItemsPerColumn(3); // more columns than fit

@@ -11,7 +11,7 @@ namespace VSTGUI {
 namespace {
 
 constexpr CCoord kWidth = 400, kHeight = 340; // less in a small frame
-constexpr CCoord kMargin = 8;
+constexpr CCoord kAroundTheList = 8;
 
 class FrameFileList : public FileDialogBackend {
 public:
@@ -28,8 +28,8 @@ bool FrameFileList::start(const FileDialogRequest& request) {
     if (!frame || !frame->getPlatformFrame() || frame->getModalView())
         return false;
     CRect area(CPoint(0, 0), frame->getViewSize().getSize());
-    const CCoord width = std::min(kWidth, area.width() - 2 * kMargin);
-    const CCoord height = std::min(kHeight, area.height() - 2 * kMargin);
+    const CCoord width = std::min(kWidth, area.width() - 2 * kAroundTheList);
+    const CCoord height = std::min(kHeight, area.height() - 2 * kAroundTheList);
     area = CRect(
         CPoint(std::floor((area.width() - width) / 2), std::floor((area.height() - height) / 2)),
         CPoint(width, height));

@@ -7,7 +7,7 @@ namespace {
 constexpr uint32_t kVersion = 1;
 constexpr uint32_t kMapped = 1; // hosts of today leave a window without it unseen
 
-enum Message : uint32_t {
+enum EmbedMessage : uint32_t {
     kEmbeddedNotify = 0,
     kRequestFocus = 3,
     kFocusIn = 4,
