@@ -10,27 +10,29 @@ namespace pedl {
 namespace {
 
 /// What a text is made of, and so what it is for a terminal.
-struct Row {
+struct Reading {
     std::string bytes;
     std::u32string characters; // with the replacement character for each byte that is none
     std::string printable;     // such bytes as Latin-1, controls as blanks
 };
 
 TEST(Utf8, BytesThatAreNoCharacterAreTakenOneByOneAndNoneBeyondTheEnd) {
-    for (const Row& row : {
-             Row{"A\xC3\xA9\xE2\x88\x9E\xF0\x9F\x8E\xB5", U"A\u00E9\u221E\U0001F3B5",
-                 "A\xC3\xA9\xE2\x88\x9E\xF0\x9F\x8E\xB5"},
-             Row{"\x80\xBF", U"\uFFFD\uFFFD", " \xC2\xBF"},
-             Row{"\xC3", U"\uFFFD", "\xC3\x83"}, // cut off
-             Row{"\xF0\x9F\x8E", U"\uFFFD\uFFFD\uFFFD", "\xC3\xB0  "},
-             Row{"G\xE4nge", U"G\uFFFDnge", "G\xC3\xA4nge"},                  // not continued
-             Row{"\xE0\x9F\xBF", U"\uFFFD\uFFFD\uFFFD", "\xC3\xA0 \xC2\xBF"}, // longer than needed
-             Row{"\xED\xA0\x80", U"\uFFFD\uFFFD\uFFFD", "\xC3\xAD\xC2\xA0 "}, // half of a pair
-             Row{"\xED\x9F\xBF\xEE\x80\x80", U"\uD7FF\uE000", "\xED\x9F\xBF\xEE\x80\x80"},
-             Row{"\xF4\x90\x80\x80", U"\uFFFD\uFFFD\uFFFD\uFFFD", "\xC3\xB4   "}, // beyond the last
-             Row{"\xF4\x8F\xBF\xBF", U"\U0010FFFF", "\xF4\x8F\xBF\xBF"},
-             Row{"a\x1B[2J\x7F\n\xC2\x9F\xC2\xA0 ", U"a\x1B[2J\x7F\n\x9F\xA0 ",
-                 "a [2J   \xC2\xA0 "},
+    for (const Reading& row : {
+             Reading{"A\xC3\xA9\xE2\x88\x9E\xF0\x9F\x8E\xB5", U"A\u00E9\u221E\U0001F3B5",
+                     "A\xC3\xA9\xE2\x88\x9E\xF0\x9F\x8E\xB5"},
+             Reading{"\x80\xBF", U"\uFFFD\uFFFD", " \xC2\xBF"},
+             Reading{"\xC3", U"\uFFFD", "\xC3\x83"}, // cut off
+             Reading{"\xF0\x9F\x8E", U"\uFFFD\uFFFD\uFFFD", "\xC3\xB0  "},
+             Reading{"G\xE4nge", U"G\uFFFDnge", "G\xC3\xA4nge"}, // not continued
+             Reading{"\xE0\x9F\xBF", U"\uFFFD\uFFFD\uFFFD",
+                     "\xC3\xA0 \xC2\xBF"}, // longer than needed
+             Reading{"\xED\xA0\x80", U"\uFFFD\uFFFD\uFFFD", "\xC3\xAD\xC2\xA0 "}, // half of a pair
+             Reading{"\xED\x9F\xBF\xEE\x80\x80", U"\uD7FF\uE000", "\xED\x9F\xBF\xEE\x80\x80"},
+             Reading{"\xF4\x90\x80\x80", U"\uFFFD\uFFFD\uFFFD\uFFFD",
+                     "\xC3\xB4   "}, // beyond the last
+             Reading{"\xF4\x8F\xBF\xBF", U"\U0010FFFF", "\xF4\x8F\xBF\xBF"},
+             Reading{"a\x1B[2J\x7F\n\xC2\x9F\xC2\xA0 ", U"a\x1B[2J\x7F\n\x9F\xA0 ",
+                     "a [2J   \xC2\xA0 "},
          }) {
         SCOPED_TRACE(testing::PrintToString(row.bytes));
         // An exact copy on the heap: the address sanitizer sees who reads beyond it.
