@@ -18,8 +18,8 @@ RealTransform::RealTransform(std::size_t frames)
     : frames_(frames), input_(fftw_alloc_real(frames)),
       output_(fftw_alloc_complex(frames / 2 + 1)) {
     const std::scoped_lock held(plannerLock());
-    plan_ = fftw_plan_dft_r2c_1d(static_cast<int>(frames), input_.get(), output_.get(),
-                                 FFTW_ESTIMATE);
+    plan_ =
+        fftw_plan_dft_r2c_1d(static_cast<int>(frames), input_.get(), output_.get(), FFTW_ESTIMATE);
 }
 
 RealTransform::~RealTransform() {
