@@ -50,6 +50,8 @@ void writeSound(const std::string& path, const StereoSound& sound, WavFormat for
     info.format = SF_FORMAT_WAV | (format == WavFormat::Short ? SF_FORMAT_PCM_16 : SF_FORMAT_FLOAT);
     const SoundFile file = openSound(path, SFM_WRITE, info);
     sf_command(file.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
+    // That chunk holds the time of day: without it the same sound has the same bytes.
+    sf_command(file.get(), SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE);
 
     std::vector<float> interleaved(2 * sound.lengthFrames());
     for (std::size_t i = 0; i < sound.lengthFrames(); ++i) {
