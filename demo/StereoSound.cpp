@@ -27,6 +27,8 @@ SoundFile openSound(const std::string& path, int mode, SF_INFO& info) {
 StereoSound readSound(const std::string& path, double limitSeconds) {
     SF_INFO info{};
     const SoundFile file = openSound(path, SFM_READ, info);
+    if (info.channels > 2)
+        throw std::runtime_error(path + ": has " + std::to_string(info.channels) + " channels");
     const auto limitFrames = static_cast<sf_count_t>(limitSeconds * info.samplerate);
     const auto channels = static_cast<std::size_t>(info.channels);
     std::vector<float> interleaved(static_cast<std::size_t>(std::min(info.frames, limitFrames)) *
