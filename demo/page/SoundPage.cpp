@@ -10,11 +10,14 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 
-// soundPage.html as the build found it.
+// soundPage.html and soundPage.js as the build found them.
 extern "C" {
 extern const char pedlSoundPage[];
 extern const char pedlSoundPageEnd[];
+extern const char pedlSoundScript[];
+extern const char pedlSoundScriptEnd[];
 }
 
 namespace pedl::demo {
@@ -121,6 +124,13 @@ Json renderingOf(const PageRendering& rendering) {
             {"panels", std::move(panels)}};
 }
 
+/// What stands before a word and what behind it.
+std::pair<std::string_view, std::string_view> dividedAt(std::string_view text,
+                                                        std::string_view word) {
+    const std::size_t place = text.find(word);
+    return {text.substr(0, place), text.substr(place + word.size())};
+}
+
 } // namespace
 
 struct SoundPage::Data {
@@ -154,20 +164,21 @@ void SoundPage::add(const PageEntry& entry, const std::vector<PageRendering>& re
 }
 
 void SoundPage::write(const std::filesystem::path& file) const {
-    constexpr std::string_view kPlace = "@DATA@";
-    const std::string_view page(pedlSoundPage,
-                                static_cast<std::size_t>(pedlSoundPageEnd - pedlSoundPage));
-    const std::size_t place = page.find(kPlace);
+    const std::string_view page(pedlSoundPage, pedlSoundPageEnd);
+    const std::string_view script(pedlSoundScript, pedlSoundScriptEnd);
     // Names come from files: bytes that are no text are replaced, and none ends the element.
     std::string data = data_->json.dump(-1, ' ', true, Json::error_handler_t::replace);
     for (std::size_t at = 0; (at = data.find('<', at)) != std::string::npos;)
         data.replace(at, 1, "\\u003c");
+
     const Result<std::unique_ptr<OutputFile>> output = OutputFile::create(file);
     if (!output.ok())
         throw std::runtime_error(output.problem().text);
-    for (const std::string_view part :
-         {page.substr(0, place), std::string_view(data), page.substr(place + kPlace.size())})
-        output.value()->write(part.data(), part.size());
+    const auto [beforeData, afterData] = dividedAt(page, "@DATA@");
+    const auto [beforeScript, afterScript] = dividedAt(afterData, "@SCRIPT@");
+    for (const std::string_view text :
+         {beforeData, std::string_view(data), beforeScript, script, afterScript})
+        output.value()->write(text.data(), text.size());
     if (const Done written = output.value()->commit(); !written.ok())
         throw std::runtime_error(written.problem().text);
 }

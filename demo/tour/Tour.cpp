@@ -43,9 +43,9 @@ struct Route {
     fs::path curves;
 };
 
-Route routeOverMaterial(const TourRequest& request, std::vector<DemoSetting> settings) {
+Route routeOverMaterial(const TourRequest& request, const std::vector<DemoSetting>& settings) {
     Route route{{}, "demonstration", {}, request.settings.parent_path() / "curves"};
-    for (DemoSetting& setting : settings) {
+    for (const DemoSetting& setting : settings) {
         const fs::path input = request.material / (setting.material + ".wav");
         route.stops.push_back({setting, setting.words, setting.words.title, input, setting.name});
     }
@@ -85,7 +85,7 @@ Route routeOver(const TourRequest& request, const OwnSound& own,
 Route planned(const TourRequest& request) {
     std::vector<DemoSetting> settings = readSettings(request.settings);
     if (request.ownInput.empty())
-        return routeOverMaterial(request, std::move(settings));
+        return routeOverMaterial(request, settings);
     return routeOver(request, readOwnSound(request.ownInput), std::move(settings));
 }
 
