@@ -1,12 +1,12 @@
 #include "host/AuditionCommand.h"
 
-#include "audition/AuditionPage.h"
 #include "convert/DocumentReader.h"
 #include "demo/Material.h"
+#include "demo/OwnSound.h"
 #include "demo/ProgramPlay.h"
+#include "demo/page/SoundPage.h"
 #include "foundation/text/NameMatch.h"
 #include "foundation/text/PrintableText.h"
-#include "host/OutputFile.h"
 #include "host/ProgressBar.h"
 #include "parameters/ParameterCatalogue.h"
 #include "presets/FactoryNotes.h"
@@ -21,11 +21,11 @@ namespace pedl {
 
 namespace {
 
-using namespace audition;
+using demo::PageEntry;
+using demo::PageMaterial;
+using demo::PageRendering;
+using demo::SoundPage;
 namespace fs = std::filesystem;
-
-/// A sound of the user's own is cut here: longer pictures show less.
-constexpr double kLongestSeconds = 30.0;
 
 /// A program of the user's own says not what it is for: it is heard on these.
 constexpr std::array<std::string_view, 3> kForAnyProgram{"riff", "drums", "pad"};
@@ -38,13 +38,17 @@ public:
         if (isOwn())
             for (const std::string& name : demo::materialNames())
                 take(name, demo::material(name));
-        for (const fs::path& file : files_)
-            take(file.stem().string(), demo::readSound(file.string(), kLongestSeconds));
+        for (const fs::path& file : files_) {
+            demo::OwnSound own = demo::readOwnSound(file);
+            take(own.stem, std::move(own.sound));
+            notes_.insert(notes_.end(), own.notes.begin(), own.notes.end());
+        }
     }
 
     /// Whether these are our own.
     [[nodiscard]] bool isOwn() const { return files_.empty(); }
     [[nodiscard]] const std::vector<PageMaterial>& forPage() const { return page_; }
+    [[nodiscard]] const std::vector<std::string>& notes() const { return notes_; }
     [[nodiscard]] const demo::StereoSound& sound(std::size_t index) const { return sounds_[index]; }
 
     /// The material that a factory program is made for, or those for programs of unknown purpose;
@@ -64,7 +68,7 @@ private:
     void take(const std::string& name, demo::StereoSound sound) {
         const std::string file = "dry-" + std::to_string(page_.size()) + ".wav";
         demo::writeSound((folder_ / file).string(), sound, demo::WavFormat::Short);
-        page_.push_back({printableText(name), file, sound.lengthSeconds()});
+        page_.push_back({name, file, sound.lengthSeconds()});
         sounds_.push_back(std::move(sound));
     }
 
@@ -72,6 +76,7 @@ private:
     fs::path folder_;
     std::vector<PageMaterial> page_;
     std::vector<demo::StereoSound> sounds_;
+    std::vector<std::string> notes_;
 };
 
 /// What differs from "Default", as the plug-in shows it.
@@ -123,9 +128,9 @@ Result<std::vector<std::size_t>> wantedSlots(const std::vector<ProgramRecord>& p
     return slots;
 }
 
-PageProgram described(std::size_t slot, const ProgramRecord& program, std::string& own) {
-    PageProgram page{static_cast<int>(slot), printableText(nameText(program.name)), {}, {}, {},
-                     settingsOf(program)};
+PageEntry described(std::size_t slot, const ProgramRecord& program, std::string& own) {
+    PageEntry page{static_cast<int>(slot), printableText(nameText(program.name)), {}, {}, {},
+                   settingsOf(program)};
     const bool isFactory =
         slot < kFactoryNotes.size() &&
         program.normalised == factoryProgram(static_cast<std::int32_t>(slot)).normalised;
@@ -139,28 +144,19 @@ PageProgram described(std::size_t slot, const ProgramRecord& program, std::strin
     return page;
 }
 
-Done writePage(const fs::path& path, const std::string& html) {
-    Result<std::unique_ptr<OutputFile>> file = OutputFile::create(path);
-    if (!file.ok())
-        return file.problem();
-    file.value()->write(html.data(), html.size());
-    return file.value()->commit();
-}
-
-Result<std::string> renderAll(const AuditionRequest& request,
-                              const std::vector<ProgramRecord>& programs,
-                              const std::vector<std::size_t>& slots) {
+std::string renderAll(const AuditionRequest& request, const std::vector<ProgramRecord>& programs,
+                      const std::vector<std::size_t>& slots) {
     const Materials materials(request.materials, request.out);
-    AuditionPage page(request.bank ? printableText(request.bank->filename().string())
-                                   : std::string("factory programs"),
-                      materials.forPage());
+    const std::string title =
+        request.bank ? printableText(request.bank->filename().string()) : "factory programs";
+    SoundPage page({.title = title, .notes = materials.notes()}, materials.forPage());
     ProgressBar progress(true);
     std::size_t sounds = 0;
     for (std::size_t i = 0; i < slots.size(); ++i) {
         progress.show(static_cast<double>(i) / static_cast<double>(slots.size()));
         const ProgramRecord& program = programs[slots[i]];
         std::string own;
-        const PageProgram told = described(slots[i], program, own);
+        const PageEntry told = described(slots[i], program, own);
         std::vector<PageRendering> renderings;
         for (const std::size_t material : materials.forProgram(own)) {
             demo::PlayedProgram played = demo::playProgram(program, materials.sound(material), {});
@@ -168,15 +164,17 @@ Result<std::string> renderAll(const AuditionRequest& request,
                 "wet-" + std::to_string(slots[i]) + "-" + std::to_string(material) + ".wav";
             demo::writeSound((request.out / file).string(), played.output, demo::WavFormat::Short);
             renderings.push_back(
-                {material, file, std::move(played.output), std::move(played.trace)});
+                {material, file, {}, std::move(played.output), std::move(played.trace)});
             ++sounds;
         }
         page.add(told, renderings);
     }
     const fs::path index = request.out / "index.html";
-    if (const Done written = writePage(index, page.html()); !written.ok())
-        return written.problem();
-    return index.string() + ": " + std::to_string(slots.size()) + " programs, " +
+    page.write(index);
+    std::string told;
+    for (const std::string& note : materials.notes())
+        told += note + "\n";
+    return told + index.string() + ": " + std::to_string(slots.size()) + " programs, " +
            std::to_string(sounds) + " sounds\n";
 }
 

@@ -69,10 +69,12 @@ double strengthOf(char step) {
 
 // Pad ---------------------------------------------------------------------------------------------
 
+constexpr double kReleaseSeconds = 0.6;
+
+/// Held for `frames`, then released.
 void playSaw(StereoSound& sound, std::size_t start, std::size_t frames, double hertz, double phase,
              double pan) {
     constexpr double kAttackSeconds = 0.25;
-    constexpr double kReleaseSeconds = 0.6;
     const double increment = hertz / kSampleRateHz;
     const double heldSeconds = static_cast<double>(frames) / kSampleRateHz;
     const auto rung = static_cast<std::size_t>(kReleaseSeconds * kSampleRateHz);
@@ -168,14 +170,18 @@ StereoSound pad() {
         {38, 54, 57, 61, 66}, // Dmaj7
     }};
     constexpr std::array<double, 3> kDetuneSemitones{-0.09, 0.0, 0.08};
+    constexpr std::size_t kBarFrames = kStepsPerBar * kStepFrames;
+    constexpr auto kReleaseFrames = static_cast<std::size_t>(kReleaseSeconds * kSampleRateHz);
     StereoSound sound = silence();
     Noise noise(3);
-    for (std::size_t bar = 0; bar < kBars; ++bar)
+    for (std::size_t bar = 0; bar < kBars; ++bar) {
+        // Each chord fades under the next one, the last into the silence of the end.
+        const std::size_t held = kBarFrames - (bar + 1 == kBars ? kReleaseFrames : 0);
         for (const int note : kChords[bar])
             for (std::size_t voice = 0; voice < kDetuneSemitones.size(); ++voice)
-                playSaw(sound, bar * kStepsPerBar * kStepFrames, kStepsPerBar * kStepFrames,
-                        hertzOfNote(note + kDetuneSemitones[voice]), 0.5 + 0.5 * noise.next(),
-                        0.15 + 0.35 * static_cast<double>(voice));
+                playSaw(sound, bar * kBarFrames, held, hertzOfNote(note + kDetuneSemitones[voice]),
+                        0.5 + 0.5 * noise.next(), 0.15 + 0.35 * static_cast<double>(voice));
+    }
     return levelled(std::move(sound), 0.0F);
 }
 

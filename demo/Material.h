@@ -15,7 +15,8 @@ StereoSound pluckedRiff();
 /// Kick, snare and hats.
 StereoSound drumPattern();
 
-/// Four chords of detuned saw waves, wide and bright: something for a filter to work on.
+/// Four chords of detuned saw waves, wide and bright: something for a filter to work on. The last
+/// one fades out.
 StereoSound pad();
 
 /// A picked bass in eighths with ghost notes, in the middle.
@@ -27,7 +28,12 @@ StereoSound voiceGlide();
 /// Clean funk guitar: ninth chords in sixteenths, half of the strokes muted, accents loud.
 StereoSound funkGuitar();
 
-/// What all of them are called: "riff", "drums", "pad", "bass", "voice", "funk".
+/// Open chords on steel strings, a stroke a bar, loud and soft in turn, that ring as they die away.
+/// For the demonstration of what follows the level; no program is made for it.
+StereoSound ringingChords();
+
+/// What those are called that programs are made for: "riff", "drums", "pad", "bass", "voice",
+/// "funk".
 const std::vector<std::string>& materialNames();
 
 /// One by its name, which is one of these.

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "demo/CommandRun.h"
-#include "demo/DemoSetting.h"
-#include "demo/StereoSound.h"
-
-#include <filesystem>
+#include <cstdint>
 #include <vector>
 
 namespace pedl::demo {
+
+/// Frames in a block of what is traced: a point each 1.3 ms at 48 kHz.
+constexpr std::int32_t kBlockFrames = 64;
 
 /// What moved the sound, read after each block.
 struct ModulationPoint {
@@ -20,17 +19,10 @@ struct ModulationPoint {
 
 using ModulationTrace = std::vector<ModulationPoint>;
 
-/// The modulation behind a rendered sound. No host can see it, so the effect, linked into this
-/// program, plays the same input with the same settings in the same blocks once more, and is looked
-/// into after each. A random wave is seeded from the calendar: each second in which the command ran
-/// is tried.
-///
-/// Throws std::runtime_error where no run gives the rendered sound: a trace of another sound is
-/// never drawn.
-///
-/// @param curves  the folder of the settings' automation curves
-ModulationTrace traceModulation(const DemoSetting& setting, const std::filesystem::path& curves,
-                                const StereoSound& input, const StereoSound& rendered,
-                                const Rendering& rendering);
+/// Whether left and right go different ways, as far as a picture can show it.
+[[nodiscard]] bool channelsDiffer(const ModulationTrace& trace);
+
+/// Whether the gain moves, as far as a picture can show it, or stands elsewhere than at 0 dB.
+[[nodiscard]] bool gainMatters(const ModulationTrace& trace);
 
 } // namespace pedl::demo

@@ -130,6 +130,26 @@ StereoSound funkGuitar() {
     return levelled(std::move(sound), 1.0F);
 }
 
+StereoSound ringingChords() {
+    struct Stroke {
+        std::array<int, 6> notes;
+        double strength;
+    };
+    constexpr std::array<Stroke, kBars> kStrokes{{
+        {{40, 47, 52, 55, 59, 64}, 1.0}, // Em
+        {{43, 47, 50, 55, 59, 67}, 0.1}, // G
+        {{45, 52, 57, 60, 64, 69}, 1.0}, // Am
+        {{40, 47, 52, 55, 59, 64}, 0.1}, // Em
+    }};
+    StereoSound sound = silence();
+    Noise noise(8);
+    for (std::size_t bar = 0; bar < kBars; ++bar)
+        for (const int note : kStrokes[bar].notes)
+            playString(sound, {bar * kStepsPerBar, kStepsPerBar, note, kStrokes[bar].strength},
+                       kMiddle, noise);
+    return levelled(std::move(sound), 4.0F);
+}
+
 const std::vector<std::string>& materialNames() {
     static const std::vector<std::string> names{"riff", "drums", "pad", "bass", "voice", "funk"};
     return names;

@@ -2,8 +2,8 @@
 
 #include "demo/Fingerprint.h"
 #include "demo/Material.h"
+#include "demo/Movement.h"
 #include "demo/ProgramPlay.h"
-#include "demo/Synthesis.h"
 #include "parameters/ParameterIndex.h"
 #include "presets/FactoryNotes.h"
 
@@ -12,100 +12,10 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdio>
-#include <functional>
-#include <initializer_list>
-#include <map>
 
 namespace pedl::demo {
 
 namespace {
-
-using Curve = std::vector<double>;
-
-constexpr double kSettleSeconds = 0.5;
-
-/// White noise that is the same in both channels.
-StereoSound steadyNoise(double levelDb) {
-    StereoSound sound = silence();
-    Noise noise(7);
-    const double factor = std::pow(10.0, levelDb / 20.0) * std::sqrt(3.0);
-    for (std::size_t i = 0; i < sound.lengthFrames(); ++i)
-        sound.left[i] = sound.right[i] = static_cast<float>(factor * noise.next());
-    return sound;
-}
-
-template <typename Pick> Curve curveOf(const ModulationTrace& trace, const Pick& pick) {
-    Curve curve;
-    for (const ModulationPoint& point : trace)
-        if (point.seconds > kSettleSeconds)
-            curve.push_back(pick(point));
-    return curve;
-}
-
-double octave(double hertz) {
-    return std::log2(std::max(hertz, 1.0));
-}
-double decibel(double gain) {
-    return 20.0 * std::log10(std::max(gain, 1e-5));
-}
-Curve cutoffOf(const ModulationTrace& trace) {
-    return curveOf(trace, [](const ModulationPoint& p) { return octave(p.cutoffLeftHz); });
-}
-Curve gainOf(const ModulationTrace& trace) {
-    return curveOf(trace, [](const ModulationPoint& p) { return decibel(p.gainLeft); });
-}
-
-double quantile(Curve curve, double part) {
-    std::ranges::sort(curve);
-    return curve[static_cast<std::size_t>(part * static_cast<double>(curve.size() - 1))];
-}
-
-double spreadOf(const Curve& curve) {
-    return quantile(curve, 0.95) - quantile(curve, 0.05);
-}
-
-/// The rate of the strongest sine in a curve that moves by more than `least`.
-double strongestRateHz(const Curve& curve, double least) {
-    if (spreadOf(curve) < least)
-        return 0.0;
-    constexpr double kPointsPerSecond = static_cast<double>(kSampleRateHz) / kBlockFrames;
-    double mean = 0.0;
-    for (const double value : curve)
-        mean += value / static_cast<double>(curve.size());
-    double best = 0.0;
-    double bestHz = 0.0;
-    for (double hertz = 0.1; hertz < 16.0; hertz *= 1.01) {
-        double real = 0.0;
-        double imaginary = 0.0;
-        for (std::size_t i = 0; i < curve.size(); i += 4) {
-            const double angle = kTwoPi * hertz * static_cast<double>(i) / kPointsPerSecond;
-            real += (curve[i] - mean) * std::cos(angle);
-            imaginary += (curve[i] - mean) * std::sin(angle);
-        }
-        if (const double power = real * real + imaginary * imaginary; power > best) {
-            best = power;
-            bestHz = hertz;
-        }
-    }
-    return bestHz;
-}
-
-Movement movementOf(const ModulationTrace& trace) {
-    const Curve cutoff = cutoffOf(trace);
-    const Curve gain = gainOf(trace);
-    Movement movement;
-    movement.lowHz = std::exp2(quantile(cutoff, 0.05));
-    movement.middleHz = std::exp2(quantile(cutoff, 0.5));
-    movement.highHz = std::exp2(quantile(cutoff, 0.95));
-    movement.depthOctaves = spreadOf(cutoff);
-    movement.quietGainDb = quantile(gain, 0.05);
-    movement.loudGainDb = quantile(gain, 0.95);
-    movement.cutoffRateHz = strongestRateHz(cutoff, 0.05);
-    movement.gainRateHz = strongestRateHz(gain, 0.5);
-    return movement;
-}
-
-// What is promised --------------------------------------------------------------------------------
 
 /// One program on its way to being judged.
 struct Case {
@@ -153,17 +63,6 @@ double topAgainstDry(const Case& c) {
     return bandsAgainstDry(c, kTopBegin, kBands) - bandsAgainstDry(c, 0, kBands);
 }
 
-/// The share of time in which a curve rises, of the time in which it moves.
-double risingShare(const Curve& curve) {
-    double up = 0.0;
-    double down = 0.0;
-    for (std::size_t i = 8; i < curve.size(); i += 8) {
-        up += curve[i] > curve[i - 8] + 1e-4 ? 1.0 : 0.0;
-        down += curve[i] < curve[i - 8] - 1e-4 ? 1.0 : 0.0;
-    }
-    return up / std::max(1.0, up + down);
-}
-
 void opens(Case& c) {
     c.expect("louder opens, octaves", cutoffAnswer(c), 1.0, 5.0);
     c.expect("cut-off in rest, Hz", quantile(cutoffOf(c.soft.trace), 0.05), octave(150.0),
@@ -208,15 +107,6 @@ void byChance(Case& c) {
     c.expect("another time, octaves apart", std::sqrt(sum / static_cast<double>(trace.size())), 0.4,
              kNoLimit);
 }
-/// How fast the cut-off crosses its middle, a second.
-double crossings(const ModulationTrace& trace) {
-    const Curve curve = cutoffOf(trace);
-    const double middle = 0.5 * (quantile(curve, 0.95) + quantile(curve, 0.05));
-    double count = 0.0;
-    for (std::size_t i = 1; i < curve.size(); ++i)
-        count += (curve[i] > middle) != (curve[i - 1] > middle) ? 1.0 : 0.0;
-    return count / trace.back().seconds;
-}
 void fasterWhenLoud(Case& c) {
     c.expect("louder faster, times", crossings(c.loud.trace) / crossings(c.soft.trace), 1.4, 100.0);
 }
@@ -255,8 +145,7 @@ void leadsLeft(Case& c) {
     // The lag at which the right channel's gain is most like the left one's.
     const ModulationTrace trace = playProgram(c.program, steadyNoise(-14.0), {}).trace;
     const Curve left = gainOf(trace);
-    const Curve right =
-        curveOf(trace, [](const ModulationPoint& p) { return decibel(p.gainRight); });
+    const Curve right = rightGainOf(trace);
     double best = -kNoLimit;
     int bestLag = 0;
     for (int lag = -1000; lag <= 1000; lag += 10) {
@@ -363,10 +252,6 @@ const std::vector<Group>& groups() {
 }
 
 } // namespace
-
-Movement steadyMovement(const ProgramRecord& program, double levelDb, double tempoBpm) {
-    return movementOf(playProgram(program, steadyNoise(levelDb), {.tempoBpm = tempoBpm}).trace);
-}
 
 std::vector<Promise> promisesOf(int slot, const ProgramRecord& program) {
     const StereoSound dry =

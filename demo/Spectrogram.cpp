@@ -20,26 +20,29 @@ constexpr double kSilencePower = 1e-15; // -150 dB: silence has a level too
 /// The power in every bin of one windowed stretch of a sound.
 class WindowedTransform {
 public:
-    explicit WindowedTransform(std::size_t frames)
-        : window_(frames), power_(frames / 2 + 1), transform_(frames) {
+    WindowedTransform(std::size_t frames, Side side)
+        : side_(side), window_(frames), power_(frames / 2 + 1), transform_(frames) {
         for (std::size_t i = 0; i < frames; ++i)
             window_[i] = 0.5 - 0.5 * std::cos(2.0 * std::numbers::pi * static_cast<double>(i) /
                                               static_cast<double>(frames));
     }
 
-    /// Mean power of both channels by bin, of the stretch centred on `centreFrame`; 1 is a sine
-    /// wave at full scale. What lies outside the sound counts as silence.
+    /// Power by bin of the stretch centred on `centreFrame`; 1 is a sine wave at full scale. What
+    /// lies outside the sound counts as silence.
     std::span<const double> powerAround(const StereoSound& sound, std::ptrdiff_t centreFrame) {
         std::fill(power_.begin(), power_.end(), 0.0);
-        addPower(sound.left, centreFrame);
-        addPower(sound.right, centreFrame);
+        const double share = side_ == Side::Both ? 0.5 : 1.0;
+        if (side_ != Side::Right)
+            addPower(sound.left, centreFrame, share);
+        if (side_ != Side::Left)
+            addPower(sound.right, centreFrame, share);
         return power_;
     }
 
     [[nodiscard]] double frames() const { return static_cast<double>(window_.size()); }
 
 private:
-    void addPower(const std::vector<float>& channel, std::ptrdiff_t centreFrame) {
+    void addPower(const std::vector<float>& channel, std::ptrdiff_t centreFrame, double share) {
         const std::ptrdiff_t start = centreFrame - static_cast<std::ptrdiff_t>(window_.size() / 2);
         const std::span<double> input = transform_.input();
         for (std::size_t i = 0; i < window_.size(); ++i) {
@@ -50,9 +53,10 @@ private:
         transform_.run();
         const double sineAtFullScale = 0.25 * frames(); // half the window's sum
         for (std::size_t bin = 0; bin < power_.size(); ++bin)
-            power_[bin] += 0.5 * transform_.power(bin) / (sineAtFullScale * sineAtFullScale);
+            power_[bin] += share * transform_.power(bin) / (sineAtFullScale * sineAtFullScale);
     }
 
+    Side side_;
     std::vector<double> window_;
     std::vector<double> power_;
     RealTransform transform_;
@@ -90,10 +94,10 @@ double FrequencyAxis::hertzAt(double position) const {
 }
 
 Spectrogram::Spectrogram(const StereoSound& sound, const FrequencyAxis& axis, std::size_t columns,
-                         std::size_t rows)
+                         std::size_t rows, Side side)
     : columns_(columns), rows_(rows), levelsDb_(columns * rows) {
-    WindowedTransform longTransform(kLongWindowFrames);
-    WindowedTransform shortTransform(kShortWindowFrames);
+    WindowedTransform longTransform(kLongWindowFrames, side);
+    WindowedTransform shortTransform(kShortWindowFrames, side);
     const double framesPerColumn =
         static_cast<double>(sound.lengthFrames()) / static_cast<double>(columns);
 

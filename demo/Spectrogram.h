@@ -17,15 +17,17 @@ struct FrequencyAxis {
     [[nodiscard]] double hertzAt(double position) const;
 };
 
-/// Levels over time and frequency, in decibels: 0 dB is a sine wave at full scale. The power of
-/// both channels is averaged.
+/// What of a sound is looked at. Of both, the mean: of the power, or of the wave.
+enum class Side { Both, Left, Right };
+
+/// Levels over time and frequency, in decibels: 0 dB is a sine wave at full scale.
 ///
 /// Two window lengths are blended, the long one for low notes (it tells them apart), the short one
 /// for the highs (it shows where a stroke begins).
 class Spectrogram {
 public:
     Spectrogram(const StereoSound& sound, const FrequencyAxis& axis, std::size_t columns,
-                std::size_t rows);
+                std::size_t rows, Side side = Side::Both);
 
     /// @param column  0 at the beginning
     /// @param row     0 at the lowest frequency

@@ -27,6 +27,8 @@ SoundFile openSound(const std::string& path, int mode, SF_INFO& info) {
 StereoSound readSound(const std::string& path, double limitSeconds) {
     SF_INFO info{};
     const SoundFile file = openSound(path, SFM_READ, info);
+    if (info.channels > 2)
+        throw std::runtime_error(path + ": has " + std::to_string(info.channels) + " channels");
     const auto limitFrames = static_cast<sf_count_t>(limitSeconds * info.samplerate);
     const auto channels = static_cast<std::size_t>(info.channels);
     std::vector<float> interleaved(static_cast<std::size_t>(std::min(info.frames, limitFrames)) *
@@ -50,6 +52,8 @@ void writeSound(const std::string& path, const StereoSound& sound, WavFormat for
     info.format = SF_FORMAT_WAV | (format == WavFormat::Short ? SF_FORMAT_PCM_16 : SF_FORMAT_FLOAT);
     const SoundFile file = openSound(path, SFM_WRITE, info);
     sf_command(file.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
+    // That chunk holds the time of day: without it the same sound has the same bytes.
+    sf_command(file.get(), SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE);
 
     std::vector<float> interleaved(2 * sound.lengthFrames());
     for (std::size_t i = 0; i < sound.lengthFrames(); ++i) {

@@ -18,8 +18,8 @@ struct StereoSound {
     }
 };
 
-/// Reads at most the first `limitSeconds` of any file that libsndfile knows. Mono becomes two
-/// equal channels; of more than two channels the first two are taken.
+/// Reads at most the first `limitSeconds` of any file that libsndfile knows, of one channel, which
+/// becomes two equal ones, or of two.
 ///
 /// Throws std::runtime_error with the path and the reason.
 StereoSound readSound(const std::string& path, double limitSeconds);

@@ -1,5 +1,5 @@
-// pedl-demo-material FOLDER: writes riff.wav, drums.wav, pad.wav, bass.wav, voice.wav and funk.wav
-// there.
+// pedl-demo-material FOLDER: writes riff.wav, drums.wav, pad.wav, bass.wav, voice.wav, funk.wav and
+// chords.wav there.
 
 #include "demo/Material.h"
 
@@ -18,6 +18,7 @@ int main(int argumentCount, char** arguments) try {
     std::filesystem::create_directories(folder);
     for (const std::string& name : materialNames())
         writeSound(folder / (name + ".wav"), material(name));
+    writeSound(folder / "chords.wav", ringingChords());
     return 0;
 } catch (const std::exception& error) {
     std::cerr << "pedl-demo-material: " << error.what() << '\n';

@@ -4,6 +4,7 @@
 #include "demo/ChangeWalk.h"
 #include "demo/Fingerprint.h"
 #include "demo/Material.h"
+#include "demo/Movement.h"
 #include "demo/ProgramPlay.h"
 #include "demo/Promises.h"
 #include "presets/FactoryNotes.h"

@@ -1,6 +1,7 @@
 #include "convert/TextForm.h"
 #include "demo/StereoSound.h"
 #include "host/AuditionCommand.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <cmath>
 #include <fstream>
@@ -13,8 +14,6 @@ namespace {
 class AuditionTest : public testing::Test {
 protected:
     void SetUp() override {
-        std::filesystem::remove_all(folder_);
-        std::filesystem::create_directories(folder_);
         demo::StereoSound sound{48000, std::vector<float>(9600), {}};
         for (std::size_t i = 0; i < sound.left.size(); ++i)
             sound.left[i] = 0.5F * std::sin(0.05F * static_cast<float>(i));
@@ -30,7 +29,8 @@ protected:
         return std::filesystem::file_size(folder_ / "out" / name) >= 9600 * 4;
     }
 
-    const std::filesystem::path folder_ = testing::TempDir() + "audition";
+    const test::TemporaryFolder temporary_;
+    const std::filesystem::path folder_ = temporary_.path();
     const std::string own_ = folder_ / "own <sound>.wav";
 };
 

@@ -1,4 +1,6 @@
-#include "demo/CommandRun.h"
+#include "demo/tour/CommandRun.h"
+
+#include "demo/ModulationTrace.h"
 
 #include <array>
 #include <chrono>

@@ -1,4 +1,4 @@
-#include "demo/DemoSetting.h"
+#include "demo/tour/DemoSetting.h"
 
 #include <nlohmann/json.hpp>
 
@@ -9,11 +9,19 @@ namespace pedl::demo {
 
 namespace {
 
-DemoSetting settingFrom(const nlohmann::json& row) {
-    DemoSetting setting;
+/// The words of a row; what is not there is taken from `otherwise`.
+SettingWords wordsFrom(const nlohmann::json& row, const SettingWords& otherwise) {
+    return {row.value("title", otherwise.title), row.value("listen", otherwise.listen)};
+}
+
+DemoSetting settingFrom(const nlohmann::json& row, int number) {
+    DemoSetting setting{};
+    setting.number = number;
     row.at("name").get_to(setting.name);
-    row.at("title").get_to(setting.title);
-    row.at("listen").get_to(setting.listen);
+    setting.words = {row.at("title"), row.at("listen")};
+    const nlohmann::json own = row.value("own", nlohmann::json::object());
+    setting.ownWords = wordsFrom(own, setting.words);
+    setting.ownSets = own.value("set", setting.ownSets);
     row.at("material").get_to(setting.material);
     row.at("program").get_to(setting.program);
     row.at("set").get_to(setting.sets);
@@ -32,7 +40,7 @@ std::vector<DemoSetting> readSettings(const std::string& path) try {
         throw std::runtime_error("cannot be read");
     std::vector<DemoSetting> settings;
     for (const nlohmann::json& row : nlohmann::json::parse(file))
-        settings.push_back(settingFrom(row));
+        settings.push_back(settingFrom(row, static_cast<int>(settings.size()) + 1));
     return settings;
 } catch (const std::exception& error) {
     throw std::runtime_error(path + ": " + error.what());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "demo/DemoSetting.h"
+#include "demo/tour/DemoSetting.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -8,9 +8,6 @@
 #include <vector>
 
 namespace pedl::demo {
-
-/// Frames in a block of the demonstration's renderings: a point of a trace each 1.3 ms at 48 kHz.
-constexpr std::int32_t kBlockFrames = 64;
 
 /// How a rendering went.
 struct Rendering {
