@@ -42,7 +42,9 @@ std::size_t silenceNoNumbers(StereoSound& sound) {
 std::vector<std::string> notesOn(const AudioReader& file, const StereoSound& sound,
                                  std::size_t noNumbers) {
     std::vector<std::string> notes;
-    const double seconds = static_cast<double>(file.lengthFrames()) / file.sampleRateHz();
+    const double seconds = file.lengthFrames() // a head may leave it open
+                               ? static_cast<double>(*file.lengthFrames()) / file.sampleRateHz()
+                               : sound.lengthSeconds();
     if (file.channels() == 1)
         notes.emplace_back("is mono: left and right get the same");
     if (seconds > kLongestOwnSeconds)

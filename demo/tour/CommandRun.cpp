@@ -26,13 +26,9 @@ std::string quoted(const std::string& word) {
     return text + "'";
 }
 
-/// The plug-in looks for its user's settings here and finds none: pictures and levels are those of
-/// the factory's programs.
-constexpr const char* kNoSettings = "XDG_CONFIG_HOME=/nonexistent ";
-
 /// Runs a program; returns what it wrote to both of its streams.
 std::string run(const std::vector<std::string>& words) {
-    std::string line = kNoSettings;
+    std::string line;
     for (const std::string& word : words)
         line += quoted(word) + " ";
     FILE* pipe = popen((line + "2>&1").c_str(), "r");
@@ -51,7 +47,7 @@ std::string run(const std::vector<std::string>& words) {
 
 std::vector<std::string> renderArguments(const DemoSetting& setting,
                                          const std::filesystem::path& curves) {
-    std::vector<std::string> arguments{"--program", setting.program};
+    std::vector<std::string> arguments{"--factory", "--program", setting.program};
     for (const std::string& assignment : setting.sets)
         arguments.insert(arguments.end(), {"--set", assignment});
     for (const std::string& automation : setting.automations) {
