@@ -83,8 +83,7 @@ void X11Presses::announceVersion() const {
 
 void X11Presses::select(uint32_t events) const {
     send(connection_.xcb(),
-         SelectEvents{
-             {extension_, kSelectEvents, 0}, root_, 1, 0, kAllMasterDevices, 1, events},
+         SelectEvents{{extension_, kSelectEvents, 0}, root_, 1, 0, kAllMasterDevices, 1, events},
          true);
 }
 
