@@ -25,7 +25,8 @@ public:
     CPresetSystemEditor(CPresetSystemEffect* effect, EditorSurroundings surroundings);
     ~CPresetSystemEditor() override;
 
-    /// The effect goes and the editor stays: nothing reaches either from the other any more.
+    /// The effect goes and the editor stays: nothing reaches either from the other any more. An
+    /// open window closes where the calling thread is the one that has opened it or let it idle.
     virtual void detach();
 
     void close() override;

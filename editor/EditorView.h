@@ -39,6 +39,9 @@ public:
     void applyPending();
 
     // Thread: any
+    [[nodiscard]] bool isEditorsThread() const noexcept {
+        return thread_.load() == std::this_thread::get_id();
+    }
     void parameterChanged(std::int32_t index, float normalised) noexcept override;
     void programNameChanged(std::string_view name) noexcept override;
     void programMenuEntryChanged(std::int32_t slot) noexcept override;
@@ -51,9 +54,6 @@ public:
     void forgetEnded() noexcept override;
 
 private:
-    [[nodiscard]] bool isEditorsThread() const noexcept {
-        return thread_.load() == std::this_thread::get_id();
-    }
     void change(std::int32_t index, float value) noexcept;
 
     ChangeTarget& target_;

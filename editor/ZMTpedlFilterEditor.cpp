@@ -32,7 +32,11 @@ ZMTpedlFilterEditor::~ZMTpedlFilterEditor() {
     ZMTpedlFilterEditor::detach();
 }
 
+/// A window that the host has forgotten goes with the effect, and with it an open menu or dialog;
+/// but not while the host may be using it on another thread.
 void ZMTpedlFilterEditor::detach() {
+    if (view().isEditorsThread())
+        close();
     CPresetSystemEditor::detach();
     panel_.effect = nullptr;
 }

@@ -51,6 +51,8 @@ public:
     const xcb_screen_t& screen() const { return window_->screen(); }
     /// The monitor on which the window's middle is, in the frame's space; empty without a window.
     CRect monitorAround() const;
+    /// Where the mouse was at the last event that had a place.
+    const CPoint& lastMouse() const { return lastMouse_; }
     /// Whether there still is a window.
     bool isUsable() const { return window_ && !isDestroyed_ && connection_->isAlive(); }
     /// Not owned; takes itself away.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "vstgui/lib/platform/common/pixmansurface.h"
 #include "vstgui/lib/platform/linux/brokenpipeguard.h"
@@ -46,8 +47,10 @@ bool X11Menu::show(const CRect& place) {
         return false;
     surface_ = canvas_.makeSurface(place.width(), place.height(), scale, *window_);
     window_->map();
+    presses_.emplace(x11_.connection(), x11_.screen().root);
     x11_.connection().flush();
     x11_.setOpenMenu(this);
+    menuMouseMoved(x11_.lastMouse() - place.getTopLeft(), {}); // a drag to an entry begins here
     return true;
 }
 
@@ -55,6 +58,7 @@ void X11Menu::hide() {
     if (x11_.openMenu() == this)
         x11_.setOpenMenu(nullptr);
     surface_.reset();
+    presses_.reset();
     window_.reset();
 }
 
@@ -103,6 +107,8 @@ bool X11Menu::isOurs(const xcb_generic_event_t& event) const {
 }
 
 bool X11Menu::handle(const xcb_generic_event_t& event) {
+    if (presses_ && presses_->isPress(event))
+        return wasPressed_ = true;
     if (!isOurs(event))
         return false;
     const CBaseObjectGuard self(this);
@@ -130,8 +136,9 @@ bool X11Menu::handle(const xcb_generic_event_t& event) {
 
 void X11Menu::pressed(const xcb_button_press_event_t& press) {
     if (const auto notch = wheelNotchOf(press.detail))
-        menuWheel(notch->distance);
-    else if (buttonBit(press.detail) != 0)
+        return menuWheel(notch->distance);
+    wasPressed_ = false; // that was this one
+    if (buttonBit(press.detail) != 0)
         menuMouseDown(inMenu(press.event_x, press.event_y));
 }
 
@@ -148,17 +155,12 @@ void X11Menu::pump() {
 
 /// A press on the menu or the frame comes as an event; all others belong to other windows.
 void X11Menu::closeOnPressElsewhere() {
-    if (!window_)
+    if (!window_ || !std::exchange(wasPressed_, false))
         return;
     xcb_connection_t* const xcb = x11_.connection().xcb();
     const auto pointer =
         owned(xcb_query_pointer_reply(xcb, xcb_query_pointer(xcb, window_->id()), nullptr));
     if (!pointer)
-        return;
-    constexpr uint16_t kAnyButton = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
-    const bool wasHeld = isHeld_;
-    isHeld_ = (pointer->mask & kAnyButton) != 0;
-    if (wasHeld || !isHeld_)
         return;
     const CPoint where = inMenu(pointer->win_x, pointer->win_y);
     CPoint inFrame;

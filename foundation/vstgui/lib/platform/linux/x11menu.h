@@ -1,9 +1,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "vstgui/lib/platform/common/framemenu.h"
 #include "vstgui/lib/platform/linux/x11canvas.h"
+#include "vstgui/lib/platform/linux/x11presses.h"
 #include "vstgui/lib/platform/linux/x11window.h"
 
 namespace VSTGUI {
@@ -14,15 +16,15 @@ class X11Frame;
 /// An open menu as a window of its own, so that the frame's edge does not cut it.
 ///
 /// Grabs nothing: a grab could outlive the menu, or a host that is stopped. The frame has the
-/// keyboard and sends the keys here first. A press somewhere else on the screen is seen by asking
-/// for the pointer at each pump.
+/// keyboard and sends the keys here first. A press somewhere else on the screen is told by the
+/// server, however short it is; where it cannot, the loss of the keyboard closes the menu.
 class X11Menu : public FrameMenu {
 public:
     explicit X11Menu(X11Frame& frame);
 
     /// @return whether the event was the menu's; the menu may be closed then
     bool handle(const xcb_generic_event_t& event);
-    /// Looks for a press elsewhere, scrolls on. At each pump.
+    /// Closes after a press elsewhere, scrolls on. At each pump.
     void pump();
     /// Shows what has changed.
     void paint();
@@ -47,8 +49,9 @@ private:
     X11Canvas canvas_;
     std::unique_ptr<X11Window> window_;
     std::unique_ptr<PixmanSurface> surface_;
+    std::optional<X11Presses> presses_; // while open
     uint64_t pulsedMs_ = 0;
-    bool isHeld_ = true; // a mouse button, when last asked: the press that opened the menu counts
+    bool wasPressed_ = false; // somewhere, and not on the menu as far as is known
     bool isExposed_ = false;
 };
 
