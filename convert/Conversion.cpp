@@ -78,14 +78,11 @@ Done putIntoSlot(const std::string& text, Document& bank) {
 Result<Document> readAll(const std::vector<std::string>& paths) {
     if (paths.size() == 1)
         return readDocument(paths.front());
-    const Result<Document> bank = converted(factoryDocument(), DocumentKind::Bank);
-    if (!bank.ok())
-        return bank;
-    Document joined = bank.value();
-    for (std::size_t slot = 0; slot < paths.size(); ++slot)
-        if (const Done put = readIntoSlot(paths[slot], slot, joined); !put.ok())
+    Result<Document> bank = converted(factoryDocument(), DocumentKind::Bank);
+    for (std::size_t slot = 0; bank.ok() && slot < paths.size(); ++slot)
+        if (const Done put = readIntoSlot(paths[slot], slot, bank.value()); !put.ok())
             return put.problem();
-    return joined;
+    return bank;
 }
 
 /// A name of a program as a part of one of a file: nothing that a path or a shell takes for its
@@ -146,10 +143,11 @@ Result<std::vector<ProgramFile>> split(const std::string& in, const std::string&
         Document program;
         program.kind = DocumentKind::Program;
         program.programs = {bank.programs[slot]};
-        std::string number = std::to_string(slot);
-        number.insert(0, 3 - std::min<std::size_t>(3, number.size()), '0'); // sorted as slots are
+        std::string name = std::to_string(slot);
+        name.insert(0, 3 - std::min<std::size_t>(3, name.size()), '0'); // sorted as slots are
+        name.append(" ").append(nameForFiles(bank.programs[slot].name)).append(ending);
         files.push_back(
-            {number + ' ' + nameForFiles(bank.programs[slot].name) + ending,
+            {name,
              {isText ? bytesOf(textForm(program)) : storedForm(program), DocumentKind::Program,
               isText, slot == 0 ? bank.warnings : std::vector<std::string>()}});
     }

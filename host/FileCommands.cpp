@@ -26,7 +26,7 @@ Result<std::string> writeProgramFiles(const std::vector<ProgramFile>& files,
     if (!std::filesystem::is_directory(folder))
         return Problem{folder.string() + ": is no folder" + (error ? ": " + error.message() : "")};
     for (const ProgramFile& file : files) {
-        const Result<std::string> written = writeConversion(file.content, folder / file.name);
+        Result<std::string> written = writeConversion(file.content, folder / file.name);
         if (!written.ok())
             return written;
     }

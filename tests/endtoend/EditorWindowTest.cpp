@@ -101,8 +101,8 @@ protected:
         return childrenOf(root) - 1; // the host's own
     }
     std::size_t childrenOf(xcb_window_t window) const {
-        const auto tree = VSTGUI::owned(xcb_query_tree_reply(
-            program->xcb(), xcb_query_tree(program->xcb(), window), nullptr));
+        const auto tree = VSTGUI::owned(
+            xcb_query_tree_reply(program->xcb(), xcb_query_tree(program->xcb(), window), nullptr));
         return tree ? tree->children_len : 0;
     }
 
