@@ -55,6 +55,13 @@ Result<RenderRequest> commonRequest(const CommandLine& line) {
     request.start = startingState(line);
     request.automations = line.automations;
     give(line.midi, request.midi);
+    request.bits = line.bits;
+    if (!line.format.empty()) {
+        const Result<AudioFormat> named = AudioFormat::named(line.format);
+        if (!named.ok())
+            return named.problem().of("--format");
+        request.format = named.value();
+    }
     request.keepsExisting = line.keepsExisting;
     request.isStrict = line.isStrict;
     request.isQuiet = line.isQuiet;
@@ -100,34 +107,20 @@ Result<std::filesystem::path> pluginFor(const CommandLine& line) {
 }
 
 Result<std::vector<RenderRequest>> renderRequests(const CommandLine& line) {
-    const Result<RenderRequest> common = commonRequest(line);
+    Result<RenderRequest> common = commonRequest(line);
     if (!common.ok())
         return common.problem();
-    std::optional<AudioFormat> format;
-    if (!line.format.empty()) {
-        const Result<AudioFormat> named = AudioFormat::named(line.format);
-        if (!named.ok())
-            return named.problem().of("--format");
-        format = named.value();
-    }
     if (!line.folder.empty())
-        return renderBatch(common.value(), line.files, line.folder, format, line.bits);
+        return renderBatch(common.value(), line.files, line.folder);
     const Result<SourcesAndTarget> files = sourcesAndTarget(line);
     if (!files.ok())
         return files.problem();
     if (files.value().sources.size() > 1)
         return Problem{"IN and OUT are two files, not " + std::to_string(line.files.size()) +
                        "; --to FOLDER takes many"};
-    RenderRequest request = common.value();
-    request.in = files.value().sources.front();
-    request.out = files.value().target;
-    Result<AudioFormat> own = format ? Result(*format) : AudioFormat::ofFile(request.out);
-    if (own.ok() && !line.bits.empty())
-        own = own.value().withBits(line.bits);
-    if (!own.ok())
-        return own.problem();
-    request.format = own.value();
-    return std::vector{request};
+    common.value().in = files.value().sources.front();
+    common.value().out = files.value().target;
+    return std::vector{std::move(common.value())};
 }
 
 Result<ShowRequest> showRequest(const CommandLine& line) {

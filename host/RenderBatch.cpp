@@ -11,33 +11,26 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Result<AudioFormat> formatFor(const fs::path& file, const std::optional<AudioFormat>& wanted,
-                              const std::string& bits) {
-    Result<AudioFormat> format = wanted ? Result(*wanted) : AudioFormat::ofFile(file);
-    if (!format.ok())
-        format = AudioFormat::named("wav");
-    return bits.empty() ? format : format.value().withBits(bits);
+/// That of the file itself, where it can be written.
+AudioFormat formatLike(const fs::path& file) {
+    const Result<AudioFormat> own = AudioFormat::ofFile(file);
+    return own.ok() ? own.value() : AudioFormat();
 }
 
 } // namespace
 
 Result<std::vector<RenderRequest>> renderBatch(const RenderRequest& common,
                                                const std::vector<std::string>& files,
-                                               const fs::path& folder,
-                                               const std::optional<AudioFormat>& format,
-                                               const std::string& bits) {
+                                               const fs::path& folder) {
     std::vector<RenderRequest> requests;
     std::map<fs::path, std::string> sources; // by what becomes of them
     for (const std::string& file : files) {
         if (file == kStandardStream)
             return Problem{"--to: standard input has no name to be called by"};
-        const Result<AudioFormat> own = formatFor(file, format, bits);
-        if (!own.ok())
-            return own.problem().of("--bits");
         RenderRequest request = common;
         request.in = file;
-        request.out = folder / request.in.filename().replace_extension(own.value().ending());
-        request.format = own.value();
+        request.format = common.format.value_or(formatLike(file));
+        request.out = folder / request.in.filename().replace_extension(request.format->ending());
         const auto [place, isNew] = sources.emplace(request.out, file);
         if (!isNew)
             return Problem{place->second + " and " + file + " would both become " +

@@ -4,7 +4,6 @@
 #include "host/RenderCommand.h"
 
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,14 +12,12 @@ namespace pedl {
 /// Requests that render many files alike into one folder, each under its own name with the ending
 /// of its format. The folder is made where it is missing.
 ///
-/// @param common   what holds for all; its `in`, `out` and `format` do not count
-/// @param format   of all; without one each file keeps that of its ending, or becomes a WAV
-/// @param bits     the form of samples; empty: the format's own
+/// @param common  what holds for all; its `in` and `out` do not count, and without a format each
+/// file
+///                keeps that of its ending, or becomes a WAV
 /// @return a problem where two of them would be one file, or the folder is none
 Result<std::vector<RenderRequest>> renderBatch(const RenderRequest& common,
                                                const std::vector<std::string>& files,
-                                               const std::filesystem::path& folder,
-                                               const std::optional<AudioFormat>& format,
-                                               const std::string& bits);
+                                               const std::filesystem::path& folder);
 
 } // namespace pedl

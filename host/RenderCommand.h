@@ -17,10 +17,11 @@ constexpr double kLongestTailSeconds = 60.0;
 
 /// What `zmt-pedlfilter render` was asked for, numbers in range already.
 struct RenderRequest {
-    std::filesystem::path in;   // "-" is standard input
-    std::filesystem::path out;  // "-" is standard output
-    AudioFormat format;         // of `out`
-    bool keepsExisting = false; // a file that stands at `out` already
+    std::filesystem::path in;          // "-" is standard input
+    std::filesystem::path out;         // "-" is standard output
+    std::optional<AudioFormat> format; // of `out`; nothing: what its ending says
+    std::string bits;                  // another form of its samples; empty: the format's own
+    bool keepsExisting = false;        // a file that stands at `out` already
     std::filesystem::path plugin;
     StartingState start;
     std::vector<std::string> automations; // "parameter=curve.csv"

@@ -35,6 +35,15 @@ Done checkOutput(const RenderRequest& request) {
     return done();
 }
 
+Result<AudioFormat> outputFormat(const RenderRequest& request) {
+    Result<AudioFormat> format =
+        request.format ? Result(*request.format) : AudioFormat::ofFile(request.out);
+    if (!format.ok() || request.bits.empty())
+        return format;
+    format = format.value().withBits(request.bits);
+    return format.ok() ? format : format.problem().of("--bits");
+}
+
 Done checkPlugin(const Plugin& plugin, const RenderRequest& request) {
     const std::string name = request.plugin.string();
     if (const Done able = plugin.processesFiles(); !able.ok())
@@ -91,8 +100,9 @@ Result<std::vector<std::string>> setUp(Plugin& plugin, const RenderRequest& requ
     return applyStartingState(plugin, request.start);
 }
 
-SoundDescription descriptionOf(const RenderRequest& request, const AudioReader& reader, Tail tail) {
-    SoundDescription sound{request.format, reader.sampleRateHz(), {}, {}, reader.tags()};
+SoundDescription descriptionOf(const RenderJob& job, Tail tail) {
+    const AudioReader& reader = job.reader;
+    SoundDescription sound{job.format, reader.sampleRateHz(), {}, {}, reader.tags()};
     if (reader.lengthFrames())
         sound.mostFrames = *reader.lengthFrames() + tail.frames;
     if (!tail.endsInSilence)
@@ -122,6 +132,9 @@ Result<RenderJob> prepareRender(const RenderRequest& request) {
         return reader.problem();
     if (const Done checked = checkOutput(request); !checked.ok())
         return checked.problem();
+    const Result<AudioFormat> format = outputFormat(request);
+    if (!format.ok())
+        return format.problem();
     const double rateHz = reader.value().sampleRateHz();
     Result<std::unique_ptr<Plugin>> plugin =
         Plugin::load(request.plugin, {rateHz, request.blockFrames});
@@ -144,6 +157,7 @@ Result<RenderJob> prepareRender(const RenderRequest& request) {
             return checked.problem();
     return RenderJob{request,
                      std::move(reader.value()),
+                     format.value(),
                      std::move(plugin.value()),
                      std::move(curves.value()),
                      std::move(midi.value()),
@@ -154,8 +168,7 @@ Result<RenderReport> runRender(RenderJob& job) {
     const RenderRequest& request = job.request;
     const double rateHz = job.reader.sampleRateHz();
     const Tail tail{std::llround(request.tailSeconds * rateHz), request.tailEndsInSilence};
-    Result<AudioWriter> writer =
-        AudioWriter::create(request.out, descriptionOf(request, job.reader, tail));
+    Result<AudioWriter> writer = AudioWriter::create(request.out, descriptionOf(job, tail));
     if (!writer.ok())
         return writer.problem();
 

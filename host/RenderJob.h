@@ -14,6 +14,7 @@ namespace pedl {
 struct RenderJob {
     RenderRequest request;
     AudioReader reader;
+    AudioFormat format;             ///< of the output
     std::unique_ptr<Plugin> plugin; ///< as the sound is to find it
     std::vector<Automation> curves;
     std::optional<MidiFile> midi;
