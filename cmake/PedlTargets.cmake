@@ -35,7 +35,9 @@ target_compile_options(pedl_options INTERFACE
     # The same sources give the same bytes wherever they are built.
     -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build
     -fstack-protector-strong -fstack-clash-protection -fcf-protection -ffunction-sections
-    -fdata-sections)
+    -fdata-sections
+    # A source that another one includes may have unnamed namespaces.
+    $<$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>:-Wno-subobject-linkage>)
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
     target_compile_options(pedl_options INTERFACE
         $<$<NOT:$<BOOL:$<TARGET_PROPERTY:PEDL_UNOPTIMISED>>>:-D_FORTIFY_SOURCE=2>)
@@ -99,8 +101,7 @@ endfunction()
 # precompiled header, are compiled several at a time and not optimised, whatever the preset: their
 # assertions are compiled once and run once, and made up more than half of a build's time. What is tested is optimised as ever.
 # ccache needs -fpch-preprocess to tell what the header holds.
-set(pedl_test_flags -O0 -fpch-preprocess
-    -Wno-subobject-linkage) # of what stands in unnamed namespaces of a source that another includes
+set(pedl_test_flags -O0 -fpch-preprocess)
 if(CMAKE_CXX_FLAGS MATCHES "undefined")
     list(APPEND pedl_test_flags -fno-sanitize=undefined) # a third of their time, and only theirs
 endif()
