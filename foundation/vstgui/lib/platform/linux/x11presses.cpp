@@ -10,7 +10,7 @@ namespace {
 
 // The two requests and the event, as the extension's protocol has them: too few for a library.
 
-constexpr const char kName[] = "XInputExtension";
+constexpr const char kExtensionName[] = "XInputExtension";
 constexpr uint8_t kSelectEvents = 46;
 constexpr uint8_t kQueryVersion = 47;
 constexpr uint16_t kAllMasterDevices = 1;
@@ -61,7 +61,7 @@ X11Presses::X11Presses(X11Connection& connection, xcb_window_t root)
     : connection_(connection), root_(root) {
     xcb_connection_t* const xcb = connection_.xcb();
     const auto found = owned(xcb_query_extension_reply(
-        xcb, xcb_query_extension(xcb, sizeof(kName) - 1, kName), nullptr));
+        xcb, xcb_query_extension(xcb, sizeof(kExtensionName) - 1, kExtensionName), nullptr));
     if (!found || !found->present)
         return;
     extension_ = found->major_opcode;
