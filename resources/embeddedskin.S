@@ -1,16 +1,8 @@
-/* What pack-skin made, found through the include path. */
+/* What pack-skin made. */
+
+#include "foundation/basics/embed.inc"
 
     .section .rodata.pedlSkin, "a", %progbits
-    .balign 16
-    .globl pedlSkin
-    .hidden pedlSkin
-    .type pedlSkin, %object
-pedlSkin:
-    .incbin "skin.packed"
-    .size pedlSkin, . - pedlSkin
-    .globl pedlSkinEnd
-    .hidden pedlSkinEnd
-pedlSkinEnd:
-    .byte 0
+    embed pedlSkin, "skin.packed"
 
     .section .note.GNU-stack, "", %progbits

@@ -1,23 +1,11 @@
-/* The four faces that cut-fonts made, found through the include path. */
+/* The four faces that cut-fonts made. */
 
-    .macro face name, file
-    .balign 16
-    .globl \name
-    .hidden \name
-    .type \name, %object
-\name:
-    .incbin "\file"
-    .size \name, . - \name
-    .globl \name\()End
-    .hidden \name\()End
-\name\()End:
-    .byte 0
-    .endm
+#include "foundation/basics/embed.inc"
 
     .section .rodata.pedlSans, "a", %progbits
-    face pedlSansRegular, "sans-regular.ttf"
-    face pedlSansBold, "sans-bold.ttf"
-    face pedlSansItalic, "sans-italic.ttf"
-    face pedlSansBoldItalic, "sans-bolditalic.ttf"
+    embed pedlSansRegular, "sans-regular.ttf"
+    embed pedlSansBold, "sans-bold.ttf"
+    embed pedlSansItalic, "sans-italic.ttf"
+    embed pedlSansBoldItalic, "sans-bolditalic.ttf"
 
     .section .note.GNU-stack, "", %progbits
