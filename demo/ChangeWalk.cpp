@@ -1,5 +1,6 @@
 #include "demo/ChangeWalk.h"
 
+#include "demo/Levels.h"
 #include "demo/Material.h"
 #include "demo/ProgramPlay.h"
 #include "presets/FactoryPrograms.h"
@@ -30,10 +31,6 @@ Peaks peaksOf(const StereoSound& sound, std::size_t from, std::size_t frames) {
                                   static_cast<double>(std::abs(x[i] - 2.0F * x[i - 1] + x[i - 2])));
         }
     return peaks;
-}
-
-double db(double factor) {
-    return 20.0 * std::log10(factor);
 }
 
 /// The pad, faded at both ends so that it can be begun again.
@@ -71,8 +68,8 @@ void walkFrom(int first, int programs, const StereoSound& pad, const std::vector
             frame += settle;
             const Peaks& a = own[static_cast<std::size_t>(here)];
             const Peaks& b = own[static_cast<std::size_t>(there)];
-            changes.push_back({here, there, db(whole.level / std::max(a.level, b.level)),
-                               db(start.bend / std::max(a.bend, b.bend))});
+            changes.push_back({here, there, decibelsOf(whole.level / std::max(a.level, b.level)),
+                               decibelsOf(start.bend / std::max(a.bend, b.bend))});
         };
         step(from, from);
         changes.pop_back(); // the start is no change

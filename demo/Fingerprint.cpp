@@ -5,6 +5,7 @@
 #include <numbers>
 #include <span>
 
+#include "demo/Levels.h"
 #include "demo/RealTransform.h"
 
 namespace pedl::demo {
@@ -26,7 +27,7 @@ constexpr double kNarrowestDb = -30.0; ///< a side below this is mono
 constexpr double kCrestStepDb = 1.5;
 
 double powerDb(double power) {
-    return 10.0 * std::log10(std::max(power, kFloorPower));
+    return decibelsOfPower(power, kFloorPower);
 }
 
 double bandOf(double hertz) {

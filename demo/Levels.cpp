@@ -5,16 +5,6 @@
 
 namespace pedl::demo {
 
-namespace {
-
-constexpr double kSilence = 1e-8; // -160 dB: silence has a figure too
-
-double decibels(double level) {
-    return 20.0 * std::log10(std::max(level, kSilence));
-}
-
-} // namespace
-
 Levels levelsOf(const StereoSound& sound) {
     double energy = 0.0;
     double peak = 0.0;
@@ -24,7 +14,15 @@ Levels levelsOf(const StereoSound& sound) {
             peak = std::max(peak, std::abs(sample));
         }
     const double samples = std::max(1.0, 2.0 * static_cast<double>(sound.lengthFrames()));
-    return {decibels(std::sqrt(energy / samples)), decibels(peak)};
+    return {decibelsOf(std::sqrt(energy / samples)), decibelsOf(peak)};
+}
+
+double decibelsOf(double level, double least) {
+    return 20.0 * std::log10(std::max(level, least));
+}
+
+double decibelsOfPower(double power, double least) {
+    return 10.0 * std::log10(std::max(power, least));
 }
 
 } // namespace pedl::demo

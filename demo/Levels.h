@@ -13,4 +13,10 @@ struct Levels {
 
 Levels levelsOf(const StereoSound& sound);
 
+/// A linear level in decibels; what is lower than `least` has its figure, so that silence has one.
+[[nodiscard]] double decibelsOf(double level, double least = 1e-8);
+
+/// A power, in the same way.
+[[nodiscard]] double decibelsOfPower(double power, double least = 1e-16);
+
 } // namespace pedl::demo

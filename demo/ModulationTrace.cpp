@@ -1,5 +1,7 @@
 #include "demo/ModulationTrace.h"
 
+#include "demo/Levels.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -17,7 +19,7 @@ double octavesBetween(double oneHz, double otherHz) {
 
 double decibelsBetween(double one, double other) {
     constexpr double kSilentGain = 1e-6; // two that are lower are both silent
-    return std::abs(20.0 * std::log10(std::max(one, kSilentGain) / std::max(other, kSilentGain)));
+    return std::abs(decibelsOf(one, kSilentGain) - decibelsOf(other, kSilentGain));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "demo/Movement.h"
 
+#include "demo/Levels.h"
 #include "demo/ProgramPlay.h"
 #include "demo/Synthesis.h"
 
@@ -12,6 +13,7 @@ namespace pedl::demo {
 namespace {
 
 constexpr double kSettleSeconds = 0.5;
+constexpr double kSilentGain = 1e-5; // a gate that is shut is no more than -100 dB down
 
 template <typename Pick> Curve curveOf(const ModulationTrace& trace, const Pick& pick) {
     Curve curve;
@@ -68,7 +70,7 @@ double octave(double hertz) {
 }
 
 double decibel(double gain) {
-    return 20.0 * std::log10(std::max(gain, 1e-5));
+    return decibelsOf(gain, kSilentGain);
 }
 
 Curve cutoffOf(const ModulationTrace& trace) {

@@ -1,13 +1,12 @@
 #include "demo/OwnSound.h"
 
 #include "demo/Levels.h"
+#include "foundation/text/FormattedText.h"
 #include "foundation/text/PrintableText.h"
 #include "foundation/text/Utf8.h"
 #include "host/AudioReader.h"
 
-#include <array>
 #include <cmath>
-#include <cstdio>
 #include <stdexcept>
 
 namespace pedl::demo {
@@ -19,12 +18,6 @@ constexpr double kShortSeconds = 2.0;
 
 /// Of a stem: a file system takes 255, and what is made from it has a name behind it.
 constexpr std::size_t kMostStemBytes = 120;
-
-std::string formatted(const char* format, double value) {
-    std::array<char, 128> text{};
-    std::snprintf(text.data(), text.size(), format, value);
-    return text.data();
-}
 
 /// Puts silence in the place of what is no number.
 /// @return of how many samples
@@ -48,13 +41,13 @@ std::vector<std::string> notesOn(const AudioReader& file, const StereoSound& sou
     if (file.channels() == 1)
         notes.emplace_back("is mono: left and right get the same");
     if (seconds > kLongestOwnSeconds)
-        notes.push_back(formatted("lasts %.1f s", seconds) +
-                        formatted(": its first %.0f s are taken", kLongestOwnSeconds));
+        notes.push_back(
+            formatted("lasts %.1f s: its first %.0f s are taken", seconds, kLongestOwnSeconds));
     if (seconds < kShortSeconds)
         notes.push_back(formatted("lasts %.2g s: slow movements do not come round", seconds));
     if (const double peakDb = levelsOf(sound).peakDb; peakDb > 0.0)
-        notes.push_back(formatted("peaks at %+.1f dBFS", peakDb) +
-                        ": what is beyond full scale is cut off when it is played");
+        notes.push_back(formatted(
+            "peaks at %+.1f dBFS: what is beyond full scale is cut off when it is played", peakDb));
     if (noNumbers > 0)
         notes.push_back("has " + std::to_string(noNumbers) +
                         " samples that are no numbers: silence stands for them");

@@ -8,7 +8,7 @@
 
 namespace pedl::demo {
 
-/// A sound that is cut here: longer pictures show less.
+/// Where a longer one is cut: in a longer picture there is less to see.
 constexpr double kLongestOwnSeconds = 30.0;
 
 /// A sound of the user's own, heard in place of the material.

@@ -4,6 +4,7 @@
 #include "demo/Material.h"
 #include "demo/Movement.h"
 #include "demo/ProgramPlay.h"
+#include "foundation/text/FormattedText.h"
 #include "parameters/ParameterIndex.h"
 #include "presets/FactoryNotes.h"
 
@@ -11,7 +12,6 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <cstdio>
 
 namespace pedl::demo {
 
@@ -31,9 +31,7 @@ struct Case {
     std::vector<Promise> promises;
 
     void expect(const char* what, double figure, double least, double most) {
-        std::array<char, 96> text{};
-        std::snprintf(text.data(), text.size(), "%s %.2f", what, figure);
-        promises.push_back({text.data(), figure >= least && figure <= most});
+        promises.push_back({formatted("%s %.2f", what, figure), figure >= least && figure <= most});
     }
 };
 

@@ -5,6 +5,7 @@
 #include <numbers>
 #include <span>
 
+#include "demo/Levels.h"
 #include "demo/RealTransform.h"
 
 namespace pedl::demo {
@@ -79,10 +80,6 @@ double shareOfShortWindow(double hertz) {
         std::log(hertz / kAllLongBelowHz) / std::log(kAllShortAboveHz / kAllLongBelowHz), 0.0, 1.0);
 }
 
-double decibelsOfPower(double power) {
-    return 10.0 * std::log10(std::max(power, kSilencePower));
-}
-
 } // namespace
 
 double FrequencyAxis::positionOf(double hertz) const {
@@ -113,7 +110,8 @@ Spectrogram::Spectrogram(const StereoSound& sound, const FrequencyAxis& axis, st
                 axis.hertzAt(static_cast<double>(row + 1) / static_cast<double>(rows));
             const auto levelIn = [&](std::span<const double> power, double windowFrames) {
                 const double binsPerHz = windowFrames / sound.sampleRateHz;
-                return decibelsOfPower(strongest(power, fromHz * binsPerHz, toHz * binsPerHz));
+                return decibelsOfPower(strongest(power, fromHz * binsPerHz, toHz * binsPerHz),
+                                       kSilencePower);
             };
             levelsDb_[column * rows + row] =
                 std::lerp(levelIn(longPower, longTransform.frames()),

@@ -1,5 +1,6 @@
 #include "host/Listings.h"
 
+#include "foundation/text/FormattedText.h"
 #include "foundation/text/NameMatch.h"
 #include "foundation/text/PrintableText.h"
 #include "foundation/text/Utf8.h"
@@ -97,9 +98,7 @@ template <std::size_t Bytes> std::string field(const char (&characters)[Bytes]) 
 }
 
 std::string fourDecimals(float value) {
-    std::array<char, 32> digits{};
-    std::snprintf(digits.data(), digits.size(), "%.4f", static_cast<double>(value));
-    return digits.data();
+    return formatted("%.4f", static_cast<double>(value));
 }
 
 Json number(float value) {

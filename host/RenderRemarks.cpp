@@ -1,10 +1,9 @@
 #include "host/RenderRemarks.h"
 
 #include "convert/DocumentReader.h"
+#include "foundation/text/FormattedText.h"
 
-#include <array>
 #include <cmath>
-#include <cstdio>
 #include <set>
 
 namespace pedl {
@@ -13,12 +12,6 @@ namespace {
 
 double dbfs(double peak) {
     return 20.0 * std::log10(peak);
-}
-
-template <typename... Values> std::string formatted(const char* pattern, Values... values) {
-    std::array<char, 160> line{};
-    std::snprintf(line.data(), line.size(), pattern, values...);
-    return line.data();
 }
 
 std::string listOf(const std::set<int>& numbers) {

@@ -1,5 +1,6 @@
 #include "demo/page/SoundPage.h"
 
+#include "demo/Levels.h"
 #include "demo/Spectrogram.h"
 #include "host/OutputFile.h"
 
@@ -85,7 +86,7 @@ Json curve(const ModulationTrace& trace, std::size_t points, const Height& heigh
 }
 
 double gainHeight(double gain) {
-    const double gainDb = 20.0 * std::log10(std::max(gain, 1e-4));
+    const double gainDb = decibelsOf(gain);
     return (gainDb - kGainLowDb) / (kGainHighDb - kGainLowDb);
 }
 

@@ -4,6 +4,7 @@
 #include "demo/tour/PictureLayout.h"
 #include "demo/tour/PictureSound.h"
 #include "demo/tour/PictureTraces.h"
+#include "foundation/text/FormattedText.h"
 
 #include <array>
 #include <cmath>
@@ -60,10 +61,8 @@ void drawTimeAxis(cairo_t* pen, const PictureLayout& layout) {
             drawLine(pen, x, panel.spectrum.y, x, panel.spectrum.bottom());
             drawLine(pen, x, panel.waves.y, x, panel.waves.bottom());
         }
-        std::array<char, 16> text{};
-        std::snprintf(text.data(), text.size(), "%g", mark * step);
         setColour(pen, kFaintText, 1.0);
-        write(pen, text.data(), x, below + 18.0, 0.5);
+        write(pen, formatted("%g", mark * step), x, below + 18.0, 0.5);
     }
     const Rectangle& area = layout.top().spectrum;
     write(pen, "time (s)", area.x + area.width / 2.0, below + 36.0, 0.5);

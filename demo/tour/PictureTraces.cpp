@@ -1,9 +1,10 @@
 #include "demo/tour/PictureTraces.h"
 
+#include "demo/Levels.h"
+#include "foundation/text/FormattedText.h"
+
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstdio>
 #include <functional>
 
 namespace pedl::demo {
@@ -75,10 +76,6 @@ void drawTrace(cairo_t* pen, const Rectangle& area, const std::vector<Extent>& c
     cairo_stroke(pen);
 }
 
-double decibels(double gain) {
-    return 20.0 * std::log10(std::max(gain, 1e-6));
-}
-
 void drawGainAxis(cairo_t* pen, const Panel& panel) {
     const double right = panel.spectrum.right();
     setFont(pen, kSmallPixels, CAIRO_FONT_WEIGHT_NORMAL);
@@ -87,10 +84,8 @@ void drawGainAxis(cairo_t* pen, const Panel& panel) {
         const double y = panel.yOfGain(gainDb);
         setColour(pen, kGainColour, 0.7);
         drawLine(pen, right, y, right + 5.0, y);
-        std::array<char, 8> text{};
-        std::snprintf(text.data(), text.size(), gainDb == 0 ? "%d" : "%+d", gainDb);
         setColour(pen, kText, 1.0);
-        write(pen, text.data(), right + 9.0, y + 4.0, 0.0);
+        write(pen, gainDb == 0 ? "0" : formatted("%+d", gainDb), right + 9.0, y + 4.0, 0.0);
     }
     writeUpwards(pen, "output gain (dB)", right + 52.0, panel.spectrum.middleY());
 }
@@ -131,8 +126,10 @@ std::vector<LegendEntry> drawTraces(cairo_t* pen, const PictureLayout& layout,
     const double thickPixels = layout.lengthSeconds > kDenseSeconds ? kThinPixels : kThickPixels;
     for (const Panel& panel : layout.panels) {
         const Moving gain{
-            [&](const ModulationPoint& point) { return panel.yOfGain(decibels(point.gainLeft)); },
-            [&](const ModulationPoint& point) { return panel.yOfGain(decibels(point.gainRight)); },
+            [&](const ModulationPoint& point) { return panel.yOfGain(decibelsOf(point.gainLeft)); },
+            [&](const ModulationPoint& point) {
+                return panel.yOfGain(decibelsOf(point.gainRight));
+            },
             {kGainColour, kThinPixels},
             {kGainColour, kThinPixels}};
         const Moving cutoff{

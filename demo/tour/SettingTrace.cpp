@@ -31,7 +31,6 @@ template <typename Value> Value valueOf(Result<Value> result) {
 }
 
 // Settings, as the command understands them
-// --------------------------------------------------------
 
 struct Assignment {
     int index;
@@ -87,7 +86,6 @@ std::vector<Automation> automationsOf(const DemoSetting& setting,
 }
 
 // One run
-// ------------------------------------------------------------------------------------------
 
 struct Run {
     StereoSound output;

@@ -9,9 +9,9 @@
 #include "demo/tour/Picture.h"
 #include "demo/tour/SettingTrace.h"
 #include "demo/tour/StretchedCurves.h"
+#include "foundation/text/FormattedText.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <string>
 #include <utility>
@@ -96,11 +96,8 @@ std::string settingsLine(const DemoSetting& setting) {
         line += "  ·  " + assignment;
     for (const std::string& automation : setting.automations)
         line += "  ·  " + automation.substr(0, automation.find('=')) + " automated";
-    if (setting.tempoBpm) {
-        std::array<char, 32> tempo{};
-        std::snprintf(tempo.data(), tempo.size(), "  ·  %g BPM", *setting.tempoBpm);
-        line += tempo.data();
-    }
+    if (setting.tempoBpm)
+        line += formatted("  ·  %g BPM", *setting.tempoBpm);
     return line;
 }
 
@@ -143,12 +140,8 @@ PageRendering demonstrate(const Stop& stop, const Route& route, const TourReques
 PageEntry entryOf(const Stop& stop, const StereoSound& output) {
     PageEntry entry{stop.setting.number,       stop.words.title, "", stop.words.listen, "",
                     settingsLine(stop.setting)};
-    if (const double peakDb = levelsOf(output).peakDb; peakDb > 0.0) {
-        std::array<char, 64> text{};
-        std::snprintf(text.data(), text.size(), "  ·  peaks at %+.1f dBFS, clipped by players",
-                      peakDb);
-        entry.settings += text.data();
-    }
+    if (const double peakDb = levelsOf(output).peakDb; peakDb > 0.0)
+        entry.settings += formatted("  ·  peaks at %+.1f dBFS, clipped by players", peakDb);
     return entry;
 }
 
