@@ -3,6 +3,7 @@
 #include "convert/Conversion.h"
 #include "foundation/text/NameMatch.h"
 #include "foundation/text/PrintableText.h"
+#include "host/CommandOutput.h"
 #include "host/HelpExamples.h"
 #include "host/HelpFormatter.h"
 #include "host/HelpTexts.h"
@@ -329,8 +330,7 @@ int statusOf(const CLI::App& app, const CLI::ParseError& error) {
         return kWrongUse;
     if (std::cout.flush())
         return 0;
-    std::fputs("zmt-pedlfilter: standard output cannot be written\n", messages());
-    return 1;
+    return fail("standard output cannot be written");
 }
 
 } // namespace

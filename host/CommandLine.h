@@ -9,9 +9,6 @@ namespace pedl {
 /// The sub-commands of zmt-pedlfilter.
 enum class Action { Render, Show, Programs, Parameters, Information, Convert, Diff, Audition };
 
-/// The status of a program that was used wrongly.
-constexpr int kWrongUse = 2;
-
 /// What stands on the command line, as text; nothing of it is looked at yet.
 struct CommandLine {
     Action action = Action::Render;

@@ -1,12 +1,11 @@
 #include "host/CommandRequests.h"
 
+#include "foundation/text/FormattedText.h"
 #include "host/PluginLocator.h"
 #include "host/RenderBatch.h"
 
-#include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 
 namespace pedl {
 
@@ -29,10 +28,8 @@ Result<double> numberWithin(const std::string& option, const std::string& text, 
     const bool isNumber = error == std::errc{} && end == text.data() + text.size();
     if (isNumber && number >= range.lowest && number <= range.highest)
         return number;
-    std::array<char, 128> expected{};
-    std::snprintf(expected.data(), expected.size(), "from %g to %.0f %s", range.lowest,
-                  range.highest, range.meaning);
-    return Problem{option + ": \"" + text + "\" is not a number " + expected.data()};
+    return Problem{option + ": \"" + text + "\" is not a number " +
+                   formatted("from %g to %.0f %s", range.lowest, range.highest, range.meaning)};
 }
 
 /// The word after an option, where there was one.

@@ -1,28 +1,15 @@
 #pragma once
 
-#include "convert/Conversion.h"
-#include "convert/Difference.h"
-#include "convert/DocumentReader.h"
-#include "foundation/text/Result.h"
-
-#include <filesystem>
-#include <string>
-#include <vector>
+#include "host/CommandLine.h"
 
 namespace pedl {
 
-/// The bytes of a text form.
-[[nodiscard]] std::string textOf(const Conversion& conversion);
+// The sub-commands that have to do with stored files alone: they need no plug-in.
 
-/// Replaces the file at `out` whole, or leaves it as it is.
-///
-/// @return the line that tells what was written
-Result<std::string> writeConversion(const Conversion& conversion, const std::string& out);
+/// @return the exit status
+int runConvert(const CommandLine& line);
 
-/// Writes them into a folder, which is made where it is missing.
-///
-/// @return the line that tells how many were written where
-Result<std::string> writeProgramFiles(const std::vector<ProgramFile>& files,
-                                      const std::filesystem::path& folder);
+/// @return 0, 1 or 2, as diff(1)
+int runDiff(const CommandLine& line);
 
 } // namespace pedl

@@ -14,6 +14,8 @@ namespace {
 
 /// OUT must not be a file that the render reads, or one that is to stay.
 Done checkOutput(const RenderRequest& request) {
+    if (request.out == kStandardStream)
+        return done();
     const StartingState& start = request.start;
     const std::string same =
         "is the same file as " + request.in.string() + "; a render cannot replace what it reads";
@@ -25,8 +27,6 @@ Done checkOutput(const RenderRequest& request) {
                                   {request.midi}};
     for (const std::string& text : request.automations)
         inputs.push_back({text.substr(text.find('=') + 1), "is a curve that the render reads"});
-    if (request.out == kStandardStream)
-        return done();
     if (Done checked = checkIsNone(request.out, inputs); !checked.ok())
         return checked;
     std::error_code none;

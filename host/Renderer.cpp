@@ -164,9 +164,12 @@ Done Renderer::write(const Sample* stereo, std::int64_t frames, RenderReport& re
     if (Done written = writer_.write(stereo, frames); !written.ok())
         return written;
     report.frames += frames;
-    if (listener_ && reader_.lengthFrames())
-        listener_(std::min(1.0, static_cast<double>(report.frames) /
-                                    static_cast<double>(*reader_.lengthFrames() + tail_.frames)));
+    if (listener_ && reader_.lengthFrames()) {
+        const std::int64_t expected = // silence comes soon, as a rule
+            *reader_.lengthFrames() + (tail_.endsInSilence ? 0 : tail_.frames);
+        listener_(
+            std::min(1.0, static_cast<double>(report.frames) / static_cast<double>(expected)));
+    }
     if (Interrupt::signalNumber() != 0)
         return Problem{writer_.appearsWhole() ? "interrupted; nothing was written" : "interrupted"};
     return done();

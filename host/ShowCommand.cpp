@@ -1,5 +1,7 @@
 #include "host/ShowCommand.h"
 
+#include "foundation/text/FormattedText.h"
+#include "host/CommandOutput.h"
 #include "host/Interrupt.h"
 #include "host/LivePlayback.h"
 #include "host/Messages.h"
@@ -22,14 +24,8 @@ constexpr VstInt32 kBlockFrames = 512;
 constexpr AudioSetup kUnheard{48000.0, kBlockFrames};
 constexpr std::array kPrivateScreen{"-screen", "0", "4096x3072x24"}; // an editor at any scale
 
-void tell(const std::string& text) {
-    std::fprintf(messages(), "zmt-pedlfilter: %s\n", text.c_str());
-}
-
 void setScale(double scale) {
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%g", scale);
-    setenv("ZMT_EDITOR_SCALE", text.data(), 1);
+    setenv("ZMT_EDITOR_SCALE", formatted("%g", scale).c_str(), 1);
 }
 
 /// The user's display; for a picture one of our own where there is none.
@@ -112,7 +108,7 @@ Result<std::optional<WindowPicture>> showUntilTheEnd(ShownEditor& editor, LivePl
             break;
         }
         if (playback != nullptr && playback->survive())
-            tell("playing on " + playback->description());
+            say("playing on " + playback->description());
         if (!request.screenshot)
             continue;
         if (auto picture = photographer.turn()) {
@@ -141,7 +137,7 @@ Result<std::unique_ptr<Plugin>> loadPlugin(const ShowRequest& request,
     if (!warnings.ok())
         return warnings.problem();
     for (const std::string& warning : warnings.value())
-        tell("warning: " + warning);
+        warn(warning);
     return plugin;
 }
 
@@ -154,7 +150,7 @@ Result<std::optional<WindowPicture>> showEditor(Plugin& plugin, std::optional<Lo
     std::unique_ptr<LivePlayback> playback;
     if (sound) {
         playback = std::make_unique<LivePlayback>(plugin, std::move(*sound), kBlockFrames);
-        tell("playing " + request.play->string() + " " + playback->description());
+        say("playing " + request.play->string() + " " + playback->description());
     }
     return showUntilTheEnd(*editor.value(), playback.get(), request);
 }
