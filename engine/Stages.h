@@ -51,6 +51,10 @@ struct StageTable {
     void (*mix)(StereoStretch& a, double aGain, const StereoStretch& b, double bGain, int frames);
 };
 
+/// One for each set of registers, defined in the source that is compiled for it.
+extern const StageTable kSse2Stages;
+extern const StageTable kAvx2Stages;
+
 [[nodiscard]] const StageTable& stagesFor(InstructionSet instructions) noexcept;
 
 } // namespace pedl

@@ -6,7 +6,6 @@
 
 namespace pedl {
 
-extern const StageTable kAvx2Stages;
 constinit const StageTable kAvx2Stages = stageTableOf<Avx2Lanes>();
 
 } // namespace pedl

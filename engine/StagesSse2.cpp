@@ -5,7 +5,6 @@
 
 namespace pedl {
 
-extern const StageTable kSse2Stages;
 constinit const StageTable kSse2Stages = stageTableOf<Sse2Lanes>();
 
 } // namespace pedl

@@ -233,7 +233,8 @@ private:
     [[gnu::always_inline]] int codeDifference(Coder& coder, PixelOdds::Plane& odds, int difference,
                                               int left, int up) {
         static constexpr std::array<std::uint8_t, 10> kWildnessOf{0, 1, 2, 2, 3, 3, 3, 4, 4, 5};
-        const auto sum = static_cast<std::size_t>(std::abs(left) + std::abs(up));
+        const std::size_t sum =
+            static_cast<std::size_t>(std::abs(left)) + static_cast<std::size_t>(std::abs(up));
         const std::size_t wildness = kWildnessOf[std::min(sum, kWildnessOf.size() - 1)];
         if (!coder.code(odds.isZero[wildness], difference != 0))
             return 0;

@@ -91,7 +91,8 @@ public:
     /// Calls `shade` (Spot) for the Sample of every place, averages them into pixels.
     template <class Shade> [[nodiscard]] Picture light(Shade&& shade) const {
         Picture picture{pixelsWide_, pixelsHigh_, {}};
-        picture.pixels.reserve(static_cast<std::size_t>(pixelsWide_ * pixelsHigh_));
+        picture.pixels.reserve(static_cast<std::size_t>(pixelsWide_) *
+                               static_cast<std::size_t>(pixelsHigh_));
         for (int row = 0; row < pixelsHigh_; ++row)
             for (int column = 0; column < pixelsWide_; ++column)
                 picture.pixels.push_back(pixel(column, row, shade));
