@@ -99,18 +99,14 @@ endfunction()
 
 # pedl_test_program(NAME SOURCES ... LIBS ...): one GoogleTest program. Its own sources start from one
 # precompiled header, are compiled several at a time and not optimised, whatever the preset: their
-# assertions are compiled once and run once, and made up more than half of a build's time. What is tested is optimised as ever.
-# ccache needs -fpch-preprocess to tell what the header holds.
-set(pedl_test_flags -O0 -fpch-preprocess)
-if(CMAKE_CXX_FLAGS MATCHES "undefined")
-    list(APPEND pedl_test_flags -fno-sanitize=undefined) # a third of their time, and only theirs
-endif()
+# assertions are compiled once and run once, and made up more than half of a build's time. What is
+# tested is optimised as ever. ccache needs -fpch-preprocess to tell what the header holds.
 function(pedl_test_program name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES
         PEDL_UNOPTIMISED ON UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
-    target_compile_options(${name} PRIVATE ${pedl_test_flags})
+    target_compile_options(${name} PRIVATE -O0 -fpch-preprocess)
     target_precompile_headers(${name} REUSE_FROM pedl_test_headers)
     target_link_libraries(${name} PRIVATE pedl_options ${ARG_LIBS} GTest::gtest_main)
 endfunction()
