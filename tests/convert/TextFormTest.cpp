@@ -5,6 +5,7 @@
 #include "convert/DocumentReader.h"
 #include "convert/DocumentWriter.h"
 #include "tests/convert/Documents.h"
+#include "tests/support/Thoroughness.h"
 
 #include <gtest/gtest.h>
 
@@ -36,7 +37,7 @@ float valueOf(const Document& document, std::int32_t parameter) {
 
 TEST(TextForm, ComesBackBitForBit) {
     for (const DocumentKind kind : kDocumentKinds)
-        for (unsigned seed = 1; seed < 6; ++seed) {
+        for (unsigned seed = 1; seed <= test::asManyAs(5U); ++seed) {
             const Document before = as(kind, test::randomChunk(seed));
             const Document after = read(textForm(before));
             EXPECT_EQ(after.kind, kind);

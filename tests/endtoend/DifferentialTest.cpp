@@ -10,6 +10,7 @@
 #include "tests/reference/RandomSettings.h"
 #include "tests/support/MemorySettings.h"
 #include "tests/support/RecordingHost.h"
+#include "tests/support/Thoroughness.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -22,12 +23,6 @@ namespace {
 
 using namespace reference;
 using reference::HostTime; // the effect has one of its own
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr std::uint32_t kOneStoryIn = 8; // sanitizers look at memory, not at digits, and are slow
-#else
-constexpr std::uint32_t kOneStoryIn = 1;
-#endif
 
 enum class Call { None, Suspend, Resume, SuspendAndResume, RateAlone, RateAndResume };
 
@@ -338,7 +333,8 @@ protected:
     void compareStories(std::uint32_t seedOtherwise, std::uint32_t count, const Ingredients& with,
                         const std::function<void(Story&, RandomChoice&)>& bend = {}) {
         const TestSeed seed = TestSeed::fromEnvironment(seedOtherwise);
-        for (std::uint32_t number = 0; number < count && !HasFailure(); number += kOneStoryIn) {
+        const std::uint32_t step = count / asManyAs(count);
+        for (std::uint32_t number = 0; number < count && !HasFailure(); number += step) {
             SCOPED_TRACE(testing::Message() << seed << ", story " << number);
             const std::uint32_t storySeed = seed.value * 100000 + seedOtherwise * 1000 + number;
             Story story = tell(storySeed, with);

@@ -1,5 +1,7 @@
 #include "engine/VectorMath.h"
 
+#include "tests/support/Thoroughness.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,7 +15,7 @@ namespace {
 
 using Lanes = xsimd::batch<double, xsimd::sse2>;
 using Samples = std::vector<double>;
-constexpr int kArguments = 400000;
+constexpr int kArguments = test::asManyAs(400000);
 
 template <Lanes function(Lanes)> double valueAt(double x) {
     return function(Lanes(x)).get(0);

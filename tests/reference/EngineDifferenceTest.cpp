@@ -2,11 +2,14 @@
 // the cutting of a stream into blocks, over random settings.
 
 #include "tests/reference/EnginePlayer.h"
+#include "tests/support/Thoroughness.h"
 
 #include <gtest/gtest.h>
 
 namespace pedl::reference {
 namespace {
+
+using test::asManyAs;
 
 double peakOf(const Sound& sound) {
     double peak = 0.0;
@@ -51,7 +54,7 @@ std::vector<ParameterValue> programOf(RandomChoice& random) {
 
 TEST(EngineDifference, MetersAndModulationAreThoseOfThePlainEvaluation) {
     const TestSeed seed = TestSeed::fromEnvironment(1);
-    for (std::uint32_t run = 0; run < 40; ++run) {
+    for (std::uint32_t run = 0; run < asManyAs(40U); ++run) {
         SCOPED_TRACE(testing::Message() << seed << ", run " << run);
         RandomChoice random(seed.value * 1000 + run);
         const double rateHz = random.of<double>({44100.0, 48000.0, 96000.0, 192000.0});
@@ -75,7 +78,7 @@ TEST(EngineDifference, EveryInstructionSetGivesTheSameBits) {
     if (widestInstructionSet() == InstructionSet::Sse2)
         GTEST_SKIP() << "this processor has one set alone";
     const TestSeed seed = TestSeed::fromEnvironment(2);
-    for (std::uint32_t run = 0; run < 100; ++run) {
+    for (std::uint32_t run = 0; run < asManyAs(100U); ++run) {
         SCOPED_TRACE(testing::Message() << seed << ", run " << run);
         RandomChoice random(seed.value * 1000 + run);
         const auto program = randomProgram(random);
@@ -95,7 +98,7 @@ TEST(EngineDifference, EveryInstructionSetGivesTheSameBits) {
 
 TEST(EngineDifference, NeitherTheCutOfTheStreamNorItsMemoryIsHeard) {
     const TestSeed seed = TestSeed::fromEnvironment(3);
-    for (std::uint32_t run = 0; run < 100; ++run) {
+    for (std::uint32_t run = 0; run < asManyAs(100U); ++run) {
         SCOPED_TRACE(testing::Message() << seed << ", run " << run);
         RandomChoice random(seed.value * 1000 + run);
         const auto program = programOf(random);

@@ -1,0 +1,15 @@
+#pragma once
+
+namespace pedl::test {
+
+/// How many of a test's many random cases run: all of them, or an eighth under a sanitizer, which
+/// looks at memory, not at digits, and is slow.
+template <typename Count> constexpr Count asManyAs(Count cases) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    return cases < 8 ? 1 : cases / 8;
+#else
+    return cases;
+#endif
+}
+
+} // namespace pedl::test
