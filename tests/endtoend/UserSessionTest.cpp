@@ -56,20 +56,21 @@ protected:
         return std::string(nameText(name));
     }
 
+    // The story's chapters, in this order.
+    void chooseAndTurn(OpenEditor& mine);
+    void renameAndKeep(OpenEditor& mine);
+    void loadAndRecall(OpenEditor& mine, OpenEditor& other);
+    void setATempo(OpenEditor& mine);
+    void holdCloseAndOpen(OpenEditor& mine);
+
     const TemporaryFolder folder_;
     ManualClock clock_;
     MemorySettings settings_;
     EditLog log_;
 };
 
-INSTANTIATE_TEST_SUITE_P(, UserSession, testing::Values(1.0, 2.0),
-                         [](const auto& scale) { return scale.param == 1.0 ? "once" : "twice"; });
-
-TEST_P(UserSession, EveryControlShowsTheEffectFromTheFirstClickToTheLastOpening) {
-    OpenEditor mine(clock_, settings_, GetParam());
-    expectAllShown(mine);
-
-    // A program from the menu, another knob, and a controller for a third
+/// A program from the menu, another knob, and a controller for a third.
+void UserSession::chooseAndTurn(OpenEditor& mine) {
     mine.click(kPresetMenu);
     for (int entry = 0; entry < 4; ++entry)
         mine.window().keyDown(VKEY_DOWN);
@@ -87,8 +88,10 @@ TEST_P(UserSession, EveryControlShowsTheEffectFromTheFirstClickToTheLastOpening)
     EXPECT_EQ(mine.effect.midiMap().controllerOf(kGain), 20);
     EXPECT_EQ(mine.control(kMidiLearn)->getValue(), 0.0F);
     expectAllShown(mine);
+}
 
-    // Renamed, kept in a file, and loaded by another instance
+/// A new name, and a file.
+void UserSession::renameAndKeep(OpenEditor& mine) {
     mine.click(kPresetNameEdit);
     mine.window().keyDown(VKEY_END);
     mine.window().typeText("!");
@@ -97,19 +100,23 @@ TEST_P(UserSession, EveryControlShowsTheEffectFromTheFirstClickToTheLastOpening)
     EXPECT_EQ(nameOf(mine.effect), "Cry Baby!");
     mine.click(kPresetSave);
     ASSERT_TRUE(std::filesystem::exists(SureUser::file));
-    OpenEditor other(clock_, settings_, GetParam());
+}
+
+/// The file in another instance; what was turned since comes back from A.
+void UserSession::loadAndRecall(OpenEditor& mine, OpenEditor& other) {
     other.click(kPresetLoad);
     EXPECT_EQ(nameOf(other.effect), "Cry Baby!");
     EXPECT_EQ(other.effect.getParameter(kFilterReso), mine.effect.getParameter(kFilterReso));
     expectAllShown(other);
 
-    // A/B, in the other instance as well
     mine.click(kSlotASave);
     mine.drag(kFilterReso, 0, -60);
     mine.click(kSlotARecall);
     EXPECT_EQ(mine.effect.getParameter(kFilterReso), other.effect.getParameter(kFilterReso));
+}
 
-    // A tempo of one's own: its digits while Alt is held over the encoder, a tenth by the wheel
+/// A tempo of one's own: its digits while Alt is held over the encoder, a tenth by the wheel.
+void UserSession::setATempo(OpenEditor& mine) {
     mine.click(kLFOSyncMode);
     EXPECT_EQ(mine.effect.getParameter(kLFOSyncMode), 0.5F);
     EXPECT_NE(mine.control(kLFOSynchroRate), nullptr);
@@ -123,8 +130,10 @@ TEST_P(UserSession, EveryControlShowsTheEffectFromTheFirstClickToTheLastOpening)
     mine.idle();
     EXPECT_NEAR(mine.effect.getParameter(kTempoSetup) - tempo, 0.1F / 585.0F, 1e-6F);
     expectAllShown(mine);
+}
 
-    // Held by a toggle, closed and opened again
+/// Held by a toggle, closed and opened again.
+void UserSession::holdCloseAndOpen(OpenEditor& mine) {
     const CRect modes = mine.control(kFreezMode)->getViewSize();
     mine.click(CPoint(modes.right - 14, modes.top + 25));
     mine.click(kFreez);
@@ -137,6 +146,20 @@ TEST_P(UserSession, EveryControlShowsTheEffectFromTheFirstClickToTheLastOpening)
     EXPECT_EQ(log_.edits(), edits) << "opening is no gesture";
     expectAllShown(mine);
     EXPECT_EQ(mine.control(kFreezStatusLED)->getValue(), 1.0F);
+}
+
+INSTANTIATE_TEST_SUITE_P(, UserSession, testing::Values(1.0, 2.0),
+                         [](const auto& scale) { return scale.param == 1.0 ? "once" : "twice"; });
+
+TEST_P(UserSession, EveryControlShowsTheEffectFromTheFirstClickToTheLastOpening) {
+    OpenEditor mine(clock_, settings_, GetParam());
+    expectAllShown(mine);
+    chooseAndTurn(mine);
+    renameAndKeep(mine);
+    OpenEditor other(clock_, settings_, GetParam());
+    loadAndRecall(mine, other);
+    setATempo(mine);
+    holdCloseAndOpen(mine);
 }
 
 } // namespace
