@@ -103,14 +103,14 @@ TEST_F(Display, LampsRiseWithTheSoundAndFallInHalfASecond) {
     idle(500);
     EXPECT_EQ(valueOf(kDryLEDMeter), 0.0F);
 
-    effect.setParameter(kLFOFreq, 2.99F / 14.99F); // 3 Hz: a mean of four
+    effect.setParameter(kLFOFreq, 1.99F / 14.99F); // 2 Hz: a mean of three
     editor.close();
     open();
     effect.fillMeterSnapshot(levels);
-    for (const double passes : {1.0, 2.0, 3.0}) {
+    for (const double passes : {1.0, 2.0, 3.0, 3.0}) {
         idle();
-        const double fourth = (levels.lfoLeft + 1.0) / 2.0 / 4.0;
-        EXPECT_NEAR(valueOf(kLfoLEDMeter_L), passes * fourth + 3 * 0.03, 1e-5);
+        const double third = (levels.lfoLeft + 1.0) / 2.0 / 3.0;
+        EXPECT_NEAR(valueOf(kLfoLEDMeter_L), passes * third + 2 * 0.03, 1e-5);
     }
 }
 
