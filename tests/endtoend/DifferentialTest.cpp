@@ -333,7 +333,7 @@ protected:
     void compareStories(std::uint32_t seedOtherwise, std::uint32_t count, const Ingredients& with,
                         const std::function<void(Story&, RandomChoice&)>& bend = {}) {
         const TestSeed seed = TestSeed::fromEnvironment(seedOtherwise);
-        const std::uint32_t step = count / asManyAs(count);
+        const std::uint32_t step = count / asManyAs(count); // those that run lie all over the list
         for (std::uint32_t number = 0; number < count && !HasFailure(); number += step) {
             SCOPED_TRACE(testing::Message() << seed << ", story " << number);
             const std::uint32_t storySeed = seed.value * 100000 + seedOtherwise * 1000 + number;
